@@ -1,0 +1,44 @@
+# What every target of this project is built with, and how a folder becomes a library.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+
+option(TARVEX_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_library(tarvex_options INTERFACE)
+add_library(tarvex::options ALIAS tarvex_options)
+if(MSVC)
+    target_compile_options(tarvex_options INTERFACE /W4 /WX /utf-8 /permissive-)
+else()
+    target_compile_options(
+        tarvex_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+endif()
+if(TARVEX_SANITIZE)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(tarvex_options INTERFACE ${sanitizers})
+    target_link_options(tarvex_options INTERFACE ${sanitizers})
+endif()
+
+find_program(TARVEX_CCACHE ccache)
+if(TARVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${TARVEX_CCACHE}")
+endif()
+
+# tarvex_library(NAME SOURCES ... LINKS ...): the static library tarvex_NAME, known as tarvex::NAME,
+# whose includes start at the folder above its own ("core/panel.h").
+function(tarvex_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(tarvex_${name} STATIC ${ARG_SOURCES})
+    add_library(tarvex::${name} ALIAS tarvex_${name})
+    target_include_directories(tarvex_${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}/..")
+    target_link_libraries(tarvex_${name} PUBLIC ${ARG_LINKS} PRIVATE tarvex::options)
+endfunction()
+
+# tarvex_test(NAME SOURCES ... LINKS ...): one program of GoogleTest cases, run as one test of that name.
+function(tarvex_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main tarvex::options)
+    add_test(NAME ${name} COMMAND ${name})
+endfunction()
