@@ -1,0 +1,148 @@
+#include "core/code_page.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace tarvex::code_page
+{
+
+namespace
+{
+
+/// The characters of the codes 0x80 to 0x9F; all others are Unicode's own numbers.
+constexpr std::array<char32_t, 32> kUpperControls = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr char32_t kFirstSpecial = 0x80;
+constexpr char32_t kFirstLatin = 0xA0;
+constexpr char32_t kInvalid = 0xFFFD;
+
+unsigned char Code(char byte)
+{
+    return static_cast<unsigned char>(byte);
+}
+
+void AppendUtf8(std::u8string& text, char32_t character)
+{
+    const auto continuation = [](char32_t bits) {
+        return static_cast<char8_t>(0x80 | (bits & 0x3F));
+    };
+    if (character < 0x80) {
+        text += static_cast<char8_t>(character);
+    } else if (character < 0x800) {
+        text += static_cast<char8_t>(0xC0 | (character >> 6));
+        text += continuation(character);
+    } else {
+        text += static_cast<char8_t>(0xE0 | (character >> 12));
+        text += continuation(character >> 6);
+        text += continuation(character);
+    }
+}
+
+/// How many bytes follow a lead byte, or -1 for a byte that leads nothing.
+int FollowingBytes(char8_t lead)
+{
+    if (lead < 0x80) return 0;
+    if (lead >= 0xC2 && lead < 0xE0) return 1;
+    if (lead >= 0xE0 && lead < 0xF0) return 2;
+    if (lead >= 0xF0 && lead < 0xF5) return 3;
+    return -1;
+}
+
+/// Takes one character off the front of `text`.
+char32_t TakeCharacter(std::u8string_view& text)
+{
+    const char8_t lead = text.front();
+    text.remove_prefix(1);
+    const int following = FollowingBytes(lead);
+    if (following <= 0) return following == 0 ? char32_t{lead} : kInvalid;
+
+    char32_t character = lead & (0x3FU >> following);
+    for (int taken = 0; taken < following; ++taken) {
+        if (text.empty() || (text.front() & 0xC0) != 0x80) return kInvalid;
+        character = (character << 6) | (text.front() & 0x3FU);
+        text.remove_prefix(1);
+    }
+    return character;
+}
+
+const char32_t* FindSpecial(char32_t character)
+{
+    return std::find(kUpperControls.begin(), kUpperControls.end(), character);
+}
+
+} // namespace
+
+char32_t ToUnicode(char byte)
+{
+    const char32_t code = Code(byte);
+    return code >= kFirstSpecial && code < kFirstLatin ? kUpperControls[code - kFirstSpecial]
+                                                       : code;
+}
+
+bool Holds(char32_t character)
+{
+    return character < kFirstSpecial || (character >= kFirstLatin && character <= 0xFF) ||
+           FindSpecial(character) != kUpperControls.end();
+}
+
+char FromUnicode(char32_t character)
+{
+    if (!Holds(character)) return '?';
+    if (character < kFirstSpecial || (character >= kFirstLatin && character <= 0xFF)) {
+        return static_cast<char>(character);
+    }
+    return static_cast<char>(kFirstSpecial + static_cast<char32_t>(std::distance(
+                                                 kUpperControls.begin(), FindSpecial(character))));
+}
+
+char Capital(char byte)
+{
+    const unsigned char code = Code(byte);
+    if ((code >= 'a' && code <= 'z') || (code >= 0xE0 && code <= 0xFE && code != 0xF7)) {
+        return static_cast<char>(code - 0x20);
+    }
+    switch (code) {
+    case 0x9A: // š
+    case 0x9C: // œ
+    case 0x9E: // ž
+        return static_cast<char>(code - 0x10);
+    case 0xFF: // ÿ
+        return static_cast<char>(0x9F);
+    default:
+        return byte;
+    }
+}
+
+std::string Capitals(std::string_view text)
+{
+    std::string capitals(text);
+    std::transform(capitals.begin(), capitals.end(), capitals.begin(), Capital);
+    return capitals;
+}
+
+std::u8string ToUtf8(std::string_view text)
+{
+    std::u8string utf8;
+    for (const char byte : text)
+        AppendUtf8(utf8, ToUnicode(byte));
+    return utf8;
+}
+
+std::string FromUtf8(std::u8string_view text)
+{
+    std::string bytes;
+    while (!text.empty())
+        bytes += FromUnicode(TakeCharacter(text));
+    return bytes;
+}
+
+std::string Shown(const std::filesystem::path& path)
+{
+    return FromUtf8(path.u8string());
+}
+
+} // namespace tarvex::code_page

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <span>
+#include <type_traits>
+
+namespace tarvex
+{
+
+/// A file of fixed-length records, numbered from 1, without header, separator or length word.
+/// Every operation raises RunTimeFailure when it cannot be done.
+class RecordFile
+{
+public:
+    /// `recordLength` in bytes.
+    explicit RecordFile(std::size_t recordLength) : recordLength_(recordLength) {}
+
+    /// Opens for reading and writing; made when missing, never truncated. Fails for an empty path,
+    /// a folder, a missing folder, no permission, and when already open.
+    void Open(const std::filesystem::path& path);
+
+    /// As Open, and drops whatever the file held.
+    void OpenEmptied(const std::filesystem::path& path);
+
+    /// Writes one record. It has reached the system when this returns; beyond the end the file
+    /// grows by zero bytes. Fails when not open, when `number` is no whole number from 1, and when
+    /// the record cannot be written whole: the file then has the length that it had.
+    template <class Record>
+    void Put(double number, const Record& record)
+    {
+        static_assert(std::is_trivially_copyable_v<Record>);
+        PutBytes(number, std::as_bytes(std::span(&record, 1)));
+    }
+
+    /// Reads one record. Past the end it gives blanks and sets the end-of-file flag, which is no
+    /// failure. Fails when not open and when `number` is no whole number from 1; `record` then
+    /// stays.
+    template <class Record>
+    void Get(double number, Record& record)
+    {
+        static_assert(std::is_trivially_copyable_v<Record>);
+        GetBytes(number, std::as_writable_bytes(std::span(&record, 1)));
+    }
+
+    /// True after a Get that did not find a whole record. Fails when not open.
+    bool EndOfFile() const;
+
+    bool IsOpen() const { return stream_.is_open(); }
+
+    /// No effect when not open.
+    void Close();
+
+private:
+    void OpenAs(const std::filesystem::path& path, std::ios::openmode mode);
+    void RequireOpen() const;
+    std::streamoff OffsetOf(double number) const;
+    void PutBytes(double number, std::span<const std::byte> record);
+    void GetBytes(double number, std::span<std::byte> record);
+
+    std::size_t recordLength_;
+    std::filesystem::path path_;
+    std::fstream stream_;
+    bool endOfFile_ = false;
+};
+
+/// Deletes one file. Fails when there is none, when it is a folder, or when it may not be deleted.
+void DeleteFile(const std::filesystem::path& path);
+
+} // namespace tarvex

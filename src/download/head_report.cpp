@@ -1,0 +1,61 @@
+#include "download/head_report.h"
+
+#include "core/conversion.h"
+#include "core/failure_rule.h"
+#include "core/record_file.h"
+
+#include <array>
+
+namespace tarvex
+{
+
+namespace
+{
+
+/// Characters 1 and 2, 3 and 4, 5 and 6 of `digits` with `mark` between the pairs, which stands
+/// there for an empty text too.
+std::string Joined(std::string_view digits, std::string_view mark)
+{
+    std::string joined(Middle(digits, 1, 2));
+    joined.append(mark).append(Middle(digits, 3, 2));
+    joined.append(mark).append(Middle(digits, 5, 2));
+    return joined;
+}
+
+/// The labels are read by other programs: with and without a blank before the ";" as they stand.
+std::array<std::string, 10> Lines(const HeaderValues& values)
+{
+    return {"Client: ;" + values.cliente,
+            "Site:;" + values.cantiere,
+            "Tube no: ;" + values.tubo,
+            "Depth:;" + values.profondità,
+            "Step:;" + values.passo,
+            "Guides no: ;" + values.guide,
+            "North:;" + values.nord,
+            "Readout no:;" + values.nlet,
+            "Date: ;" + Joined(values.data, "/"),
+            "Time:;" + Joined(values.ora, ":")};
+}
+
+void PutLine(RecordFile& file, ReportRecord& record, int recordNumber, std::string_view line)
+{
+    record.text = line;
+    record.end = kRecordEnd;
+    Attempt([&] { file.Put(recordNumber, record); });
+}
+
+} // namespace
+
+void WriteHeadReport(WorkingState& state, const HeaderValues& values, const ReportFile& file)
+{
+    RecordFile report(sizeof(ReportRecord));
+    Attempt([&] { report.Open(file.Path()); });
+    int recordNumber = 1;
+    for (const std::string& line : Lines(values)) {
+        if (recordNumber > 1) PutLine(report, state.ReportRecord, recordNumber++, "");
+        PutLine(report, state.ReportRecord, recordNumber++, line);
+    }
+    report.Close();
+}
+
+} // namespace tarvex

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "core/working_state.h"
+#include "download/report_names.h"
+
+namespace tarvex
+{
+
+/// Writes the head report into `file` and closes it: 19 records of 42 bytes, the ten values of the
+/// header behind their labels with an empty line between any two. `values.profondità` comes with
+/// its point.
+void WriteHeadReport(WorkingState& state, const HeaderValues& values, const ReportFile& file);
+
+} // namespace tarvex

@@ -1,0 +1,59 @@
+#include "download/report_names.h"
+
+#include "core/code_page.h"
+#include "core/failure.h"
+
+namespace tarvex
+{
+
+namespace
+{
+
+/// What no name may hold: the separators of the target system, and the NUL that would end the name
+/// early.
+bool ReachesOutside(std::string_view name)
+{
+    constexpr auto separator = std::filesystem::path::preferred_separator;
+    return name.find('\0') != std::string_view::npos || name.find('/') != std::string_view::npos ||
+           name.find(static_cast<char>(separator)) != std::string_view::npos;
+}
+
+std::string NameOf(const HeaderValues& values, std::string_view ending)
+{
+    return values.cliente + "-" + values.cantiere + "-" + values.tubo + "-" + values.nlet + "-" +
+           std::string(ending);
+}
+
+} // namespace
+
+std::string ReportFile::Shown() const
+{
+    return code_page::Shown(folder) +
+           static_cast<char>(std::filesystem::path::preferred_separator) + name;
+}
+
+std::filesystem::path ReportFile::Path() const
+{
+    if (ReachesOutside(name)) throw RunTimeFailure("Bad file name");
+    std::filesystem::path path = folder;
+    path += std::filesystem::path::preferred_separator;
+    path += std::filesystem::path(code_page::ToUtf8(name));
+    return path;
+}
+
+ReportFile HeadReportFile(const std::filesystem::path& folder, const HeaderValues& values)
+{
+    return {folder, NameOf(values, "dat.dat")};
+}
+
+ReportFile DataReportFile(const std::filesystem::path& folder, const HeaderValues& values)
+{
+    return {folder, NameOf(values, "num.dat")};
+}
+
+ReportFile WorkFile(const std::filesystem::path& folder)
+{
+    return {folder, "datiram.dat"};
+}
+
+} // namespace tarvex

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "link/header_pages.h"
+
+#include <filesystem>
+#include <string>
+
+namespace tarvex
+{
+
+/// A file in the report folder. Its name may be made of header values as the unit holds them, so
+/// that it is refused when it would reach outside the folder.
+struct ReportFile {
+    std::filesystem::path folder;
+    std::string name; ///< one byte a character
+
+    /// Folder, separator and name, as the panel shows them.
+    std::string Shown() const;
+
+    /// Where the file lies. Fails when the name holds a path separator or a NUL.
+    std::filesystem::path Path() const;
+};
+
+/// "client-site-tube-readout-dat.dat", every blank kept.
+ReportFile HeadReportFile(const std::filesystem::path& folder, const HeaderValues& values);
+
+/// "client-site-tube-readout-num.dat", every blank kept.
+ReportFile DataReportFile(const std::filesystem::path& folder, const HeaderValues& values);
+
+/// "datiram.dat".
+ReportFile WorkFile(const std::filesystem::path& folder);
+
+} // namespace tarvex

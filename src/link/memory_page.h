@@ -1,0 +1,38 @@
+#pragma once
+
+#include "link/device_link.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvex
+{
+
+/// The characters of one reply to a read frame: 16 bytes, each as two hexadecimal digits and a
+/// separator, and two characters more.
+inline constexpr int kPageReplyLength = 50;
+
+/// The position (from 1) in a reply at which byte `index` (from 0) of the page stands.
+constexpr std::size_t PositionOfByte(int index)
+{
+    return 1 + 3 * static_cast<std::size_t>(index);
+}
+
+/// Sets `ReadAddrBlock` from a block index as text ("00" to "29"); any other text leaves it.
+void SetReadBlock(WorkingState& state, std::string_view indexText);
+
+/// The five digits of the page that the address pieces name.
+std::string ReadAddress(const WorkingState& state);
+
+/// Reads the page that the address pieces name, behind a wake answered "!": shows its address in
+/// `Text17`, sends "a", the address and CR, and waits for the reply without limit.
+void ReadPage(DeviceLink& link, Panel& panel, const WorkingState& state);
+
+/// `field` becomes the text of the page's first `byteCount` bytes. A byte whose two digits are not
+/// hexadecimal adds nothing; nothing is trimmed or checked.
+void DecodePageText(std::string_view reply, int byteCount, std::string& field);
+
+/// `field` becomes the character of the page's first byte, and stays when that is not hexadecimal.
+void DecodePageCharacter(std::string_view reply, std::string& field);
+
+} // namespace tarvex
