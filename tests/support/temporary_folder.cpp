@@ -1,0 +1,42 @@
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <system_error>
+
+namespace tarvex::tests
+{
+
+TemporaryFolder::TemporaryFolder()
+{
+    std::random_device random;
+    do {
+        path_ = std::filesystem::temp_directory_path() / ("tarvex-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(path_));
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    std::error_code ignored;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, ignored);
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string FileBytes(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file.is_open()) << "no file " << path;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void WriteFile(const std::filesystem::path& path, std::string_view bytes)
+{
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    ASSERT_TRUE(file.flush()) << "cannot write " << path;
+}
+
+} // namespace tarvex::tests

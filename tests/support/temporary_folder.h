@@ -1,0 +1,32 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace tarvex::tests
+{
+
+/// A folder of its own for one test, removed at its end.
+class TemporaryFolder
+{
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+    std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// All bytes of a file; the test fails when there is none.
+std::string FileBytes(const std::filesystem::path& path);
+
+/// Makes a file of those bytes.
+void WriteFile(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace tarvex::tests

@@ -1,0 +1,99 @@
+#include "support/virtual_world.h"
+
+#include "core/failure.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace tarvex::tests
+{
+
+namespace
+{
+constexpr Milliseconds kTick = 100;
+constexpr Milliseconds kLongestTest = 3'600'000;
+} // namespace
+
+void VirtualWorld::At(Milliseconds moment, std::function<void()> event)
+{
+    events_.emplace(std::pair(moment, planned_++), std::move(event));
+}
+
+void VirtualWorld::EndProgramAt(Milliseconds moment)
+{
+    At(moment, [this] { ended_ = true; });
+}
+
+void VirtualWorld::PassTime(Milliseconds duration)
+{
+    const Milliseconds end = now_ + duration;
+    while (!events_.empty() && events_.begin()->first.first <= end) {
+        now_ = std::max(now_, events_.begin()->first.first);
+        RunDueEvents();
+    }
+    now_ = end;
+}
+
+void VirtualWorld::DoEvents()
+{
+    ++passes;
+    RunDueEvents();
+    RequireRunning();
+}
+
+void VirtualWorld::WaitForEvents()
+{
+    ++passes;
+    if (events_.empty()) throw std::logic_error("a wait sleeps, and no event will ever come");
+    now_ = std::max(now_, events_.begin()->first.first);
+    if (now_ > kLongestTest) throw std::logic_error("a wait has not ended within an hour");
+    RunDueEvents();
+    RequireRunning();
+}
+
+/// Takes each event out before it runs, so that a wait nested in it finds the others still due.
+/// What an event plans for the same moment belongs to the next pass.
+void VirtualWorld::RunDueEvents()
+{
+    const int plannedBefore = planned_;
+    auto next = events_.begin();
+    while (next != events_.end() && next->first.first <= now_) {
+        if (next->first.second >= plannedBefore) {
+            ++next;
+            continue;
+        }
+        const auto event = std::move(next->second);
+        events_.erase(next);
+        event();
+        next = events_.begin();
+    }
+}
+
+void VirtualWorld::RequireRunning() const
+{
+    if (ended_) throw ProgramEnded();
+}
+
+void VirtualWorld::Enable()
+{
+    if (timerRuns_) return;
+    timerRuns_ = true;
+    ScheduleTick(++timerRun_);
+}
+
+void VirtualWorld::Disable()
+{
+    timerRuns_ = false;
+    ++timerRun_;
+}
+
+void VirtualWorld::ScheduleTick(int run)
+{
+    After(kTick, [this, run] {
+        if (run != timerRun_) return;
+        ScheduleTick(run);
+        tick_();
+    });
+}
+
+} // namespace tarvex::tests
