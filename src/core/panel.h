@@ -89,6 +89,16 @@ public:
     void Clear() { Changed(); }
 };
 
+/// The six boxes of the unit's clock, two digits each.
+struct ClockBoxes {
+    TextBox Text13a{2}; ///< day
+    TextBox Text1a{2};  ///< month
+    TextBox Text2a{2};  ///< year
+    TextBox Text14a{2}; ///< hours
+    TextBox Text3a{2};  ///< minutes
+    TextBox Text4a{2};  ///< seconds
+};
+
 /// The state of the main form `Scaricodati`. Its boxes are no view of the header table but working
 /// state of their own: commands read and write them, and frames are built from them.
 struct Panel {
@@ -121,12 +131,7 @@ struct Panel {
     Picture Picture1;
 
     // The unit's settings.
-    TextBox Text13a{2};       ///< day
-    TextBox Text1a{2};        ///< month
-    TextBox Text2a{2};        ///< year
-    TextBox Text14a{2};       ///< hours
-    TextBox Text3a{2};        ///< minutes
-    TextBox Text4a{2};        ///< seconds
+    ClockBoxes Clock;
     TextBox Text16rt{6, "3"}; ///< delay of the automatic cycle
     OptionGroup ssOption1;    ///< serial port, "Com 1" to "Com 4"
 

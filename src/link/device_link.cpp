@@ -21,15 +21,19 @@ void CountTick(WorkingState& state)
 
 void DeviceLink::ShowWaitIndicator()
 {
-    line_.panel.Label34.Show();
-    line_.panel.Shape1.Show();
+    if (line_.indicator != nullptr) {
+        line_.indicator->Label34.Show();
+        line_.indicator->Shape1.Show();
+    }
     DoEvents();
 }
 
 void DeviceLink::HideWaitIndicator()
 {
-    line_.panel.Label34.Hide();
-    line_.panel.Shape1.Hide();
+    if (line_.indicator != nullptr) {
+        line_.indicator->Label34.Hide();
+        line_.indicator->Shape1.Hide();
+    }
     DoEvents();
 }
 

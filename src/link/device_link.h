@@ -22,8 +22,8 @@ struct Line {
     EventPump& pump;
     TickTimer& timer;
     MessageBoxes& boxes;
-    Panel& panel;
     WorkingState& state;
+    Panel* indicator; ///< whose wait indicator shows; null for a dialog, which has none
 };
 
 /// Where a settle wait ends.

@@ -55,7 +55,7 @@ protected:
     VirtualWorld world{[this] { CountTick(state); }};
     ScriptedPort port;
     ScriptedUnit unit{world, port};
-    Line line{port, world, world, boxes, panel, state};
+    Line line{port, world, world, boxes, state, &panel};
 };
 
 /// The link at rest: port closed, indicator hidden.

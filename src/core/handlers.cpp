@@ -1,0 +1,24 @@
+#include "core/handlers.h"
+
+#include "core/failure_rule.h"
+
+#include <string>
+
+namespace tarvex
+{
+
+void Handlers::Run(const std::function<void()>& handler)
+{
+    if (end_.Ended()) return;
+    LetFailuresGoUp rule;
+    try {
+        handler();
+    } catch (const RunTimeFailure& failure) {
+        boxes_.Critical(std::string("Run-time error: ") + failure.what());
+        end_.End(1);
+    } catch (const ProgramEnded&) {
+        // Whoever runs above is ended by its own next pass of the pump.
+    }
+}
+
+} // namespace tarvex

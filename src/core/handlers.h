@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/message_boxes.h"
+#include "core/program_end.h"
+
+#include <functional>
+
+namespace tarvex
+{
+
+/// The one door through which events run their handlers, nested ones too.
+class Handlers
+{
+public:
+    Handlers(ProgramEnd& end, MessageBoxes& boxes) : end_(end), boxes_(boxes) {}
+
+    /// Runs one handler with a rule of its own: failures go up unless it says otherwise. One that
+    /// comes out shows the box "Run-time error: " with its reason and ends the program with
+    /// status 1. Nothing is raised to the caller, and nothing runs once the program has ended.
+    void Run(const std::function<void()>& handler);
+
+private:
+    ProgramEnd& end_;
+    MessageBoxes& boxes_;
+};
+
+} // namespace tarvex
