@@ -10,6 +10,7 @@ namespace tarvex
 
 /// Blocks in the unit's memory, and records in the header table.
 inline constexpr int kBlockCount = 30;
+inline constexpr int kLastBlockIndex = kBlockCount - 1;
 
 /// The header of one block: a record of the header file, byte for byte. Offsets and widths in
 /// bytes.

@@ -51,6 +51,15 @@ void HeaderStore::StorePanel(double recordNumber)
     file.Close();
 }
 
+void HeaderStore::StorePanelWithoutCalibration(double recordNumber)
+{
+    HeaderFile file(state_);
+    file.Open();
+    StoreHeaderBoxes(state_.BlockHeader, panel_);
+    file.Put(recordNumber);
+    file.Close();
+}
+
 void HeaderStore::FillDefaults(HeaderFile& file)
 {
     for (int index = 0; index < kBlockCount; ++index) {

@@ -48,6 +48,10 @@ public:
     /// `BlockHeader` from all boxes, the hidden ones too, and that record written.
     void StorePanel(double recordNumber);
 
+    /// As StorePanel, but the hidden boxes are not read: the calibration of `BlockHeader` goes to
+    /// the record as it stands.
+    void StorePanelWithoutCalibration(double recordNumber);
+
     /// Sets `BlockHeader` to each row of the `DefaultHeaderTable` in turn and puts it at its record
     /// of the open file.
     void FillDefaults(HeaderFile& file);

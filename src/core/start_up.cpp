@@ -4,10 +4,19 @@
 #include "core/conversion.h"
 #include "core/failure_rule.h"
 
+#include <array>
 #include <system_error>
 
 namespace tarvex
 {
+
+namespace
+{
+/// The controls that need a header file, in the order in which they change.
+constexpr std::array<Control Panel::*, 7> kFileCommandGroup = {
+    &Panel::sscommand9, &Panel::sscommand10, &Panel::sscommand6, &Panel::Command3,
+    &Panel::Command6,   &Panel::Command4,    &Panel::Command7};
+} // namespace
 
 std::filesystem::path SystemCurrentDirectory()
 {
@@ -19,13 +28,14 @@ std::filesystem::path SystemCurrentDirectory()
 
 void EnableFileCommandGroup(Panel& panel)
 {
-    panel.sscommand9.Enable();
-    panel.sscommand10.Enable();
-    panel.sscommand6.Enable();
-    panel.Command3.Enable();
-    panel.Command6.Enable();
-    panel.Command4.Enable();
-    panel.Command7.Enable();
+    for (const auto control : kFileCommandGroup)
+        (panel.*control).Enable();
+}
+
+void DisableFileCommandGroup(Panel& panel)
+{
+    for (const auto control : kFileCommandGroup)
+        (panel.*control).Disable();
 }
 
 void LoadMainForm(Panel& panel, WorkingState& state, HeaderStore& headers,

@@ -25,4 +25,7 @@ void LoadMainForm(Panel& panel, WorkingState& state, HeaderStore& headers,
 /// Enables the seven controls that need a header file.
 void EnableFileCommandGroup(Panel& panel);
 
+/// Disables the same seven.
+void DisableFileCommandGroup(Panel& panel);
+
 } // namespace tarvex

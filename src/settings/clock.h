@@ -1,0 +1,23 @@
+#pragma once
+
+#include "core/message_boxes.h"
+#include "core/panel.h"
+#include "link/device_link.h"
+
+namespace tarvex
+{
+
+/// Reads the unit's clock: "H" is answered by 14 bytes, of which twelve are six fields of two
+/// digits, year first. They go to `shown`; a form whose boxes the command does not know gives none.
+/// The wait for the reply has no limit.
+void ReadClock(ClockBoxes* shown, DeviceLink& link);
+
+/// Sets the unit's clock behind a question: "G" and the six fields as they stand in their boxes,
+/// year first, unpadded and unchecked. Without a day or without hours nothing is done.
+void WriteClock(const ClockBoxes& boxes, DeviceLink& link, MessageBoxes& messages);
+
+/// Starts the unit's clock, "c", behind the same question. A service command; it settles one tick
+/// longer.
+void StartClock(DeviceLink& link, MessageBoxes& messages);
+
+} // namespace tarvex
