@@ -69,6 +69,16 @@ char32_t TakeCharacter(std::u8string_view& text)
     return character;
 }
 
+bool IsHighSurrogate(char16_t unit)
+{
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+
+bool IsLowSurrogate(char16_t unit)
+{
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
 const char32_t* FindSpecial(char32_t character)
 {
     return std::find(kUpperControls.begin(), kUpperControls.end(), character);
@@ -137,6 +147,26 @@ std::string FromUtf8(std::u8string_view text)
     std::string bytes;
     while (!text.empty())
         bytes += FromUnicode(TakeCharacter(text));
+    return bytes;
+}
+
+std::u16string ToUtf16(std::string_view text)
+{
+    std::u16string utf16;
+    for (const char byte : text)
+        utf16 += static_cast<char16_t>(ToUnicode(byte));
+    return utf16;
+}
+
+std::string FromUtf16(std::u16string_view text)
+{
+    std::string bytes;
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        const bool pair = IsHighSurrogate(text[index]) && index + 1 < text.size() &&
+                          IsLowSurrogate(text[index + 1]);
+        bytes += pair ? '?' : FromUnicode(text[index]);
+        if (pair) ++index;
+    }
     return bytes;
 }
 

@@ -32,6 +32,13 @@ std::u8string ToUtf8(std::string_view text);
 /// Text from UTF-8, with "?" for what the code page does not hold and for malformed bytes.
 std::string FromUtf8(std::u8string_view text);
 
+/// The text in UTF-16, a unit a byte.
+std::u16string ToUtf16(std::string_view text);
+
+/// Text from UTF-16, one byte a character: "?" for one outside the code page, also for one of two
+/// units.
+std::string FromUtf16(std::u16string_view text);
+
 /// A path as the panel shows it.
 std::string Shown(const std::filesystem::path& path);
 
