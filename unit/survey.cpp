@@ -1,0 +1,150 @@
+#include "unit/survey.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <numbers>
+#include <random>
+#include <string>
+
+namespace tarvex::unit
+{
+
+namespace
+{
+constexpr std::uint32_t kDataOffset = 0x100;
+constexpr int kMostPages = 240;
+constexpr double kCountsPerSine = 20000.0;
+
+/// Lean of the tube at one depth, as the sine of its angle in the two directions of the first
+/// guides.
+struct Lean {
+    double a;
+    double b;
+};
+
+/// The shape of one tube.
+class Tube
+{
+public:
+    explicit Tube(std::mt19937& random)
+        : leanA_(Draw(random, -0.03, 0.03)),
+          leanB_(Draw(random, -0.03, 0.03)),
+          wave_(Draw(random, 18.0, 45.0)),
+          phase_(Draw(random, 0.0, 6.0)),
+          shearAt_(Draw(random, 0.3, 0.8)),
+          shear_(Draw(random, 0.008, 0.02))
+    {
+    }
+
+    /// Lean at a depth in metres of a tube of the length given.
+    Lean At(double depth, double length) const
+    {
+        const double turn = 2.0 * std::numbers::pi * depth / wave_ + phase_;
+        const double fromShear = (depth - shearAt_ * length) / 2.0;
+        const double shear = shear_ * std::exp(-fromShear * fromShear);
+        return {leanA_ + 0.006 * std::sin(turn) + shear,
+                leanB_ + 0.005 * std::cos(0.7 * turn) + 0.3 * shear};
+    }
+
+private:
+    static double Draw(std::mt19937& random, double low, double high)
+    {
+        return low + (high - low) * static_cast<double>(random() % 10'000U) / 10'000.0;
+    }
+
+    double leanA_;
+    double leanB_;
+    double wave_;
+    double phase_;
+    double shearAt_;
+    double shear_;
+};
+
+int Tenths(const BlockHeader& header)
+{
+    int tenths = 0;
+    std::from_chars(header.depth.data(), header.depth.data() + header.depth.size(), tenths);
+    return tenths;
+}
+
+int StepTenths(const BlockHeader& header)
+{
+    return header.step == "0" ? 5 : 10;
+}
+
+/// Two bytes, high one first: bit 15 set for a positive reading, the magnitude in the others.
+std::string Word(int reading)
+{
+    const auto magnitude = static_cast<unsigned>(std::min(std::abs(reading), 0x7FFF));
+    const auto word = magnitude | (reading < 0 ? 0U : 0x8000U);
+    return {static_cast<char>(word >> 8U), static_cast<char>(word & 0xFFU)};
+}
+
+/// One reading in counts: the lean, the probe's offset and the unrest of its last digit.
+std::string Reading(double lean, int offset, std::mt19937& random)
+{
+    const int unrest = static_cast<int>(random() % 5U) - 2;
+    return Word(static_cast<int>(std::lround(lean * kCountsPerSine)) + offset + unrest);
+}
+
+std::string PageOf(const Lean& lean, bool fourGuides, std::mt19937& random)
+{
+    constexpr int kOffsetA = 12;
+    constexpr int kOffsetB = -7;
+    // Guides 1 and 3 face each other; 2 and 4 stand a quarter turn from them.
+    const std::array<Lean, 4> faces{
+        {{lean.a, lean.b}, {-lean.a, -lean.b}, {lean.b, -lean.a}, {-lean.b, lean.a}}};
+    std::string page;
+    for (std::size_t i = 0; i < (fourGuides ? 4U : 2U); ++i) {
+        page += Reading(faces[i].a, kOffsetA, random);
+        page += Reading(faces[i].b, kOffsetB, random);
+    }
+    page.resize(kPageBytes, '\0');
+    return page;
+}
+
+} // namespace
+
+int PageCount(const BlockHeader& header)
+{
+    const int step = StepTenths(header);
+    const int last = step == 5 ? 5 : 1;
+    const int tenths = Tenths(header);
+    if (tenths < last) return 0;
+    return std::min((tenths - last) / step + 1, kMostPages);
+}
+
+void FillBlock(Memory& memory, int block, const Survey& survey)
+{
+    const auto data = BlockBase(block) + kDataOffset;
+    PutHeader(memory, block, survey.header);
+    memory.Put(data, std::string(kBlockBytes - kDataOffset, '\0'));
+
+    std::mt19937 random(survey.seed);
+    const Tube tube(random);
+    const int bottom = Tenths(survey.header);
+    for (int page = 0; page < PageCount(survey.header); ++page) {
+        const double depth = (bottom - page * StepTenths(survey.header)) / 10.0;
+        const auto text =
+            PageOf(tube.At(depth, bottom / 10.0), survey.header.guides == "4", random);
+        memory.Put(data + static_cast<std::uint32_t>(page) * kPageBytes, text);
+    }
+}
+
+Memory DemoMemory()
+{
+    auto memory = BlankMemory();
+    FillBlock(
+        memory, 1,
+        {{"DELVALLE", "FRANA 02", "T01", "0300", "0", "2", "+045", "03", "120426", "093015"}, 1});
+    FillBlock(
+        memory, 2,
+        {{"DELVALLE", "FRANA 02", "T02", "0400", "1", "4", "-010", "03", "120426", "111540"}, 2});
+    FillBlock(memory, 3,
+              {{"COMUNE", "DIGA 1", "I3", "1000", "0", "2", "+270", "11", "130426", "081200"}, 3});
+    return memory;
+}
+
+} // namespace tarvex::unit
