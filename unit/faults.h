@@ -34,14 +34,21 @@ enum class Trouble {
     HangUp,  ///< the line taken away after `amount` characters of the answer
 };
 
+/// Milliseconds of Late without an amount: past the manager's patience for a wake, which is 600 ms.
+inline constexpr std::size_t kUsualDelay = 700;
+/// Milliseconds of Stray without an amount: in the middle of the manager's shortest settling.
+inline constexpr std::size_t kUsualStrayDelay = 20;
+/// Between the last characters and a hang-up in mid-answer.
+inline constexpr Time kHangUpPause{20'000};
+
 /// One fault.
 struct Fault {
-    Trouble trouble;
-    Moment moment;
-    int number = 1;                    ///< at which of these moments, from 1
-    bool andLater = false;             ///< also at each later one
-    std::optional<std::size_t> amount; ///< meaning by trouble; its default when not given
-    std::string text;                  ///< of Wrong only
+    Trouble trouble = Trouble::Silent;
+    Moment moment = Moment::Woken;
+    int number = 1;                         ///< at which of these moments, from 1
+    bool andLater = false;                  ///< also at each later one
+    std::optional<std::size_t> amount = {}; ///< meaning by trouble; its default when not given
+    std::string text = {};                  ///< of Wrong only
 
     bool operator==(const Fault&) const = default;
 };

@@ -15,7 +15,7 @@ struct Reply {
     /// line is free: the end of the byte that set the reply off, or of the reply before it.
     Time after{0};
     /// The bytes that leave the unit; may be empty.
-    std::string bytes;
+    std::string bytes = {};
     /// True when the unit takes its end of the line away after these bytes.
     bool hangUp = false;
 
