@@ -38,6 +38,9 @@ public:
     /// Takes one byte, and returns what it completes, in order.
     std::vector<Heard> Take(char byte, Time now);
 
+    /// Forgets the last wake: the next frame needs one of its own.
+    void Sleep() { state_ = State::Asleep; }
+
 private:
     bool IsText(Time now) const;
     std::vector<Heard> Wake();

@@ -47,10 +47,19 @@ void Pacer::Receive(std::string_view bytes, Time now)
 
 std::optional<Time> Pacer::NextDue() const
 {
-    std::optional<Time> due;
-    if (!arriving_.empty()) due = arriving_.front().due;
+    auto due = NextHeard();
     if (!leaving_.empty()) due = std::min(leaving_.front().due, due.value_or(Time::max()));
     return due;
+}
+
+std::optional<Time> Pacer::NextHeard() const
+{
+    if (arriving_.empty()) return std::nullopt;
+    const auto matters = [](const Arriving& arriving) {
+        return arriving.byte == '}' || arriving.byte == '\r';
+    };
+    const auto found = std::ranges::find_if(arriving_, matters);
+    return found != arriving_.end() ? found->due : arriving_.back().due;
 }
 
 Delivery Pacer::Deliver(Time now)

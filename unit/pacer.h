@@ -85,6 +85,8 @@ private:
         std::optional<Reply> whole; ///< on the last piece of a reply
     };
 
+    /// When the next byte arrives that the unit may act on; sooner the caller need not wake.
+    std::optional<Time> NextHeard() const;
     void Hear(const Arriving& arriving);
     void Say(const Reply& reply, Time now);
     void Leave(const Leaving& leaving, Delivery& delivery);

@@ -57,6 +57,13 @@ std::vector<Reply> Unit::React(const Heard& heard, Time now)
     return {};
 }
 
+std::vector<Reply> Unit::Wake()
+{
+    auto replies = At(Moment::Woken, "!");
+    if (replies.empty()) reader_.Sleep();
+    return replies;
+}
+
 std::vector<Reply> Unit::Answer(std::string_view frame, Time now)
 {
     if (frame.front() == 'a') return ReadPage(frame);

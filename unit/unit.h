@@ -17,7 +17,7 @@ namespace tarvex::unit
 /// The read-out unit as the line knows it: a consumer of bytes that has a memory and a clock.
 ///
 /// It answers a wake with "!", a read frame with a page, the question for the clock with fourteen
-/// characters, and nothing else with anything.
+/// characters, and nothing else with anything. A wake that it leaves unanswered has not woken it.
 class Unit
 {
 public:
@@ -41,6 +41,7 @@ public:
 
 private:
     std::vector<Reply> React(const Heard& heard, Time now);
+    std::vector<Reply> Wake();
     std::vector<Reply> Answer(std::string_view frame, Time now);
     std::vector<Reply> ReadPage(std::string_view frame);
     void Store(std::string_view frame, Time now);

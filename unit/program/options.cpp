@@ -1,0 +1,78 @@
+#include "unit/program/options.h"
+
+#include "unit/clock.h"
+
+#include <CLI/CLI.hpp>
+
+#include <stdexcept>
+
+namespace tarvex::unit
+{
+
+namespace
+{
+constexpr const char* kFaultHelp =
+    "TROUBLE@MOMENTn[+][:AMOUNT], as in silent@wake3+, late@wake2:700, short@page5:49, "
+    "stray@write1, hangup@page4:20. Troubles: silent, wrong, double, late, short, long, garbled, "
+    "lower, shifted, stray, hangup. Moments: wake, page, clock, write. Repeatable";
+constexpr const char* kFillHelp =
+    "BLOCK[:NAME=VALUE,...], as in 4:depth=25.5,step=1,guides=4,client=ROSSI: fills a block with "
+    "a survey, also in a memory that was kept. Repeatable";
+
+/// Turns texts into values, with a refusal told as a mistake of the command line.
+template <typename Value, typename Parse>
+void AddParsed(CLI::App& app, const std::string& name, std::vector<Value>& values, Parse parse,
+               const char* help)
+{
+    const auto take = [&values, parse](const std::vector<std::string>& texts) {
+        try {
+            for (const auto& text : texts)
+                values.push_back(parse(text));
+        } catch (const std::invalid_argument& error) {
+            throw CLI::ValidationError(error.what());
+        }
+        return true;
+    };
+    // One text an option: a text may hold anything, so no separator cuts it.
+    app.add_option(name, take, help)->type_name("TEXT")->expected(1)->take_all();
+}
+
+std::string CheckClock(const std::string& digits)
+{
+    return Clock().Set(digits, Time{0}) ? "" : "the clock is told as YYMMDDhhmmss";
+}
+
+void Describe(CLI::App& app, Options& options, bool& fast)
+{
+    app.add_option("--link", options.link, "symbolic link to the terminal, removed at the end");
+    app.add_option("--memory", options.memory,
+                   "file that keeps the memory: loaded if it exists, saved after writes and at "
+                   "the end");
+    app.add_flag("--demo", options.demo, "three surveys in blocks 1 to 3 of a new memory");
+    AddParsed(app, "--fill", options.fills, ParseFill, kFillHelp);
+    AddParsed(app, "--fault", options.faults, ParseFault, kFaultHelp);
+    app.add_flag("--fast", fast, "as fast as possible, not at the pace of 9600 baud");
+    app.add_option("--log", options.log, "file for the conversation, - for the standard output");
+    app.add_option("--clock", options.clock,
+                   "what the clock shows at the start, YYMMDDhhmmss; else the machine's time")
+        ->check(CheckClock);
+    app.add_flag("--clock-stopped", options.clockStopped, "the clock waits for its start command");
+}
+} // namespace
+
+CommandLine ReadCommandLine(int argc, const char* const* argv)
+{
+    CommandLine line;
+    bool fast = false;
+    CLI::App app{"A simulated Tar Vex unit on a pseudo terminal", "tarvex-unit"};
+    Describe(app, line.options, fast);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        line.exitStatus = app.exit(error);
+    }
+    line.options.pace = fast ? Pace::Fast : Pace::Line;
+    return line;
+}
+
+} // namespace tarvex::unit

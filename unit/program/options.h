@@ -1,0 +1,36 @@
+#pragma once
+
+#include "unit/faults.h"
+#include "unit/fill_text.h"
+#include "unit/pacer.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvex::unit
+{
+
+/// What the command line asks for; an empty path asks for nothing.
+struct Options {
+    std::string link;
+    std::string memory;
+    std::string log; ///< "-" is the standard output
+    bool demo = false;
+    std::vector<Fill> fills;
+    std::vector<Fault> faults;
+    Pace pace = Pace::Line;
+    std::string clock; ///< YYMMDDhhmmss; empty is the time of the machine
+    bool clockStopped = false;
+};
+
+/// The options of the command line, or the status to exit with: 0 after the help, another one after
+/// a mistake, which has been told on the standard error.
+struct CommandLine {
+    Options options;
+    std::optional<int> exitStatus;
+};
+
+CommandLine ReadCommandLine(int argc, const char* const* argv);
+
+} // namespace tarvex::unit

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "unit/program/descriptor.h"
+
+#include <string>
+#include <string_view>
+
+namespace tarvex::unit
+{
+
+/// The unit's end of a serial line: the master of a pseudo terminal in raw mode, 9600 baud, two
+/// stop bits. One descriptor of the other end stays open here, so that the line outlives the
+/// manager's opening and closing it.
+class PseudoTerminal
+{
+public:
+    /// Throws std::system_error when the system has no terminal to give.
+    PseudoTerminal();
+
+    /// The name under which the manager opens its end.
+    const std::string& Path() const { return path_; }
+
+    /// The descriptor to wait on for bytes.
+    int Number() const { return master_.Number(); }
+
+    /// What the manager has written since; empty when nothing is there. Never waits.
+    std::string Read() const;
+
+    /// Hands bytes to the manager. Those that nobody takes off the line are lost once its buffer is
+    /// full. Never waits.
+    void Write(std::string_view bytes) const;
+
+    /// Takes the line away: the manager's end is hung up.
+    void HangUp();
+
+private:
+    Descriptor master_;
+    Descriptor slave_;
+    std::string path_;
+};
+
+} // namespace tarvex::unit

@@ -1,0 +1,87 @@
+#include "unit/program/waiter.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <ctime>
+#include <poll.h>
+#include <sys/signalfd.h>
+#include <sys/timerfd.h>
+#include <system_error>
+
+namespace tarvex::unit
+{
+
+namespace
+{
+std::system_error Failure(const char* what)
+{
+    return {errno, std::generic_category(), what};
+}
+
+Time SystemTime()
+{
+    timespec now{};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return std::chrono::seconds{now.tv_sec} +
+           std::chrono::duration_cast<Time>(std::chrono::nanoseconds{now.tv_nsec});
+}
+
+Descriptor TakeSignals()
+{
+    sigset_t set{};
+    ::sigemptyset(&set);
+    for (const int number : {SIGTERM, SIGINT, SIGHUP})
+        ::sigaddset(&set, number);
+    // A reader of the log that goes away must not take the program with it.
+    if (::signal(SIGPIPE, SIG_IGN) == SIG_ERR) throw Failure("signals");
+    if (::sigprocmask(SIG_BLOCK, &set, nullptr) != 0) throw Failure("signals");
+    Descriptor signals(::signalfd(-1, &set, SFD_CLOEXEC));
+    if (signals.Number() < 0) throw Failure("signals");
+    return signals;
+}
+} // namespace
+
+Waiter::Waiter()
+    : origin_(SystemTime()),
+      timer_(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC)),
+      signals_(TakeSignals())
+{
+    if (timer_.Number() < 0) throw Failure("timer");
+}
+
+Time Waiter::Now() const
+{
+    return SystemTime() - origin_;
+}
+
+Waiter::Woken Waiter::Wait(int descriptor, std::optional<Time> deadline)
+{
+    Arm(deadline);
+    std::array<pollfd, 3> watched{
+        {{signals_.Number(), POLLIN, 0}, {descriptor, POLLIN, 0}, {timer_.Number(), POLLIN, 0}}};
+    while (::poll(watched.data(), watched.size(), -1) < 0)
+        if (errno != EINTR) throw Failure("wait");
+    if (watched[0].revents != 0) return Woken::ByEndRequest;
+    return watched[1].revents != 0 ? Woken::ByBytes : Woken::ByDeadline;
+}
+
+void Waiter::Arm(std::optional<Time> deadline)
+{
+    // Setting the timer also takes away an expiry that nobody has read.
+    if (!deadline && !armed_) return;
+    armed_ = deadline;
+    itimerspec setting{};
+    if (deadline) {
+        const auto moment = std::max(origin_ + *deadline, Time{1}); // zero would disarm it
+        const auto second = std::chrono::floor<std::chrono::seconds>(moment);
+        setting.it_value.tv_sec = second.count();
+        setting.it_value.tv_nsec = std::chrono::nanoseconds{moment - second}.count();
+    }
+    if (::timerfd_settime(timer_.Number(), TFD_TIMER_ABSTIME, &setting, nullptr) != 0)
+        throw Failure("timer");
+}
+
+} // namespace tarvex::unit
