@@ -55,9 +55,9 @@ std::vector<Heard> FrameReader::Extend(char byte)
 {
     const auto fixed = FixedLength(frame_.front());
     const bool complete = fixed == 0 ? byte == kEnd : frame_.size() == fixed;
-    if (complete) return Finish(byte == kEnd);
+    if (complete && byte == kEnd) return Finish(true);
     frame_ += byte;
-    return frame_.size() > kLongest ? Finish(false) : std::vector<Heard>{};
+    return complete || frame_.size() > kLongest ? Finish(false) : std::vector<Heard>{};
 }
 
 std::vector<Heard> FrameReader::Finish(bool wellFormed)

@@ -48,7 +48,7 @@ std::vector<Reply> Unit::React(const Heard& heard, Time now)
 {
     switch (heard.kind) {
     case Heard::Kind::Wake:
-        return At(Moment::Woken, "!");
+        return Wake();
     case Heard::Kind::Frame:
         return Answer(heard.bytes, now);
     case Heard::Kind::Noise:
@@ -93,7 +93,8 @@ void Unit::Store(std::string_view frame, Time now)
     case 'D':
         return SpreadFields(memory_, *address, kCalibrationPlaces, payload);
     case 'b':
-        return memory_.Put(*address, payload);
+        // A zero byte behind it, or a shorter value would end in the digits of a longer one before.
+        return memory_.Put(*address, std::string(payload) + '\0');
     default:
         return;
     }
