@@ -1,0 +1,68 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace tarvex::unit
+{
+
+/// The program, started in a folder of its own and ended with its owner. Its waits have a limit far
+/// beyond what a healthy program needs; reaching it fails the test that asked.
+class RunningUnit
+{
+public:
+    /// Starts the program and takes the first line that it prints.
+    explicit RunningUnit(std::vector<std::string> arguments);
+    ~RunningUnit();
+    RunningUnit(const RunningUnit&) = delete;
+    RunningUnit& operator=(const RunningUnit&) = delete;
+
+    /// The terminal's path, as printed; empty when the program ended without one.
+    const std::string& Terminal() const { return terminal_; }
+
+    /// What the program prints until its end, behind the first line.
+    std::string RestOfOutput() const;
+
+    void Signal(int number) const;
+
+    /// Waits for the end; the exit status, or 128 and the number of the signal that ended it.
+    int ExitStatus();
+
+private:
+    std::string ReadLine() const;
+
+    pid_t process_ = -1;
+    int output_ = -1;
+    std::string terminal_;
+};
+
+/// The manager's end of the line: raw bytes, both ways.
+class ManagersPort
+{
+public:
+    explicit ManagersPort(const std::filesystem::path& path);
+    ~ManagersPort();
+    ManagersPort(const ManagersPort&) = delete;
+    ManagersPort& operator=(const ManagersPort&) = delete;
+
+    bool IsOpen() const { return number_ >= 0; }
+    void Send(std::string_view bytes) const;
+
+    /// Exactly `count` bytes, or fewer when the line was hung up or nothing more came.
+    std::string Receive(std::size_t count) const;
+
+    /// Wakes the unit and sends a frame; returns the answer of `count` bytes.
+    std::string Exchange(std::string_view frame, std::size_t count) const;
+
+    /// Waits for the hang-up.
+    bool IsHungUp() const;
+
+private:
+    int number_;
+};
+
+} // namespace tarvex::unit
