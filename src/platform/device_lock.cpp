@@ -1,0 +1,78 @@
+#include "platform/device_lock.h"
+
+#include "core/failure.h"
+
+#ifdef _WIN32
+
+// The system itself opens a port only once.
+namespace tarvex::platform
+{
+
+DeviceLock::DeviceLock(const std::filesystem::path&) {}
+
+void DeviceLock::Release() {}
+
+} // namespace tarvex::platform
+
+#else
+
+#include <cerrno>
+#include <fcntl.h>
+#include <string>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tarvex::platform
+{
+
+namespace
+{
+
+std::string ReasonOf(int error)
+{
+    switch (error) {
+    case EACCES:
+    case EPERM:
+        return "Port not permitted";
+    case EBUSY:
+    case EWOULDBLOCK:
+        return "Port in use";
+    default:
+        return "No such port";
+    }
+}
+
+/// Takes the lock on an open descriptor. 0, or the system's number for the failure.
+int Take(int descriptor)
+{
+    if (::isatty(descriptor) == 0) return ENOTTY;
+    int heldExclusively = 0;
+#ifdef TIOCGEXCL
+    if (::ioctl(descriptor, TIOCGEXCL, &heldExclusively) != 0) heldExclusively = 0;
+#endif
+    if (heldExclusively != 0) return EBUSY;
+    return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+}
+
+} // namespace
+
+DeviceLock::DeviceLock(const std::filesystem::path& device)
+{
+    descriptor_ = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    const int error = descriptor_ >= 0 ? Take(descriptor_) : errno;
+    if (error == 0) return;
+    Release();
+    throw RunTimeFailure(ReasonOf(error) + ": " + device.string());
+}
+
+void DeviceLock::Release()
+{
+    if (descriptor_ < 0) return;
+    ::close(std::exchange(descriptor_, -1));
+}
+
+} // namespace tarvex::platform
+
+#endif

@@ -1,0 +1,33 @@
+#include "platform/qt_event_pump.h"
+
+#include "core/failure.h"
+
+#include <QCoreApplication>
+
+namespace tarvex::platform
+{
+
+void QtEventPump::DoEvents()
+{
+    Pass(QEventLoop::AllEvents);
+}
+
+void QtEventPump::WaitForEvents()
+{
+    Pass(QEventLoop::WaitForMoreEvents);
+}
+
+/// Asked before as well: a wait that slept once the program has ended might never wake.
+void QtEventPump::Pass(QEventLoop::ProcessEventsFlags flags)
+{
+    RequireRunning();
+    QCoreApplication::processEvents(flags);
+    RequireRunning();
+}
+
+void QtEventPump::RequireRunning() const
+{
+    if (end_.Ended()) throw ProgramEnded();
+}
+
+} // namespace tarvex::platform

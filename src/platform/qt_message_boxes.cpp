@@ -1,0 +1,55 @@
+#include "platform/qt_message_boxes.h"
+
+#include "core/failure.h"
+#include "platform/qt_text.h"
+
+#include <QApplication>
+#include <QPointer>
+
+namespace tarvex::platform
+{
+
+namespace
+{
+
+QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text, std::string_view title,
+                     QMessageBox::StandardButtons buttons)
+{
+    auto* const box =
+        new QMessageBox(icon, ToQString(title), QString(), buttons, QApplication::activeWindow());
+    box->setObjectName("messageBox");
+    box->setTextFormat(Qt::PlainText);
+    box->setText(ToQString(text));
+    box->setWindowModality(Qt::ApplicationModal);
+    box->setDefaultButton(QMessageBox::Ok);
+    // OK stands first on every desktop, also where the custom is the other way round.
+    box->setStyleSheet("QDialogButtonBox { button-layout: 0 }");
+    return box;
+}
+
+} // namespace
+
+void QtMessageBoxes::Critical(std::string_view text, std::string_view title)
+{
+    Show(MakeBox(QMessageBox::Critical, text, title, QMessageBox::Ok));
+}
+
+bool QtMessageBoxes::AskOkCancel(std::string_view text)
+{
+    auto* const box =
+        MakeBox(QMessageBox::NoIcon, text, kProgramTitle, QMessageBox::Ok | QMessageBox::Cancel);
+    box->setEscapeButton(QMessageBox::Cancel);
+    return Show(box) == QMessageBox::Ok;
+}
+
+/// The box belongs to its window, which may go while the box stands, and takes it along.
+int QtMessageBoxes::Show(QMessageBox* box)
+{
+    const QPointer<QMessageBox> standing(box);
+    const int answer = box->exec();
+    delete standing;
+    if (end_.Ended()) throw ProgramEnded();
+    return answer;
+}
+
+} // namespace tarvex::platform

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "core/port_names.h"
+#include "platform/device_access.h"
+#include "platform/machine_ports.h"
+#include "platform/port_finder.h"
+
+#include <string>
+
+namespace tarvex::platform
+{
+
+/// All that is known of one port number at one moment.
+struct PortFacts {
+    int number = 1;
+    PortChoice choice;
+    MachinePort product; ///< of the chosen device; empty when the machine does not list it
+    DeviceAccess access;
+    std::string startFolder; ///< UTF-8
+};
+
+/// Those facts as one sentence or two for the operator: the device, and, where it cannot be opened,
+/// what to do about it. UTF-8.
+std::string DescribePort(const PortFacts& facts);
+
+/// The port numbers as the system knows them at the moment of asking. No device is opened for it.
+class QtPortNames : public PortNames
+{
+public:
+    explicit QtPortNames(PortFinder finder);
+    std::string Describe(int number) override;
+
+private:
+    PortFinder finder_;
+};
+
+} // namespace tarvex::platform

@@ -1,0 +1,196 @@
+#include "platform/qt_serial_port.h"
+
+#include "core/failure.h"
+#include "platform/device_lock.h"
+
+#include <QSerialPort>
+#include <QSignalBlocker>
+
+#include <utility>
+
+#ifndef _WIN32
+#include <poll.h>
+#endif
+
+namespace tarvex::platform
+{
+
+namespace
+{
+
+constexpr qint64 kInBufferSize = 1024;
+
+/// True when the device behind the port is gone for good. The error that the toolkit reports does
+/// not tell: it is read from a number that the vanished device has not set.
+bool HasVanished(const QSerialPort& port, QSerialPort::SerialPortError error)
+{
+#ifdef _WIN32
+    Q_UNUSED(port);
+    return error == QSerialPort::ResourceError;
+#else
+    Q_UNUSED(error);
+    pollfd state{port.handle(), 0, 0};
+    return ::poll(&state, 1, 0) < 0 || (state.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+#endif
+}
+
+} // namespace
+
+/// One opening, from Open to Close: what its device has queued for later dies with it and can never
+/// touch the next one.
+class QtSerialPort::Opening
+{
+public:
+    explicit Opening(const std::filesystem::path& device);
+    ~Opening();
+    Opening(const Opening&) = delete;
+    Opening& operator=(const Opening&) = delete;
+
+    void Send(std::string_view bytes);
+    int Count() const;
+    std::string TakeAll();
+
+private:
+    void Configure();
+    void Empty();
+    void ResumeReading();
+    void OnError(QSerialPort::SerialPortError error);
+    void LetGo();
+
+    DeviceLock lock_;
+    QSerialPort port_;
+    bool vanished_ = false;
+};
+
+QtSerialPort::Opening::Opening(const std::filesystem::path& device) : lock_(device)
+{
+    port_.setPortName(QString::fromStdU16String(device.u16string()));
+    Configure();
+    if (!port_.open(QIODevice::ReadWrite)) {
+        throw RunTimeFailure("Port cannot be opened: " + port_.errorString().toStdString());
+    }
+    // A pseudo terminal has no modem lines and refuses both.
+    port_.setDataTerminalReady(true);
+    port_.setRequestToSend(false);
+    Empty();
+    // Only from here on: opening, and a line that is refused, report errors that mean nothing.
+    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                     [this](QSerialPort::SerialPortError error) { OnError(error); });
+}
+
+/// Emptied first, for the system's close would wait until the last byte has left the line.
+QtSerialPort::Opening::~Opening()
+{
+    const QSignalBlocker quiet(port_);
+    if (port_.isOpen() && !vanished_) port_.clear();
+    LetGo();
+}
+
+void QtSerialPort::Opening::Configure()
+{
+    port_.setBaudRate(QSerialPort::Baud9600);
+    port_.setDataBits(QSerialPort::Data8);
+    port_.setParity(QSerialPort::NoParity);
+    port_.setStopBits(QSerialPort::TwoStop);
+    port_.setFlowControl(QSerialPort::NoFlowControl);
+    port_.setReadBufferSize(kInBufferSize);
+}
+
+void QtSerialPort::Opening::Empty()
+{
+    port_.clear();
+    ResumeReading();
+}
+
+/// Without this the port can stay deaf after a clear or an error: setting the size, also to what it
+/// is, starts the reading again.
+void QtSerialPort::Opening::ResumeReading()
+{
+    port_.setReadBufferSize(kInBufferSize);
+}
+
+void QtSerialPort::Opening::Send(std::string_view bytes)
+{
+    if (vanished_) return;
+    port_.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    // Now, not on the next pass of the event loop; what the line does not take yet follows there.
+    port_.flush();
+}
+
+int QtSerialPort::Opening::Count() const
+{
+    return vanished_ ? 0 : static_cast<int>(port_.bytesAvailable());
+}
+
+std::string QtSerialPort::Opening::TakeAll()
+{
+    if (vanished_) return {};
+    std::string bytes = port_.readAll().toStdString();
+    ResumeReading();
+    return bytes;
+}
+
+/// The toolkit is still at work on the port while it reports, so that both answers are queued; they
+/// are dropped with the port itself.
+void QtSerialPort::Opening::OnError(QSerialPort::SerialPortError error)
+{
+    if (error == QSerialPort::NoError || vanished_) return;
+    vanished_ = HasVanished(port_, error);
+    const auto answer = vanished_ ? &Opening::LetGo : &Opening::ResumeReading;
+    QMetaObject::invokeMethod(
+        &port_, [this, answer] { (this->*answer)(); }, Qt::QueuedConnection);
+}
+
+/// The lock as well: while anything of ours is open on a pulled adapter, its number stays taken and
+/// the adapter comes back under another one.
+void QtSerialPort::Opening::LetGo()
+{
+    port_.close();
+    lock_.Release();
+}
+
+QtSerialPort::QtSerialPort(PortFinder finder) : finder_(std::move(finder)) {}
+
+QtSerialPort::~QtSerialPort() = default;
+
+void QtSerialPort::SetCommPort(int number)
+{
+    if (opening_) throw RunTimeFailure("Port is open");
+    number_ = number;
+}
+
+void QtSerialPort::Open()
+{
+    if (opening_) throw RunTimeFailure("Port already open");
+    const PortChoice choice = finder_.Find(number_);
+    if (choice.device.empty()) throw RunTimeFailure("No such port");
+    opening_ = std::make_unique<Opening>(choice.device);
+}
+
+void QtSerialPort::Close()
+{
+    opening_.reset();
+}
+
+void QtSerialPort::Output(std::string_view bytes)
+{
+    RequireOpen().Send(bytes);
+}
+
+int QtSerialPort::InBufferCount()
+{
+    return RequireOpen().Count();
+}
+
+std::string QtSerialPort::Input()
+{
+    return RequireOpen().TakeAll();
+}
+
+QtSerialPort::Opening& QtSerialPort::RequireOpen() const
+{
+    if (!opening_) throw RunTimeFailure("Port not open");
+    return *opening_;
+}
+
+} // namespace tarvex::platform

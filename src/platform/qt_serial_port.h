@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/serial_port.h"
+#include "platform/port_finder.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tarvex::platform
+{
+
+/// The serial port on the toolkit; received bytes and an adapter's disappearance reach it only
+/// while events are processed.
+///
+/// A device that vanishes while open leaves the port open and silent: nothing is received any more,
+/// what was received and not taken is gone, output is dropped. Close ends that as always.
+class QtSerialPort : public SerialPort
+{
+public:
+    explicit QtSerialPort(PortFinder finder);
+    ~QtSerialPort() override;
+
+    void SetCommPort(int number) override;
+    void Open() override;
+    void Close() override;
+    void Output(std::string_view bytes) override;
+    int InBufferCount() override;
+    std::string Input() override;
+
+private:
+    class Opening;
+    Opening& RequireOpen() const;
+
+    PortFinder finder_;
+    int number_ = 1;
+    std::unique_ptr<Opening> opening_; // null when not open
+};
+
+} // namespace tarvex::platform
