@@ -1,0 +1,104 @@
+#include "panel/forms/aboutus.h"
+
+#include "panel/forms/credits.h"
+#include "panel/forms/picture.h"
+#include "panel/forms/program_data.h"
+#include "panel/forms/texts.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+#include <string>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+constexpr int kPictureWidth = 96;
+
+struct Row {
+    std::string_view caption;
+    std::string_view text;
+};
+
+const std::string& Version()
+{
+    static const std::string version =
+        std::to_string(kMajorVersion) + "." + std::to_string(kMinorVersion);
+    return version;
+}
+
+std::array<Row, 8> AllRows()
+{
+    return {{{"Application :", "Tar Vex Manager "},
+             {"Version :", Version()},
+             {"Description :", "Software di comunicazione concentralina inclinometrica Tar Vex"},
+             {"Software :", kMakerName},
+             {"Address :", kMakerAddress},
+             {"Telephone :", kMakerTelephone},
+             {"Fax :", kMakerFax},
+             {"Hot-line :", kMakerHotLine}}};
+}
+
+QLabel* Label(std::string_view text, QWidget* parent)
+{
+    auto* label = new QLabel(FromSource(text), parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+} // namespace
+
+AboutUs::AboutUs(Handlers& handlers, QWidget* parent) : QDialog(parent)
+{
+    setObjectName("aboutus");
+    setWindowTitle("About");
+    setAttribute(Qt::WA_DeleteOnClose);
+    Build(handlers);
+}
+
+void AboutUs::Build(Handlers& handlers)
+{
+    auto* picture = new PictureBox(kProgramPicture, kPictureWidth, this);
+    picture->setObjectName("Image1");
+    auto* close = new QPushButton("&Close", this);
+    close->setObjectName("btnclose");
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this,
+            [this, &handlers] { handlers.Run([this] { this->close(); }); });
+
+    auto* content = new QHBoxLayout;
+    content->setSpacing(24);
+    content->addWidget(picture, 0, Qt::AlignTop);
+    content->addLayout(Rows());
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 24, 24, 16);
+    layout->setSpacing(24);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addLayout(content);
+    layout->addWidget(close, 0, Qt::AlignRight);
+}
+
+QLayout* AboutUs::Rows()
+{
+    auto* rows = new QGridLayout;
+    rows->setHorizontalSpacing(12);
+    rows->setVerticalSpacing(8);
+    int line = 0;
+    for (const Row& row : AllRows()) {
+        auto* text = Label(row.text, this);
+        text->setTextInteractionFlags(Qt::TextSelectableByMouse); // to copy a telephone number
+        text->setAccessibleName(FromSource(row.caption));
+        rows->addWidget(Label(row.caption, this), line, 0, Qt::AlignRight);
+        rows->addWidget(text, line, 1);
+        ++line;
+    }
+    return rows;
+}
+
+} // namespace tarvex::panel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QFileSystemModel>
+#include <QTreeView>
+
+#include <filesystem>
+#include <functional>
+#include <utility>
+
+namespace tarvex::panel
+{
+
+/// The directory list `Dir1`: the folders of the machine as a tree, of which one is the current one.
+/// It follows what happens on the disk, and reads folders without holding up the window.
+class DirectoryList : public QTreeView
+{
+public:
+    explicit DirectoryList(QWidget* parent);
+
+    /// The current folder; empty when there is none.
+    std::filesystem::path Folder() const;
+
+    /// Makes `folder` the current one and brings it into view. Raises RunTimeFailure when it cannot
+    /// be looked into.
+    void SetFolder(const std::filesystem::path& folder);
+
+    /// Run when another folder has become the current one.
+    void OnChange(std::function<void()> changed) { changed_ = std::move(changed); }
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    void KeepInView();
+
+    QFileSystemModel model_;
+    QPersistentModelIndex toShow_;
+    std::function<void()> changed_;
+};
+
+} // namespace tarvex::panel

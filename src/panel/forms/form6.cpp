@@ -1,0 +1,185 @@
+#include "panel/forms/form6.h"
+
+#include "core/failure_rule.h"
+#include "panel/forms/directory_list.h"
+#include "panel/forms/machine_places.h"
+#include "panel/forms/path_label.h"
+#include "panel/forms/report_folder.h"
+#include "panel/forms/texts.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+constexpr const char* kNotWritable = "Reports cannot be written in this folder: choose another.";
+constexpr const char* kNotMade = "The new folder could not be made.";
+
+bool MayBeWritten(const std::filesystem::path& folder)
+{
+    const QFileInfo info(folder);
+    return info.isDir() && info.isWritable() && info.isExecutable();
+}
+} // namespace
+
+Form6::Form6(const World& world, QWidget* parent)
+    : QDialog(parent),
+      world_(world),
+      places_(MachinePlaces(world.startFolder)),
+      Drive1(new QComboBox(this)),
+      Dir1(new DirectoryList(this)),
+      path_(new PathLabel(this)),
+      reason_(new QLabel(this)),
+      NewFolder(new QPushButton("&New folder", this)),
+      command3d1(new QPushButton("Ok", this))
+{
+    setObjectName("Form6");
+    setWindowTitle("Folder");
+    setAttribute(Qt::WA_DeleteOnClose);
+    Build();
+    Connect();
+    Load();
+}
+
+void Form6::Build()
+{
+    Drive1->setObjectName("Drive1");
+    Drive1->setAccessibleName("Drive");
+    for (const Place& place : places_) {
+        Drive1->addItem(FromPath(place.name));
+        Drive1->setItemData(Drive1->count() - 1, FromPath(place.folder), Qt::ToolTipRole);
+    }
+    Dir1->setObjectName("Dir1");
+    Dir1->setAccessibleName("Folder for the reports");
+    path_->setObjectName("LabelPath");
+    path_->setAccessibleName("Path of the folder");
+    reason_->setObjectName("LabelReason");
+    reason_->setWordWrap(true);
+
+    auto* rows = new QFormLayout;
+    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    rows->addRow("&Drive :", Drive1);
+    rows->addRow("Folder :", path_);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(rows);
+    layout->addWidget(Dir1, 1);
+    layout->addWidget(reason_);
+    layout->addLayout(Buttons());
+    resize(480, 440);
+    Dir1->setFocus();
+}
+
+QLayout* Form6::Buttons()
+{
+    NewFolder->setObjectName("NewFolder");
+    NewFolder->setAutoDefault(false);
+    command3d1->setObjectName("command3d1");
+    command3d1->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(NewFolder);
+    buttons->addStretch();
+    buttons->addWidget(command3d1);
+    return buttons;
+}
+
+void Form6::Connect()
+{
+    const auto handler = [this](void (Form6::*step)()) {
+        return [this, step] { world_.handlers.Run([this, step] { (this->*step)(); }); };
+    };
+    connect(Drive1, &QComboBox::currentIndexChanged, this, handler(&Form6::ChangeDrive));
+    connect(command3d1, &QPushButton::clicked, this, handler(&Form6::Choose));
+    connect(NewFolder, &QPushButton::clicked, this, handler(&Form6::AskNewFolder));
+    Dir1->OnChange([this] { ShowFolder(); });
+}
+
+void Form6::Load()
+{
+    SkipOnError rule;
+    const auto reports = world_.startFolder / kDefaultReportFolder;
+    Attempt([&] { MakeFolder(reports); }); // fails when it is there already
+    Attempt([&] { Dir1->SetFolder(world_.startFolder); });
+    Attempt([&] { Dir1->SetFolder(reports); });
+    ShowFolder();
+}
+
+void Form6::ChangeDrive()
+{
+    const auto& folder = places_[static_cast<std::size_t>(Drive1->currentIndex())].folder;
+    try {
+        Dir1->SetFolder(folder);
+    } catch (const RunTimeFailure&) {
+        world_.boxes.Critical("Invalid Drive!", "Errore");
+        Drive1->setCurrentIndex(0);
+    }
+}
+
+/// Shows where the list stands, and offers OK only where the reports can be written: a download
+/// into a folder that takes no files would never come to its end.
+void Form6::ShowFolder()
+{
+    const auto folder = Dir1->Folder();
+    path_->ShowPath(QDir::toNativeSeparators(FromPath(folder)));
+    const QSignalBlocker quiet(Drive1);
+    Drive1->setCurrentIndex(static_cast<int>(NearestPlace(places_, folder)));
+    const bool choosable = MayBeWritten(folder);
+    command3d1->setEnabled(choosable);
+    NewFolder->setEnabled(choosable);
+    reason_->setText(choosable ? QString() : FromSource(kNotWritable));
+}
+
+void Form6::Choose()
+{
+    const auto folder = Dir1->Folder();
+    if (!CanBeWritten(folder)) {
+        command3d1->setEnabled(false);
+        return Refuse(kNotWritable);
+    }
+    world_.state.ReportFolder = folder;
+    world_.panel.command3d1.Enable();
+    close();
+}
+
+void Form6::AskNewFolder()
+{
+    auto* question = new QInputDialog(this);
+    question->setObjectName("NewFolderName");
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setWindowTitle("New folder");
+    question->setLabelText("Name of the new folder :");
+    connect(question, &QInputDialog::textValueSelected, this, [this](const QString& name) {
+        world_.handlers.Run([this, name] { AddFolder(name); });
+    });
+    question->open();
+}
+
+void Form6::AddFolder(const QString& name)
+{
+    const auto folderName = QFileInfo(name).filesystemFilePath();
+    if (!IsFolderName(folderName)) return Refuse(kNotMade);
+    try {
+        const auto folder = Dir1->Folder() / folderName;
+        MakeFolder(folder);
+        Dir1->SetFolder(folder);
+    } catch (const RunTimeFailure&) {
+        Refuse(kNotMade);
+    }
+}
+
+void Form6::Refuse(const char* reason)
+{
+    reason_->setText(FromSource(reason));
+}
+
+} // namespace tarvex::panel

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "core/handlers.h"
+#include "core/panel.h"
+#include "core/working_state.h"
+#include "panel/forms/places.h"
+
+#include <QDialog>
+
+#include <filesystem>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+
+namespace tarvex::panel
+{
+
+class DirectoryList;
+class PathLabel;
+
+/// The folder chooser `Form6`. Its OK sets the folder for reports and enables the panel's download
+/// button; closed in any other way it leaves both. Deletes itself when closed.
+class Form6 : public QDialog
+{
+public:
+    /// What the choice reaches and what it is made with.
+    struct World {
+        WorkingState& state;
+        tarvex::Panel& panel;
+        Handlers& handlers;
+        MessageBoxes& boxes;
+        std::filesystem::path startFolder; ///< `dati` lies here
+    };
+
+    Form6(const World& world, QWidget* parent);
+
+private:
+    void Build();
+    QLayout* Buttons();
+    void Connect();
+    void Load();
+
+    void ChangeDrive();
+    void ShowFolder();
+    void Choose();
+    void AskNewFolder();
+    void AddFolder(const QString& name);
+    void Refuse(const char* reason);
+
+    World world_;
+    std::vector<Place> places_;
+    QComboBox* Drive1;
+    DirectoryList* Dir1;
+    PathLabel* path_;
+    QLabel* reason_;
+    QPushButton* NewFolder;
+    QPushButton* command3d1;
+};
+
+} // namespace tarvex::panel

@@ -1,0 +1,110 @@
+#include "panel/forms/preloader.h"
+
+#include "panel/forms/picture.h"
+#include "panel/forms/program_data.h"
+#include "panel/forms/texts.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <chrono>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds kPeriod = 2000ms;
+constexpr int kPictureWidth = 480;
+constexpr int kMargin = 16;
+
+QLabel* NamedLabel(const char* name, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(QString::fromLatin1(name));
+    return label;
+}
+
+void Enlarge(QLabel* label, double factor)
+{
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * factor);
+    label->setFont(font);
+}
+} // namespace
+
+Preloader::Preloader(Handlers& handlers, std::function<void()> next)
+    : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
+      handlers_(handlers),
+      next_(std::move(next)),
+      timer_(new QTimer(this))
+{
+    setObjectName("preloader");
+    setWindowTitle(FromSource(kProgramTitle)); // nothing shows it but screen readers
+    timer_->setObjectName("Timer1");
+    timer_->setTimerType(Qt::PreciseTimer);
+    timer_->setInterval(kPeriod);
+    connect(timer_, &QTimer::timeout, this, [this] { handlers_.Run([this] { OnTimer(); }); });
+    Build();
+    Load();
+}
+
+void Preloader::Build()
+{
+    auto* picture = new PictureBox(kSurveyPicture, kPictureWidth, this);
+    picture->setObjectName("Image1");
+    auto* description = NamedLabel("Label2", this);
+    Enlarge(description, 1.5);
+    auto* version = NamedLabel("Label1", this);
+    version->setAccessibleName("Version");
+
+    auto* texts = new QHBoxLayout;
+    texts->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    texts->addWidget(description, 1, Qt::AlignBaseline);
+    texts->addWidget(version, 0, Qt::AlignBaseline);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(picture);
+    layout->addLayout(texts);
+}
+
+void Preloader::Load()
+{
+    timer_->start();
+    findChild<QLabel*>("Label1")->setText(QString("%1.%2").arg(kMajorVersion).arg(kMinorVersion));
+    findChild<QLabel*>("Label2")->setText(FromSource(kFileDescription));
+    adjustSize();
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
+}
+
+void Preloader::OnTimer()
+{
+    if (timer_->intervalAsDuration() != kPeriod) return;
+    const auto next = std::move(next_);
+    Unload();
+    next();
+}
+
+void Preloader::Unload()
+{
+    timer_->stop();
+    hide();
+    deleteLater();
+}
+
+void Preloader::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+}
+
+} // namespace tarvex::panel

@@ -1,0 +1,46 @@
+#include "panel/forms/report_folder.h"
+
+#include "core/failure.h"
+
+#include <string>
+#include <system_error>
+
+namespace tarvex::panel
+{
+
+void MakeFolder(const std::filesystem::path& folder)
+{
+    std::error_code error;
+    if (!std::filesystem::create_directory(folder, error))
+        throw RunTimeFailure("Path/File access error");
+}
+
+bool IsFolderName(const std::filesystem::path& name)
+{
+    return !name.empty() && name == name.filename() && name != "." && name != "..";
+}
+
+bool CanBeListed(const std::filesystem::path& folder)
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator entries(folder, error);
+    return !error;
+}
+
+bool CanBeWritten(const std::filesystem::path& folder)
+{
+    // A folder is tried and not a file: making one never touches what is there under that name.
+    constexpr int kNames = 100;
+    for (int number = 0; number < kNames; ++number) {
+        const auto trial = folder / (".tarvex-" + std::to_string(number));
+        std::error_code error;
+        if (std::filesystem::create_directory(trial, error)) {
+            std::filesystem::remove(trial, error);
+            return true;
+        }
+        if (error && error != std::errc::file_exists) return false;
+    }
+    return false;
+}
+
+} // namespace tarvex::panel

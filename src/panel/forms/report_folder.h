@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tarvex::panel
+{
+
+/// The folder for reports inside the start folder.
+inline constexpr const char* kDefaultReportFolder = "dati";
+
+/// Makes one folder. Raises RunTimeFailure when it is there already or cannot be made.
+void MakeFolder(const std::filesystem::path& folder);
+
+/// True when `name` names one folder inside another, and nothing beyond it: no separator, not ".",
+/// not "..", not empty.
+bool IsFolderName(const std::filesystem::path& name);
+
+/// True when the folder can be looked into: false for an empty drive or a volume taken away.
+bool CanBeListed(const std::filesystem::path& folder);
+
+/// True when something can really be made in the folder. Tries it, and leaves no trace: rights alone
+/// do not tell for every user and every file system.
+bool CanBeWritten(const std::filesystem::path& folder);
+
+} // namespace tarvex::panel

@@ -1,0 +1,68 @@
+#include "panel/forms/side_forms.h"
+
+#include "core/code_page.h"
+#include "panel/forms/aboutus.h"
+#include "panel/forms/credits.h"
+#include "panel/forms/preloader.h"
+
+#include <string>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+constexpr const char* kManualName = "TARVEXmanuale.pdf";
+
+/// Raises the form if it is on view; else shows the one that `load` makes. A form that was closed
+/// in this pass of events may still be there: it is not on view, and is left to its end.
+template <class Form, class Loader>
+void Open(QPointer<Form>& form, const Loader& load)
+{
+    if (form.isNull() || !form->isVisible()) form = load();
+    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
+} // namespace
+
+SideForms::SideForms(const Form6::World& world, Shell& shell, std::filesystem::path programFolder)
+    : world_(world), shell_(shell), programFolder_(std::move(programFolder))
+{
+}
+
+SideForms::~SideForms()
+{
+    delete preloader_;
+    delete aboutus_;
+    delete form6_;
+}
+
+void SideForms::ShowSplash(std::function<void()> next)
+{
+    preloader_ = new Preloader(world_.handlers, std::move(next));
+    preloader_->show();
+}
+
+void SideForms::ShowAbout()
+{
+    Open(aboutus_, [this] { return new AboutUs(world_.handlers, mainForm_); });
+}
+
+void SideForms::ShowFolderChooser()
+{
+    Open(form6_, [this] { return new Form6(world_, mainForm_); });
+}
+
+void SideForms::OpenManual()
+{
+    ShellRequest request;
+    request.operation = "open";
+    request.file = "https://" + std::string(kMakerHost) + "/manuals/" + kManualName;
+    request.directory = code_page::Shown(programFolder_ / kManualName);
+    request.showCommand = 0;
+    shell_.Execute(request);
+}
+
+} // namespace tarvex::panel

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "core/shell.h"
+#include "panel/forms/form6.h"
+
+#include <QPointer>
+
+#include <filesystem>
+#include <functional>
+
+namespace tarvex::panel
+{
+
+class AboutUs;
+class Preloader;
+
+/// The small windows beside the main form, one instance of each: opening an open one raises it,
+/// closing unloads it, and the next opening loads it anew. None of them is modal.
+class SideForms
+{
+public:
+    /// The manual's local name goes with `programFolder` into the request that opens it.
+    SideForms(const Form6::World& world, Shell& shell, std::filesystem::path programFolder);
+    ~SideForms();
+    SideForms(const SideForms&) = delete;
+    SideForms& operator=(const SideForms&) = delete;
+
+    /// The window that the others stand above; without one they stand alone. It must outlive the
+    /// next opening, not this object.
+    void StandAbove(QWidget* mainForm) { mainForm_ = mainForm; }
+
+    /// Shows the splash; `next` is run when its time is over, and shows the main form.
+    void ShowSplash(std::function<void()> next);
+
+    void ShowAbout();
+    void ShowFolderChooser();
+
+    /// Asks the shell for the web copy of the manual. Nothing happens when that fails.
+    void OpenManual();
+
+private:
+    Form6::World world_;
+    Shell& shell_;
+    std::filesystem::path programFolder_;
+    QPointer<QWidget> mainForm_;
+    QPointer<Preloader> preloader_;
+    QPointer<AboutUs> aboutus_;
+    QPointer<Form6> form6_;
+};
+
+} // namespace tarvex::panel
