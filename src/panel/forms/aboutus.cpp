@@ -33,12 +33,16 @@ const std::string& Version()
     return version;
 }
 
+/// The caption of the first row about the maker: it stands a little apart.
+constexpr std::string_view kFirstOfMaker = "Software :";
+constexpr int kApart = 10;
+
 std::array<Row, 8> AllRows()
 {
     return {{{"Application :", "Tar Vex Manager "},
              {"Version :", Version()},
              {"Description :", "Software di comunicazione concentralina inclinometrica Tar Vex"},
-             {"Software :", kMakerName},
+             {kFirstOfMaker, kMakerName},
              {"Address :", kMakerAddress},
              {"Telephone :", kMakerTelephone},
              {"Fax :", kMakerFax},
@@ -91,6 +95,7 @@ QLayout* AboutUs::Rows()
     rows->setVerticalSpacing(8);
     int line = 0;
     for (const Row& row : AllRows()) {
+        if (row.caption == kFirstOfMaker) rows->setRowMinimumHeight(line++, kApart);
         auto* text = Label(row.text, this);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse); // to copy a telephone number
         text->setAccessibleName(FromSource(row.caption));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractFileIconProvider>
 #include <QFileSystemModel>
 #include <QTreeView>
 
@@ -10,8 +11,22 @@
 namespace tarvex::panel
 {
 
-/// The directory list `Dir1`: the folders of the machine as a tree, of which one is the current one.
-/// It follows what happens on the disk, and reads folders without holding up the window.
+/// One picture for every folder: it shows on a machine without an icon theme too, and costs no look
+/// into the folder.
+class FolderIcons : public QAbstractFileIconProvider
+{
+public:
+    explicit FolderIcons(QIcon icon) : icon_(std::move(icon)) {}
+
+    QIcon icon(IconType) const override { return icon_; }
+    QIcon icon(const QFileInfo&) const override { return icon_; }
+
+private:
+    QIcon icon_;
+};
+
+/// The directory list `Dir1`: the folders of the machine as a tree, of which one is the current
+/// one. It follows what happens on the disk, and reads folders without holding up the window.
 class DirectoryList : public QTreeView
 {
 public:
@@ -29,10 +44,13 @@ public:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void FollowArrivals();
     void KeepInView();
 
+    FolderIcons icons_;
     QFileSystemModel model_;
     QPersistentModelIndex toShow_;
     std::function<void()> changed_;

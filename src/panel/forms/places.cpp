@@ -45,9 +45,8 @@ std::string Unescaped(const std::string& field)
 void AddOnce(std::vector<Place>& places, std::filesystem::path name,
              const std::filesystem::path& folder)
 {
-    const bool known = std::any_of(places.begin(), places.end(), [&](const Place& place) {
-        return place.folder == folder;
-    });
+    const bool known = std::any_of(places.begin(), places.end(),
+                                   [&](const Place& place) { return place.folder == folder; });
     if (!folder.empty() && !known) places.push_back({std::move(name), folder});
 }
 } // namespace
@@ -73,9 +72,8 @@ std::vector<Place> UnixPlaces(const std::filesystem::path& startFolder,
     std::vector<Place> places{{"Start folder", startFolder}};
     AddOnce(places, "Home", home);
     for (const auto& point : mountPoints) {
-        const bool removable =
-            std::any_of(kRemovableMedia.begin(), kRemovableMedia.end(),
-                        [&](const char* media) { return LiesIn(point, media); });
+        const bool removable = std::any_of(kRemovableMedia.begin(), kRemovableMedia.end(),
+                                           [&](const char* media) { return LiesIn(point, media); });
         if (removable) AddOnce(places, point.filename(), point);
     }
     AddOnce(places, "File system", "/");
