@@ -1,0 +1,74 @@
+#pragma once
+
+#include "core/header_store.h"
+#include "link/device_link.h"
+#include "panel/forms.h"
+
+#include <span>
+#include <string_view>
+
+namespace tarvex::panel
+{
+
+/// What the operator can have done on the main form.
+enum class Command {
+    None,
+    ReadBlock,
+    ReadAllBlocks,
+    SetBlock,
+    SetAll,
+    ResetBlock,
+    TotalReset,
+    ResetGainZero,
+    BlockDownload,
+    DownloadBlockUp,
+    DownloadBlockDown,
+    StepRecordUp,
+    StepRecordDown,
+    CopyHeaderForward,
+    ChooseHeaderFile,
+    CreateDefaultHeaderFile,
+    ShowFolderChooser,
+    EnableDownload,
+    OpenDatabase,
+    ShowAbout,
+    OpenManual,
+    ReadClock,
+    WriteClock,
+    StartClock,
+    WriteCycleDelay,
+    ChoosePort1,
+    ChoosePort2,
+    ChoosePort3,
+    ChoosePort4,
+    ShowPortDialog,
+    ShowClockDialog,
+    ShowDelayDialog,
+};
+
+/// What the commands of the main form work with. All of it outlives the main form.
+struct CommandContext {
+    Panel& panel;
+    HeaderStore& headers;
+    Line line; ///< also the way to the working state and to the boxes
+    Forms& forms;
+};
+
+/// One command: its name, the file under src/ that holds it, and the handler itself.
+struct CommandRow {
+    Command command;
+    std::string_view name;
+    std::string_view source;
+    void (*run)(CommandContext& context); ///< null while the command is not built
+};
+
+/// Every command but None, in the order of the enumeration.
+std::span<const CommandRow> CommandTable();
+
+/// The row of a command other than None.
+const CommandRow& RowOf(Command command);
+
+/// False for None too.
+bool IsBuilt(Command command);
+
+} // namespace tarvex::panel
