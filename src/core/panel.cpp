@@ -27,6 +27,13 @@ TextBox TextBox::Hidden(std::size_t maximumLength)
     return box;
 }
 
+TextBox TextBox::OutOfReach(std::size_t maximumLength)
+{
+    TextBox box = Hidden(maximumLength);
+    box.Disable();
+    return box;
+}
+
 void TextBox::SetText(std::string_view text)
 {
     text_ = text.substr(0, maximumLength_);

@@ -56,6 +56,9 @@ public:
     explicit TextBox(std::size_t maximumLength = kAnyLength, std::string_view initial = {});
     static TextBox Hidden(std::size_t maximumLength = kAnyLength);
 
+    /// Neither visible nor enabled: its text is carried out of the operator's reach.
+    static TextBox OutOfReach(std::size_t maximumLength);
+
     const std::string& Text() const { return text_; }
     void SetText(std::string_view text);
     std::size_t MaximumLength() const { return maximumLength_; }
@@ -118,11 +121,11 @@ struct Panel {
     TextBox Text15 = TextBox::Hidden(); ///< the header file's path
 
     // The calibration: carried out of sight.
-    TextBox Text18 = TextBox::Hidden(7); ///< `gain1`
-    TextBox Text19 = TextBox::Hidden(7); ///< `gain2`
-    TextBox Text20 = TextBox::Hidden(7); ///< `zero1`
-    TextBox Text21 = TextBox::Hidden(7); ///< `zero2`
-    TextBox Text22 = TextBox::Hidden(1); ///< `punto`
+    TextBox Text18 = TextBox::OutOfReach(7); ///< `gain1`
+    TextBox Text19 = TextBox::OutOfReach(7); ///< `gain2`
+    TextBox Text20 = TextBox::OutOfReach(7); ///< `zero1`
+    TextBox Text21 = TextBox::OutOfReach(7); ///< `zero2`
+    TextBox Text22 = TextBox::OutOfReach(1); ///< `punto`
 
     // The download.
     TextBox numblocco{2, "01"}; ///< block to download
