@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core/file_dialog.h"
 #include "core/header_store.h"
 #include "link/device_link.h"
 #include "panel/forms.h"
 
+#include <filesystem>
 #include <span>
 #include <string_view>
 
@@ -52,6 +54,8 @@ struct CommandContext {
     HeaderStore& headers;
     Line line; ///< also the way to the working state and to the boxes
     Forms& forms;
+    FileDialog& fileDialog;
+    std::filesystem::path headerFolder; ///< where the open dialog for a header file starts
 };
 
 /// One command: its name, the file under src/ that holds it, and the handler itself.
