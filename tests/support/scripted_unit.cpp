@@ -22,6 +22,19 @@ void ScriptedUnit::SetHeader(int index, const std::vector<std::string>& tenField
     }
 }
 
+void ScriptedUnit::SetReadings(int index, int page, const std::vector<std::uint16_t>& words)
+{
+    std::array<char, 8> address{};
+    std::snprintf(address.data(), address.size(), "%02X%03X", static_cast<unsigned>(index) & 0xFFU,
+                  static_cast<unsigned>(0x100 + page * 0x10) & 0xFFFU);
+    std::string& bytes = pages[address.data()];
+    bytes.clear();
+    for (const std::uint16_t word : words) {
+        bytes += static_cast<char>(word >> 8);
+        bytes += static_cast<char>(word & 0xFF);
+    }
+}
+
 std::string ScriptedUnit::PageReply(std::string_view bytes)
 {
     std::string reply;

@@ -3,6 +3,7 @@
 #include "support/scripted_port.h"
 #include "support/virtual_world.h"
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -43,6 +44,10 @@ public:
 
     /// Stores a header in the ten pages of the block with index `index` (0 to 29).
     void SetHeader(int index, const std::vector<std::string>& tenFields);
+
+    /// Stores the readings of one depth in data page `page` (0 to 239) of that block, high bytes
+    /// first.
+    void SetReadings(int index, int page, const std::vector<std::uint16_t>& words);
 
     /// The reply to a read frame: sixteen bytes as two digits and a blank, CR and LF.
     static std::string PageReply(std::string_view bytes);

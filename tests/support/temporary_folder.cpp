@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -30,6 +31,15 @@ std::string FileBytes(const std::filesystem::path& path)
     std::ifstream file(path, std::ios::binary);
     EXPECT_TRUE(file.is_open()) << "no file " << path;
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<std::string> NamesIn(const std::filesystem::path& folder)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
 }
 
 void WriteFile(const std::filesystem::path& path, std::string_view bytes)

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarvex::tests
 {
@@ -25,6 +26,9 @@ private:
 
 /// All bytes of a file; the test fails when there is none.
 std::string FileBytes(const std::filesystem::path& path);
+
+/// The names of what lies in a folder, sorted.
+std::vector<std::string> NamesIn(const std::filesystem::path& folder);
 
 /// Makes a file of those bytes.
 void WriteFile(const std::filesystem::path& path, std::string_view bytes);

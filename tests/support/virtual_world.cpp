@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -21,17 +22,17 @@ void VirtualWorld::At(Milliseconds moment, std::function<void()> event)
 
 void VirtualWorld::EndProgramAt(Milliseconds moment)
 {
-    At(moment, [this] { ended_ = true; });
+    At(moment, [this] { end.End(0); });
 }
 
 void VirtualWorld::PassTime(Milliseconds duration)
 {
-    const Milliseconds end = now_ + duration;
-    while (!events_.empty() && events_.begin()->first.first <= end) {
+    const Milliseconds last = now_ + duration;
+    while (!events_.empty() && events_.begin()->first.first <= last) {
         now_ = std::max(now_, events_.begin()->first.first);
         RunDueEvents();
     }
-    now_ = end;
+    now_ = last;
 }
 
 void VirtualWorld::DoEvents()
@@ -71,7 +72,7 @@ void VirtualWorld::RunDueEvents()
 
 void VirtualWorld::RequireRunning() const
 {
-    if (ended_) throw ProgramEnded();
+    if (Ended()) throw ProgramEnded();
 }
 
 void VirtualWorld::Enable()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/event_pump.h"
+#include "core/program_end.h"
 
 #include <cstdint>
 #include <functional>
@@ -32,7 +33,10 @@ public:
 
     /// From that moment on every pass of the pump raises ProgramEnded.
     void EndProgramAt(Milliseconds moment);
-    bool Ended() const { return ended_; }
+    bool Ended() const { return end.Ended(); }
+
+    /// The program's own end: a handler's failure ends it too.
+    ProgramEnd end;
 
     /// Lets the time go on outside any wait, as it does while nothing runs.
     void PassTime(Milliseconds duration);
@@ -57,7 +61,6 @@ private:
     Milliseconds now_ = 0;
     bool timerRuns_ = false;
     int timerRun_ = 0;
-    bool ended_ = false;
 };
 
 } // namespace tarvex::tests
