@@ -60,13 +60,14 @@ char32_t TakeCharacter(std::u8string_view& text)
     const int following = FollowingBytes(lead);
     if (following <= 0) return following == 0 ? char32_t{lead} : kInvalid;
 
+    constexpr std::array<char32_t, 4> shortest = {0, 0x80, 0x800, 0x10000};
     char32_t character = lead & (0x3FU >> following);
     for (int taken = 0; taken < following; ++taken) {
         if (text.empty() || (text.front() & 0xC0) != 0x80) return kInvalid;
         character = (character << 6) | (text.front() & 0x3FU);
         text.remove_prefix(1);
     }
-    return character;
+    return character >= shortest[static_cast<std::size_t>(following)] ? character : kInvalid;
 }
 
 bool IsHighSurrogate(char16_t unit)

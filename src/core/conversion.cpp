@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -30,8 +31,7 @@ std::string_view LeadingDecimal(std::string_view text)
     return text.substr(0, end);
 }
 
-/// `value` with `decimals` digits behind the point. One more digit than any double's magnitude
-/// here.
+/// `value` with `decimals` digits behind the point. The buffer holds every double.
 std::string FixedDecimal(double value, int decimals)
 {
     std::array<char, 400> buffer{};
@@ -92,7 +92,8 @@ std::string OneDecimal(double value)
 std::string PlainNumber(double value)
 {
     std::array<char, 400> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                       value == 0 ? 0 : value, // no "-0"
                                        std::chars_format::fixed);
     return {buffer.data(), written.ptr};
 }

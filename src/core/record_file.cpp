@@ -15,6 +15,14 @@ namespace
 
 constexpr auto kReadWrite = std::ios::in | std::ios::out | std::ios::binary;
 
+/// The system would end the path at a NUL, and so reach another file.
+void RequireWholeName(const std::filesystem::path& path)
+{
+    constexpr std::filesystem::path::value_type nul{};
+    if (path.empty() || path.native().find(nul) != std::filesystem::path::string_type::npos)
+        throw RunTimeFailure("Bad file name");
+}
+
 void MakeWhenMissing(const std::filesystem::path& path)
 {
     std::error_code ignored;
@@ -38,7 +46,7 @@ void RecordFile::OpenEmptied(const std::filesystem::path& path)
 void RecordFile::OpenAs(const std::filesystem::path& path, std::ios::openmode mode)
 {
     if (IsOpen()) throw RunTimeFailure("File already open");
-    if (path.empty()) throw RunTimeFailure("Bad file name");
+    RequireWholeName(path);
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored))
         throw RunTimeFailure("Path/File access error");
@@ -114,6 +122,7 @@ void RecordFile::GetBytes(double number, std::span<std::byte> record)
 
 void DeleteFile(const std::filesystem::path& path)
 {
+    RequireWholeName(path);
     std::error_code error;
     const auto status = std::filesystem::symlink_status(path, error);
     if (error || !std::filesystem::exists(status)) throw RunTimeFailure("File not found");

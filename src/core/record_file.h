@@ -18,7 +18,7 @@ public:
     explicit RecordFile(std::size_t recordLength) : recordLength_(recordLength) {}
 
     /// Opens for reading and writing; made when missing, never truncated. Fails for an empty path,
-    /// a folder, a missing folder, no permission, and when already open.
+    /// one with a NUL, a folder, a missing folder, no permission, and when already open.
     void Open(const std::filesystem::path& path);
 
     /// As Open, and drops whatever the file held.
@@ -65,7 +65,8 @@ private:
     bool endOfFile_ = false;
 };
 
-/// Deletes one file. Fails when there is none, when it is a folder, or when it may not be deleted.
+/// Deletes one file. Fails when there is none, when it is a folder, when it may not be deleted, and
+/// for a path with a NUL.
 void DeleteFile(const std::filesystem::path& path);
 
 } // namespace tarvex
