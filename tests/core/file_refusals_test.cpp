@@ -1,0 +1,159 @@
+#include "core/record_file.h"
+
+#include "core/failure.h"
+#include "support/logic_test.h"
+#include "support/system_limits.h"
+
+namespace tarvex::tests
+{
+namespace
+{
+
+bool Opens(const std::filesystem::path& path)
+{
+    try {
+        RecordFile file(4);
+        file.Open(path);
+        return true;
+    } catch (const RunTimeFailure&) {
+        return false;
+    }
+}
+
+bool OpensEmptied(const std::filesystem::path& path)
+{
+    try {
+        RecordFile file(4);
+        file.OpenEmptied(path);
+        return true;
+    } catch (const RunTimeFailure&) {
+        return false;
+    }
+}
+
+bool Deletes(const std::filesystem::path& path)
+{
+    try {
+        DeleteFile(path);
+        return true;
+    } catch (const RunTimeFailure&) {
+        return false;
+    }
+}
+
+class FileRefusalsTest : public ::testing::Test
+{
+protected:
+    TemporaryFolder folder;
+    std::filesystem::path path = folder / "table";
+};
+
+TEST_F(FileRefusalsTest, AnEmptyPathDoesNotOpen)
+{
+    EXPECT_FALSE(Opens(""));
+    EXPECT_FALSE(OpensEmptied(""));
+}
+
+TEST_F(FileRefusalsTest, AFolderDoesNotOpen)
+{
+    EXPECT_FALSE(Opens(folder.Path()));
+    EXPECT_FALSE(OpensEmptied(folder.Path()));
+    EXPECT_TRUE(NamesIn(folder.Path()).empty());
+}
+
+TEST_F(FileRefusalsTest, AFileInAMissingFolderDoesNotOpenAndNoFolderIsMade)
+{
+    EXPECT_FALSE(Opens(folder / "missing/table"));
+    EXPECT_FALSE(OpensEmptied(folder / "missing/table"));
+    EXPECT_TRUE(NamesIn(folder.Path()).empty());
+}
+
+TEST_F(FileRefusalsTest, AFileBelowAFileDoesNotOpen)
+{
+    WriteFile(path, "1111");
+    EXPECT_FALSE(Opens(path / "table"));
+    EXPECT_EQ(FileBytes(path), "1111");
+}
+
+TEST_F(FileRefusalsTest, AFileThatMayNotBeWrittenDoesNotOpen)
+{
+    WriteFile(path, "1111");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_read |
+                                           std::filesystem::perms::group_read |
+                                           std::filesystem::perms::others_read);
+    EXPECT_TRUE(HoldsForAnyUser([&] { return !Opens(path) && !OpensEmptied(path); }));
+    EXPECT_EQ(FileBytes(path), "1111");
+}
+
+TEST_F(FileRefusalsTest, AFolderThatMayNotBeWrittenTakesNoFileAndLosesNone)
+{
+    WriteFile(path, "1111");
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms::owner_read |
+                                                    std::filesystem::perms::owner_exec |
+                                                    std::filesystem::perms::others_read |
+                                                    std::filesystem::perms::others_exec);
+    EXPECT_TRUE(HoldsForAnyUser([&] { return !Opens(folder / "new") && !Deletes(path); }));
+    EXPECT_THAT(NamesIn(folder.Path()), ::testing::ElementsAre("table"));
+}
+
+TEST_F(FileRefusalsTest, AReportFailingToOpenCanBeOpenedAfterwards)
+{
+    RecordFile file(4);
+    EXPECT_THROW(file.Open(folder / "missing/table"), RunTimeFailure);
+    EXPECT_FALSE(file.IsOpen());
+    EXPECT_NO_THROW(file.Open(path));
+}
+
+TEST_F(FileRefusalsTest, DeleteRemovesOneFile)
+{
+    WriteFile(path, "1111");
+    WriteFile(folder / "table2", "2222");
+    EXPECT_TRUE(Deletes(path));
+    EXPECT_THAT(NamesIn(folder.Path()), ::testing::ElementsAre("table2"));
+}
+
+TEST_F(FileRefusalsTest, DeleteFailsWithoutAFile)
+{
+    EXPECT_FALSE(Deletes(path));
+    EXPECT_FALSE(Deletes(""));
+    EXPECT_FALSE(Deletes(folder / "missing/table"));
+}
+
+TEST_F(FileRefusalsTest, DeleteNeverRemovesAFolder)
+{
+    std::filesystem::create_directory(folder / "empty");
+    EXPECT_FALSE(Deletes(folder / "empty"));
+    EXPECT_FALSE(Deletes(folder.Path()));
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "empty"));
+}
+
+TEST_F(FileRefusalsTest, DeleteOfALinkLeavesWhatItPointsTo)
+{
+    std::filesystem::create_directory(folder / "kept");
+    std::filesystem::create_directory_symlink(folder / "kept", folder / "link");
+    EXPECT_TRUE(Deletes(folder / "link"));
+    EXPECT_THAT(NamesIn(folder.Path()), ::testing::ElementsAre("kept"));
+}
+
+TEST_F(FileRefusalsTest, DeleteTakesWildcardsLiterally)
+{
+    WriteFile(folder / "a-dat.dat", "1");
+    EXPECT_FALSE(Deletes(folder / "*-dat.dat"));
+    EXPECT_FALSE(Deletes(folder / "?-dat.dat"));
+    WriteFile(folder / "*-dat.dat", "2");
+    EXPECT_TRUE(Deletes(folder / "*-dat.dat"));
+    EXPECT_THAT(NamesIn(folder.Path()), ::testing::ElementsAre("a-dat.dat"));
+}
+
+TEST_F(FileRefusalsTest, APathWithANulIsNotAnotherFilesPath)
+{
+    WriteFile(path, "1111");
+    const std::filesystem::path cutShort = path.string() + std::string("\0x", 2);
+    EXPECT_FALSE(Opens(cutShort));
+    EXPECT_FALSE(OpensEmptied(cutShort));
+    EXPECT_FALSE(Deletes(cutShort));
+    EXPECT_EQ(FileBytes(path), "1111");
+}
+
+} // namespace
+} // namespace tarvex::tests
