@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -11,11 +12,28 @@
 namespace tarvex::tests
 {
 
+namespace
+{
+
+/// A file system in memory, where there is one: some hundred tests make some thousand files.
+std::filesystem::path FolderOfFolders()
+{
+    const std::filesystem::path memory = "/dev/shm";
+    std::error_code ignored;
+    const auto writable = std::filesystem::perms::others_write;
+    const bool usable =
+        (std::filesystem::status(memory, ignored).permissions() & writable) == writable;
+    return usable && std::getenv("TMPDIR") == nullptr ? memory
+                                                      : std::filesystem::temp_directory_path();
+}
+
+} // namespace
+
 TemporaryFolder::TemporaryFolder()
 {
     std::random_device random;
     do {
-        path_ = std::filesystem::temp_directory_path() / ("tarvex-" + std::to_string(random()));
+        path_ = FolderOfFolders() / ("tarvex-" + std::to_string(random()));
     } while (!std::filesystem::create_directory(path_));
 }
 

@@ -1,0 +1,267 @@
+#include "link_test_fixture.h"
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using ::testing::ElementsAre;
+
+TEST(TickCounter, CountsFrom0To5000AndStartsAgain)
+{
+    WorkingState state;
+    CountTick(state);
+    EXPECT_EQ(state.TickCounter, 1);
+    state.TickCounter = 4999;
+    CountTick(state);
+    EXPECT_EQ(state.TickCounter, 5000);
+    CountTick(state);
+    EXPECT_EQ(state.TickCounter, 0);
+    CountTick(state);
+    EXPECT_EQ(state.TickCounter, 1);
+}
+
+class WaitTest : public LinkTest
+{
+protected:
+    Milliseconds endedAt = -1;
+    std::string reply;
+};
+
+TEST_F(WaitTest, TheCountGoesBackToNaughtAfter5001Ticks)
+{
+    OnOpenPort([](DeviceLink& link) { link.UntimedWake(); });
+    world.PassTime(500'000 - world.Now());
+    EXPECT_EQ(state.TickCounter, 5000);
+    world.PassTime(100);
+    EXPECT_EQ(state.TickCounter, 0);
+}
+
+struct SettleRow {
+    std::string name;
+    SettleBound bound;
+    int ticks;
+    Milliseconds lasts; ///< behind a fresh tick
+    int count;
+};
+
+class SettleWaitTest : public WaitTest, public ::testing::WithParamInterface<SettleRow>
+{
+};
+
+TEST_P(SettleWaitTest, EndsAtItsBoundAndTakesNothing)
+{
+    ReceiveAt(1, "unasked");
+    int waiting = -1;
+    OnOpenPort([&](DeviceLink& link) {
+        link.SettleWait(GetParam().bound, GetParam().ticks);
+        endedAt = world.Now();
+        waiting = port.InBufferCount();
+        reply = link.Reply();
+    });
+    EXPECT_EQ(endedAt, GetParam().lasts);
+    EXPECT_EQ(state.TickCounter, GetParam().count);
+    EXPECT_EQ(waiting, 7);
+    EXPECT_EQ(reply, "");
+    EXPECT_THAT(port.history, ElementsAre("port 1", "open", "close"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, SettleWaitTest,
+                         ::testing::Values(SettleRow{"AtLeastTwo", SettleBound::AtLeast, 2, 200, 2},
+                                           SettleRow{"AboveTwo", SettleBound::Above, 2, 300, 3},
+                                           SettleRow{"AtLeastFour", SettleBound::AtLeast, 4, 400,
+                                                     4},
+                                           SettleRow{"AboveFour", SettleBound::Above, 4, 500, 5}),
+                         RowName());
+
+TEST_F(WaitTest, SettlesOnAClosedPortToo)
+{
+    ClickLink([&](DeviceLink& link) {
+        SkipOnError rule;
+        link.SettleWait(SettleBound::Above, 4);
+    });
+    EXPECT_EQ(world.Now(), 500);
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(WaitTest, SettlesFromTheMomentOfItsOwnAndNotFromTheTicksBefore)
+{
+    OnOpenPort([&](DeviceLink& link) {
+        link.SettleWait(SettleBound::AtLeast, 4);
+        link.SettleWait(SettleBound::AtLeast, 4);
+    });
+    EXPECT_EQ(world.Now(), 800);
+}
+
+TEST_F(WaitTest, AwaitsTheCountAndTakesAllThatHasCome)
+{
+    SilenceUnit();
+    ReceiveAt(10, "1234567");
+    ReceiveAt(20, "890123");
+    ReceiveAt(30, "456789");
+    OnOpenPort([&](DeviceLink& link) {
+        link.SendFrame("H");
+        link.AwaitReply(14);
+        reply = link.Reply();
+        endedAt = world.Now();
+    });
+    EXPECT_EQ(reply, "1234567890123456789");
+    EXPECT_EQ(endedAt, 30);
+    EXPECT_THAT(port.history,
+                ElementsAre("port 1", "open", "> H\r", "< 1234567890123456789", "close"));
+}
+
+TEST_F(WaitTest, AwaitsTheCountWithoutAnyLimit)
+{
+    SilenceUnit();
+    ReceiveAt(10, std::string(49, 'x'));
+    ReceiveAt(1'000'000, "y");
+    OnOpenPort([&](DeviceLink& link) {
+        link.AwaitReply(50);
+        endedAt = world.Now();
+    });
+    EXPECT_EQ(endedAt, 1'000'000);
+}
+
+TEST_F(WaitTest, OneByteShortWaitsUntilTheProgramEnds)
+{
+    SilenceUnit();
+    ReceiveAt(10, std::string(13, 'x'));
+    world.EndProgramAt(600'000);
+    OnOpenPort([&](DeviceLink& link) { link.AwaitReply(14); });
+    EXPECT_EQ(finishedHandlers, 0);
+    EXPECT_EQ(world.Now(), 600'000);
+    EXPECT_TRUE(port.IsOpen());
+}
+
+TEST_F(WaitTest, KeepsTheReplyBeforeWhenThePortIsClosedUnderTheWait)
+{
+    world.At(50, [&] { port.Close(); });
+    OnOpenPort([&](DeviceLink& link) {
+        link.UntimedWake();
+        link.AwaitReply(50);
+        reply = link.Reply();
+        endedAt = world.Now();
+    });
+    EXPECT_EQ(reply, "!");
+    EXPECT_EQ(endedAt, 50);
+}
+
+TEST_F(WaitTest, EveryOperationBeginsWithAnEmptyReply)
+{
+    OnOpenPort([](DeviceLink& link) { link.UntimedWake(); });
+    OnOpenPort([&](DeviceLink& link) { reply = link.Reply(); });
+    EXPECT_EQ(reply, "");
+}
+
+TEST_F(WaitTest, AFrameIsOneOutputThatEndsInCr)
+{
+    OnOpenPort([](DeviceLink& link) { link.SendFrame("b000F500"); });
+    EXPECT_THAT(port.sent, ElementsAre("b000F500\r"));
+}
+
+TEST_F(WaitTest, AWaitTestsBeforeItSleeps)
+{
+    SilenceUnit();
+    OnOpenPort([&](DeviceLink& link) {
+        port.Receive("12345678901234");
+        link.AwaitReply(14);
+        endedAt = world.Now();
+    });
+    EXPECT_EQ(endedAt, 0);
+}
+
+TEST_F(WaitTest, AWaitCostsOnePassAnEvent)
+{
+    SilenceUnit();
+    ReceiveAt(1000, "!");
+    OnOpenPort([](DeviceLink& link) { link.UntimedWake(); });
+    EXPECT_LE(world.passes, 15); // ten ticks, one byte, and the passes that never sleep
+}
+
+TEST_F(WaitTest, OpensWithTheIndicatorFirstAndClosesWithItLast)
+{
+    LogIndicator();
+    ClickLink([](DeviceLink& link) {
+        link.ShowWaitIndicator();
+        link.OpenPort();
+        link.Close();
+    });
+    EXPECT_THAT(port.history, ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "close",
+                                          "Label34 off", "Shape1 off"));
+}
+
+TEST_F(WaitTest, LetsTheIndicatorBeSeenBeforeThePortAndGoneAtTheEnd)
+{
+    bool seenBeforeOpening = false;
+    world.At(0, [&] { seenBeforeOpening = panel.Shape1.Visible() && !port.IsOpen(); });
+    bool goneAtTheEnd = false;
+    ClickLink([&](DeviceLink& link) {
+        link.ShowWaitIndicator();
+        link.OpenPort();
+        world.At(0, [&] { goneAtTheEnd = LineAtRest(); });
+        link.Close();
+    });
+    EXPECT_TRUE(seenBeforeOpening);
+    EXPECT_TRUE(goneAtTheEnd);
+}
+
+TEST_F(WaitTest, TellsNotConnectedBeforeItClosesAndHides)
+{
+    LogIndicator();
+    boxes.Expect("Attention: TAR--VEX not connected", [&] { EXPECT_LINK_WAITING(); });
+    ClickLink([](DeviceLink& link) {
+        link.ShowWaitIndicator();
+        link.OpenPort();
+        link.EndUnanswered();
+    });
+    EXPECT_THAT(port.history, ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "close",
+                                          "Label34 off", "Shape1 off"));
+}
+
+TEST_F(WaitTest, ADialogHasNoIndicator)
+{
+    Click([&] {
+        DeviceLink link(Line{port, world, world, boxes, state, nullptr});
+        link.ShowWaitIndicator();
+        EXPECT_FALSE(panel.Label34.Visible());
+        link.OpenPort();
+        link.Close();
+    });
+    EXPECT_LINK_AT_REST();
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(WaitTest, AnOpenPortStaysTheOneItIs)
+{
+    port.Open();
+    state.ComPortNumber = 4;
+    ClickLink([](DeviceLink& link) {
+        SkipOnError rule;
+        link.OpenPort();
+    });
+    EXPECT_EQ(port.OpenedPort(), 1);
+    EXPECT_THAT(port.history, ElementsAre("open"));
+}
+
+TEST_F(WaitTest, WaitingForEverEndsWithTheProgram)
+{
+    world.EndProgramAt(3'000'000);
+    ClickLink([](DeviceLink& link) { link.WaitForEver(); });
+    EXPECT_EQ(world.Now(), 3'000'000);
+    EXPECT_EQ(finishedHandlers, 0);
+}
+
+TEST_F(WaitTest, AStoppedTickStartsAfresh)
+{
+    SilenceUnit();
+    OnOpenPort([](DeviceLink& link) { link.SettleWait(SettleBound::AtLeast, 2); });
+    world.PassTime(50);
+    ClickLink([](DeviceLink& link) { link.StopTick(); });
+    EXPECT_FALSE(world.TimerRuns());
+    OnOpenPort([](DeviceLink& link) { EXPECT_FALSE(link.TimedWake()); });
+    EXPECT_EQ(world.Now(), 850); // 600 ms from its own start
+}
+
+} // namespace
+} // namespace tarvex::tests
