@@ -1,0 +1,69 @@
+#include "database/survey_database.h"
+
+namespace tarvex
+{
+
+void SurveyHandle::SetFilter(std::string_view criterion)
+{
+    Attempt([&] { Opened().SetFilter(criterion); });
+}
+
+void SurveyHandle::MoveFirst()
+{
+    Attempt([&] { Opened().MoveFirst(); });
+}
+
+void SurveyHandle::MoveNext()
+{
+    Attempt([&] { Opened().MoveNext(); });
+}
+
+void SurveyHandle::AddNew()
+{
+    Attempt([&] { Opened().AddNew(); });
+}
+
+void SurveyHandle::Edit()
+{
+    Attempt([&] { Opened().Edit(); });
+}
+
+void SurveyHandle::Update()
+{
+    Attempt([&] { Opened().Update(); });
+}
+
+void SurveyHandle::SetField(std::string_view name, const Value& value)
+{
+    Attempt([&] { Opened().SetField(name, value); });
+}
+
+void SurveyHandle::Close()
+{
+    Attempt([&] { Opened().Close(); });
+}
+
+RecordSet& SurveyHandle::Opened() const
+{
+    if (!records_) throw RunTimeFailure("Object variable not set");
+    return *records_;
+}
+
+void SurveyDatabase::OpenTable()
+{
+    SurveyTable.Assign(nullptr);
+    Attempt([&] { SurveyTable.Assign(engine.OpenTable(DatabasePath)); });
+}
+
+void SurveyDatabase::OpenMatch()
+{
+    Attempt([&] { SurveyMatch.Assign(SurveyTable.OpenRecordset()); });
+}
+
+void LoadDatabaseForm(SurveyDatabase& survey, const CurrentDirectory& currentDirectory)
+{
+    SkipOnError rule;
+    Attempt([&] { survey.DatabasePath = currentDirectory() / "tar_vex.mdb"; });
+}
+
+} // namespace tarvex
