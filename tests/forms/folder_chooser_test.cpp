@@ -1,0 +1,300 @@
+#include "forms/forms_test.h"
+#include "forms/ordinary_user.h"
+#include "panel/forms/texts.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileSystemModel>
+#include <QInputDialog>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include <filesystem>
+
+namespace tarvex::tests
+{
+
+namespace fs = std::filesystem;
+
+class FolderChooser : public FormsTest
+{
+protected:
+    FolderChooser()
+    {
+        fs::create_directory(home);
+        qputenv("HOME", home.c_str());
+    }
+    ~FolderChooser() override { qputenv("HOME", homeBefore_); }
+
+    static QTreeView& Dir1() { return Control<QTreeView>("Form6", "Dir1"); }
+    static QComboBox& Drive1() { return Control<QComboBox>("Form6", "Drive1"); }
+    static QPushButton& Ok() { return Control<QPushButton>("Form6", "command3d1"); }
+    static std::string Reason()
+    {
+        return Control<QLabel>("Form6", "LabelReason").text().toStdString();
+    }
+    static fs::path ShownPath()
+    {
+        return Control<QLabel>("Form6", "LabelPath").text().toStdString();
+    }
+    static std::string Drive() { return Drive1().currentText().toStdString(); }
+
+    static QFileSystemModel& Model() { return *qobject_cast<QFileSystemModel*>(Dir1().model()); }
+
+    static int RowOf(const fs::path& folder)
+    {
+        return Model().index(panel::FromPath(folder)).row();
+    }
+
+    /// As a click on the folder's row.
+    static void GoTo(const fs::path& folder)
+    {
+        Dir1().setCurrentIndex(Model().index(panel::FromPath(folder)));
+    }
+
+    void ExpectNothingChosen() const
+    {
+        EXPECT_EQ(state.ReportFolder, fs::path());
+        EXPECT_FALSE(panel.command3d1.Enabled());
+    }
+
+    const fs::path dati = folder / "dati";
+    const fs::path home = folder / "home";
+
+private:
+    const QByteArray homeBefore_ = qgetenv("HOME");
+};
+
+TEST_F(FolderChooser, MakesDatiAndStandsOnIt)
+{
+    forms.ShowFolderChooser();
+    EXPECT_TRUE(fs::is_directory(dati));
+    EXPECT_EQ(ShownPath(), dati);
+    EXPECT_EQ(Drive1().currentIndex(), 0);
+    EXPECT_EQ(Window("Form6").windowTitle().toStdString(), "Folder");
+    EXPECT_FALSE(Window("Form6").isModal());
+    EXPECT_EQ(Ok().text().toStdString(), "Ok");
+    EXPECT_TRUE(Ok().isEnabled());
+    ExpectNothingChosen();
+}
+
+TEST_F(FolderChooser, StandsOnDatiThatIsThereWithoutAMessage)
+{
+    fs::create_directories(dati / "S12");
+    forms.ShowFolderChooser();
+    EXPECT_EQ(ShownPath(), dati);
+    EXPECT_TRUE(fs::is_directory(dati / "S12"));
+    EXPECT_EQ(boxes.shown, 0);
+}
+
+TEST_F(FolderChooser, StandsOnTheStartFolderWhenDatiCannotBeMade)
+{
+    WriteFile(dati, "a file of that name");
+    forms.ShowFolderChooser();
+    EXPECT_EQ(ShownPath(), folder.Path());
+    EXPECT_EQ(boxes.shown, 0);
+}
+
+TEST_F(FolderChooser, TakesTheFolderAndEnablesTheDownloadOnOk)
+{
+    fs::create_directories(dati / "S12");
+    forms.ShowFolderChooser();
+    GoTo(dati / "S12");
+    const QPointer<QWidget> form = &Window("Form6");
+    Press("Form6", "command3d1");
+    EXPECT_EQ(state.ReportFolder, dati / "S12");
+    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_TRUE(WindowsNamed("Form6").empty());
+    DeleteClosed();
+    EXPECT_TRUE(form.isNull());
+}
+
+TEST_F(FolderChooser, IsWorkedFromTheKeyboard)
+{
+    fs::create_directories(dati / "A");
+    fs::create_directories(dati / "B");
+    forms.ShowFolderChooser();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window("Form6")));
+    EXPECT_EQ(QApplication::focusWidget(), &Dir1());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return RowOf(dati / "A") == 0 && RowOf(dati / "B") == 1; }));
+    QTest::keyClick(&Dir1(), Qt::Key_Down);
+    QTest::keyClick(&Dir1(), Qt::Key_Down);
+    EXPECT_EQ(ShownPath(), dati / "B");
+    QTest::keyClick(&Dir1(), Qt::Key_Return);
+    EXPECT_EQ(state.ReportFolder, dati / "B");
+}
+
+TEST_F(FolderChooser, LeavesFolderAndButtonWhenClosedInAnotherWay)
+{
+    forms.ShowFolderChooser();
+    Window("Form6").close();
+    ExpectNothingChosen();
+
+    forms.ShowFolderChooser();
+    QTest::keyClick(&Window("Form6"), Qt::Key_Escape);
+    EXPECT_TRUE(WindowsNamed("Form6").empty());
+    ExpectNothingChosen();
+}
+
+TEST_F(FolderChooser, KeepsAFormerChoiceWhenClosedWithoutOk)
+{
+    forms.ShowFolderChooser();
+    Press("Form6", "command3d1");
+    forms.ShowFolderChooser();
+    GoTo(home);
+    Window("Form6").close();
+    EXPECT_EQ(state.ReportFolder, dati);
+    EXPECT_TRUE(panel.command3d1.Enabled());
+}
+
+TEST_F(FolderChooser, StaysWhereItStandsWhenRaisedAndLoadsAnewWhenReopened)
+{
+    forms.ShowFolderChooser();
+    GoTo(home);
+    QWidget* open = &Window("Form6");
+    forms.ShowFolderChooser();
+    EXPECT_EQ(&Window("Form6"), open);
+    EXPECT_EQ(ShownPath(), home);
+    open->close();
+    forms.ShowFolderChooser();
+    EXPECT_EQ(ShownPath(), dati);
+}
+
+TEST_F(FolderChooser, TakesNamesOfAnyScriptAsTheyAre)
+{
+    const fs::path name = dati / "Скважина №7" / "試験孔 Ω" / "profondità";
+    fs::create_directories(name);
+    forms.ShowFolderChooser();
+    GoTo(name);
+    EXPECT_EQ(ShownPath(), name);
+    Press("Form6", "command3d1");
+    EXPECT_EQ(state.ReportFolder.native(), name.native());
+}
+
+TEST_F(FolderChooser, ShowsAFolderThatCannotBeWrittenButDoesNotLetItBeChosen)
+{
+    fs::create_directories(folder / "archive");
+    fs::permissions(folder / "archive", fs::perms::owner_write, fs::perm_options::remove);
+    const OrdinaryUser user;
+    forms.ShowFolderChooser();
+    GoTo(folder / "archive");
+    EXPECT_EQ(ShownPath(), folder / "archive");
+    EXPECT_FALSE(Ok().isEnabled());
+    EXPECT_FALSE(Control<QPushButton>("Form6", "NewFolder").isEnabled());
+    EXPECT_EQ(Reason(), "Reports cannot be written in this folder: choose another.");
+    QTest::keyClick(&Dir1(), Qt::Key_Return);
+    EXPECT_TRUE(Window("Form6").isVisible());
+    ExpectNothingChosen();
+}
+
+TEST_F(FolderChooser, OffersOkAgainOnAFolderThatCanBeWritten)
+{
+    forms.ShowFolderChooser();
+    GoTo("/proc/self");
+    EXPECT_FALSE(Ok().isEnabled());
+    GoTo(dati);
+    EXPECT_TRUE(Ok().isEnabled());
+    EXPECT_EQ(Reason(), "");
+}
+
+TEST_F(FolderChooser, RefusesAFolderThatTakesNothingThoughItsRightsSaySo)
+{
+    forms.ShowFolderChooser();
+    GoTo("/proc"); // nobody makes anything here, and the administrator seems to be allowed to
+    QTest::keyClick(&Dir1(), Qt::Key_Return);
+    EXPECT_TRUE(Window("Form6").isVisible());
+    EXPECT_FALSE(Ok().isEnabled());
+    EXPECT_EQ(Reason(), "Reports cannot be written in this folder: choose another.");
+    ExpectNothingChosen();
+}
+
+TEST_F(FolderChooser, GoesToTheChosenDrive)
+{
+    forms.ShowFolderChooser();
+    ASSERT_EQ(Drive1().itemText(1), "Home");
+    QTest::keyClick(&Drive1(), Qt::Key_Down);
+    EXPECT_EQ(ShownPath(), home);
+    EXPECT_EQ(Drive(), "Home");
+}
+
+TEST_F(FolderChooser, LetsTheDriveFollowTheFolder)
+{
+    forms.ShowFolderChooser();
+    GoTo(home);
+    EXPECT_EQ(Drive(), "Home");
+    GoTo("/");
+    EXPECT_EQ(Drive(), "File system");
+    EXPECT_EQ(ShownPath(), "/");
+    GoTo(dati);
+    EXPECT_EQ(Drive(), "Start folder");
+}
+
+TEST_F(FolderChooser, ReturnsToTheFirstDriveWhenTheChosenOneIsAway)
+{
+    forms.ShowFolderChooser();
+    fs::remove(home);
+    boxes.ExpectTitled("Errore", "Invalid Drive!");
+    QTest::keyClick(&Drive1(), Qt::Key_Down);
+    EXPECT_EQ(boxes.shown, 1);
+    EXPECT_EQ(Drive1().currentIndex(), 0);
+    EXPECT_EQ(ShownPath(), folder.Path());
+}
+
+TEST_F(FolderChooser, AsksOnceMoreAndEndsWhenTheFirstDriveIsAwayToo)
+{
+    fs::create_directory(folder / "start");
+    panel::SideForms other({state, panel, handlers, boxes, folder / "start"}, shell, folder.Path());
+    other.ShowFolderChooser();
+    fs::remove_all(folder / "start");
+    fs::remove(home);
+    boxes.ExpectTitled("Errore", "Invalid Drive!");
+    boxes.ExpectTitled("Errore", "Invalid Drive!");
+    QTest::keyClick(&Drive1(), Qt::Key_Down);
+    EXPECT_EQ(boxes.shown, 2);
+    EXPECT_EQ(Drive1().currentIndex(), 0);
+}
+
+TEST_F(FolderChooser, KeepsTheFolderInViewWhileItsNeighboursArrive)
+{
+    constexpr int kNeighbours = 200;
+    for (int number = 0; number < kNeighbours; ++number)
+        fs::create_directory(folder / ("a" + std::to_string(number)));
+    forms.ShowFolderChooser();
+    const QPersistentModelIndex current = Dir1().currentIndex();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return current.row() == kNeighbours &&
+               Dir1().viewport()->rect().contains(Dir1().visualRect(current).center());
+    }));
+}
+
+TEST_F(FolderChooser, MakesANewFolderAndStandsOnIt)
+{
+    forms.ShowFolderChooser();
+    Press("Form6", "NewFolder");
+    auto& question = Control<QInputDialog>("Form6", "NewFolderName");
+    question.setTextValue("Foro Ω 3");
+    question.accept();
+    EXPECT_TRUE(fs::is_directory(dati / "Foro Ω 3"));
+    EXPECT_EQ(ShownPath(), dati / "Foro Ω 3");
+}
+
+TEST_F(FolderChooser, SaysSoWhenANewFolderCannotBeMade)
+{
+    forms.ShowFolderChooser();
+    fs::create_directory(dati / "S12");
+    for (const char* name : {"S12", "../S13", "", "/"}) {
+        Press("Form6", "NewFolder");
+        auto& question = Control<QInputDialog>("Form6", "NewFolderName");
+        question.setTextValue(name);
+        question.accept();
+        EXPECT_EQ(Reason(), "The new folder could not be made.") << name;
+        EXPECT_EQ(ShownPath(), dati) << name;
+        DeleteClosed();
+    }
+    EXPECT_FALSE(fs::exists(folder / "S13"));
+}
+
+} // namespace tarvex::tests
