@@ -12,12 +12,20 @@ void Handlers::Run(const std::function<void()>& handler)
     if (end_.Ended()) return;
     LetFailuresGoUp rule;
     try {
+        RunShowingFailure(handler);
+    } catch (const ProgramEnded&) {
+        // Whoever runs above is ended by its own next pass of the pump.
+    }
+}
+
+/// The box as well raises ProgramEnded, when the program ends while it stands.
+void Handlers::RunShowingFailure(const std::function<void()>& handler)
+{
+    try {
         handler();
     } catch (const RunTimeFailure& failure) {
         boxes_.Critical(std::string("Run-time error: ") + failure.what());
         end_.End(1);
-    } catch (const ProgramEnded&) {
-        // Whoever runs above is ended by its own next pass of the pump.
     }
 }
 

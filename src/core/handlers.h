@@ -20,6 +20,8 @@ public:
     void Run(const std::function<void()>& handler);
 
 private:
+    void RunShowingFailure(const std::function<void()>& handler);
+
     ProgramEnd& end_;
     MessageBoxes& boxes_;
 };

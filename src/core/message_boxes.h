@@ -8,7 +8,8 @@ namespace tarvex
 /// The title of every box that has no other, and of the main form.
 inline constexpr std::string_view kProgramTitle = "Tar Vex Manager";
 
-/// The program's modal boxes. Each returns when the operator has answered it.
+/// The program's modal boxes. Each returns when the operator has answered it; one under which the
+/// program ends raises ProgramEnded.
 class MessageBoxes
 {
 public:
