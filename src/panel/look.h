@@ -15,6 +15,9 @@ void ApplyLook(QWidget& window);
 /// Makes a label the heading of what stands below it.
 void MakeHeading(QLabel& label);
 
+/// Gives a box that takes no typing the ground of its window.
+void ShowLocked(QWidget& box);
+
 /// The font of a box whose blanks count: every character equally wide.
 QFont FixedWidthFont();
 

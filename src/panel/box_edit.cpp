@@ -1,0 +1,146 @@
+#include "panel/box_edit.h"
+
+#include "panel/window_text.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
+#include <QValidator>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+
+/// Puts "?" for what the code page does not hold while it is being typed, so that the cursor stays
+/// where it is. A letter and its accent typed apart become one character first.
+class CodePageValidator final : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& input, int& position) const override
+    {
+        const QString held = ToWindow(FromWindow(input.normalized(QString::NormalizationForm_C)));
+        if (held != input) {
+            position -= static_cast<int>(input.size() - held.size());
+            input = held;
+        }
+        return Acceptable;
+    }
+};
+
+/// True when the focus goes to another control of the window, not to a box, a window or a menu.
+bool IsLeaving(Qt::FocusReason reason)
+{
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+           reason != Qt::MenuBarFocusReason;
+}
+
+constexpr int kWidestCounted = 8; // characters; longer boxes take the room that there is
+
+} // namespace
+
+BoxEdit::BoxEdit(TextBox& box, QWidget* parent) : QLineEdit(parent), box_(box)
+{
+    if (box.MaximumLength() != TextBox::kAnyLength)
+        setMaxLength(static_cast<int>(box.MaximumLength()));
+    setValidator(new CodePageValidator(this));
+    setFocusPolicy(Qt::StrongFocus);
+    if (box.MaximumLength() <= kWidestCounted)
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    ShowBox();
+    box_.Watch([this] { ShowBox(); });
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { TakeTyped(text); });
+}
+
+BoxEdit::~BoxEdit()
+{
+    Detach();
+}
+
+void BoxEdit::Detach()
+{
+    disconnect(this, &QLineEdit::textChanged, this, nullptr);
+    box_.Watch({});
+    leave_ = {};
+    doubleClick_ = {};
+}
+
+void BoxEdit::ShowBox()
+{
+    const QString shown = ToWindow(box_.Text());
+    if (text() != shown) setText(shown);
+    setEnabled(box_.Enabled());
+    if (isHidden() == box_.Visible()) setVisible(box_.Visible());
+}
+
+void BoxEdit::TakeTyped(const QString& text)
+{
+    std::string typed = FromWindow(text);
+    if (typed != box_.Text()) box_.SetText(typed);
+}
+
+QSize BoxEdit::sizeHint() const
+{
+    const QSize usual = QLineEdit::sizeHint();
+    if (box_.MaximumLength() > kWidestCounted) return usual;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int characters = static_cast<int>(box_.MaximumLength()) + 2; // room for the cursor
+    const QSize content(fontMetrics().horizontalAdvance('0') * characters, fontMetrics().height());
+    const int width =
+        style()->sizeFromContents(QStyle::CT_LineEdit, &option, content, this).width();
+    return {width, usual.height()};
+}
+
+void BoxEdit::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    if (!left_) return;
+    left_ = false;
+    entering_ =
+        event->reason() == Qt::MouseFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    selectAll();
+}
+
+void BoxEdit::focusOutEvent(QFocusEvent* event)
+{
+    const Qt::FocusReason reason = event->reason();
+    QLineEdit::focusOutEvent(event);
+    if (!IsLeaving(reason)) return;
+    left_ = true;
+    if (leave_) leave_(reason);
+}
+
+void BoxEdit::mousePressEvent(QMouseEvent* event)
+{
+    const bool selects = entering_ && event->button() == Qt::LeftButton;
+    QLineEdit::mousePressEvent(event);
+    entering_ = selects;
+    if (!selects) return;
+    pressedAt_ = event->pos();
+    selectAll();
+}
+
+void BoxEdit::mouseMoveEvent(QMouseEvent* event)
+{
+    if (entering_ && event->buttons() != Qt::NoButton) {
+        const int way = (event->pos() - pressedAt_).manhattanLength();
+        if (way < QApplication::startDragDistance()) return; // a click's tremble is no selection
+        setCursorPosition(cursorPositionAt(pressedAt_));
+    }
+    if (event->buttons() != Qt::NoButton) entering_ = false;
+    QLineEdit::mouseMoveEvent(event);
+}
+
+void BoxEdit::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseDoubleClickEvent(event);
+    if (doubleClick_ && event->button() == Qt::LeftButton) doubleClick_();
+}
+
+} // namespace tarvex::panel

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/panel.h"
+
+#include <QLineEdit>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tarvex::panel
+{
+
+/// The line edit of one TextBox. It shows the box's text, takes what the operator types into it
+/// ("?" for a character without a byte of its own), and is hidden, disabled and cut as the box is.
+/// Entering it selects its whole text, so that typing replaces a padded field.
+class BoxEdit final : public QLineEdit
+{
+public:
+    BoxEdit(TextBox& box, QWidget* parent);
+    ~BoxEdit() override;
+
+    /// Run when the focus has gone to another control of this window: not when a message box,
+    /// another window or a menu takes it over.
+    void OnLeave(std::function<void(Qt::FocusReason)> leave) { leave_ = std::move(leave); }
+    void OnDoubleClick(std::function<void()> act) { doubleClick_ = std::move(act); }
+
+    /// Ends the bond with the box, and drops what is run.
+    void Detach();
+
+    /// As wide as the longest text that the box takes.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void ShowBox();
+    void TakeTyped(const QString& text);
+
+    TextBox& box_;
+    std::function<void(Qt::FocusReason)> leave_;
+    std::function<void()> doubleClick_;
+    bool left_ = true;      // the focus was elsewhere in this window
+    bool entering_ = false; // a click that brings the focus has selected everything
+    QPoint pressedAt_;
+};
+
+} // namespace tarvex::panel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QFocusFrame>
+
+namespace tarvex::panel
+{
+
+/// A frame around the control that has the focus, strong enough to be found in sunlight.
+class FocusMark final : public QFocusFrame
+{
+public:
+    /// Marks the controls of that window.
+    explicit FocusMark(QWidget& window);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Follow(QWidget* focused);
+
+    QWidget& window_;
+};
+
+} // namespace tarvex::panel

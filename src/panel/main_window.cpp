@@ -1,0 +1,179 @@
+#include "panel/main_window.h"
+
+#include "panel/box_edit.h"
+#include "panel/control_table.h"
+#include "panel/controls.h"
+#include "panel/field_rules.h"
+#include "panel/focus_mark.h"
+#include "panel/kept_press.h"
+#include "panel/layouts.h"
+#include "panel/look.h"
+#include "panel/port_options.h"
+#include "panel/service_list.h"
+#include "panel/window_text.h"
+#include "settings/port_choice.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QShortcut>
+#include <QTabBar>
+
+#include <vector>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+
+/// Passes boxes on and remembers that there was one.
+class NotedBoxes final : public MessageBoxes
+{
+public:
+    explicit NotedBoxes(MessageBoxes& boxes) : boxes_(boxes) {}
+
+    void Critical(std::string_view text, std::string_view title) override
+    {
+        shown = true;
+        boxes_.Critical(text, title);
+    }
+    bool AskOkCancel(std::string_view text) override
+    {
+        shown = true;
+        return boxes_.AskOkCancel(text);
+    }
+
+    bool shown = false;
+
+private:
+    MessageBoxes& boxes_;
+};
+
+} // namespace
+
+/// What hangs on the controls: every event goes through the one door for handlers.
+class MainWindow::Parts
+{
+public:
+    Parts(MainWindow& window, const CommandContext& context, PortNames& portNames,
+          Handlers& handlers)
+        : window_(window), context_(context), handlers_(handlers)
+    {
+        MakeControls();
+        LayOut(window_);
+        OrderTabKey();
+        HangOnButtons();
+        HangOnTabStrip();
+        context_.panel.ssOption1.OnClick(
+            [this](int index) { ChoosePort(context_.line.state, index); });
+        portOptions_ = std::make_unique<PortOptions>(window_, context_.panel.ssOption1, portNames);
+        auto* list = new ServiceList(&window_, [this](Command command) { RunFromList(command); });
+        new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F12), &window_, [list] { list->PopUp(); });
+        new FocusMark(window_);
+        ControlNamed(window_, "Text2").setFocus();
+        window_.resize(window_.sizeHint().expandedTo({920, 560}));
+    }
+
+    ~Parts()
+    {
+        for (BoxEdit* edit : edits_)
+            edit->Detach();
+        context_.panel.ssOption1.OnClick({});
+    }
+
+private:
+    void MakeControls()
+    {
+        for (const ControlRow& row : ControlTable()) {
+            if (row.parent.empty()) continue; // the form itself
+            QWidget* widget = MakeControl(row, context_.panel, window_);
+            if (row.kind == ControlKind::TextBox) HangOnBox(row, static_cast<BoxEdit*>(widget));
+        }
+    }
+
+    void HangOnBox(const ControlRow& row, BoxEdit* edit)
+    {
+        edits_.push_back(edit);
+        if (const FieldRule rule = RuleOf(row.name))
+            edit->OnLeave([this, rule](Qt::FocusReason reason) { Leave(rule, reason); });
+        if (row.name == "Text13")
+            edit->OnDoubleClick([this] { handlers_.Run([&] { ToggleText13(context_.panel); }); });
+    }
+
+    void HangOnButtons()
+    {
+        for (const ControlRow& row : ControlTable()) {
+            if (!IsBuilt(row.command)) continue;
+            auto* button = window_.findChild<QAbstractButton*>(Literal(row.name));
+            QObject::connect(button, &QAbstractButton::clicked, &window_,
+                             [this, command = row.command] { Run(command); });
+        }
+    }
+
+    void HangOnTabStrip()
+    {
+        auto* strip = window_.findChild<QTabBar*>("TabStrip1");
+        QObject::connect(strip, &QTabBar::currentChanged, &window_, [this, strip](int index) {
+            if (window_.focusWidget() != strip) strip->setFocus(); // turned by the wheel
+            handlers_.Run([&] { SelectTab(context_.panel, index + 1); });
+        });
+    }
+
+    void OrderTabKey()
+    {
+        QWidget* previous = nullptr;
+        for (const ControlRow& row : ControlTable()) {
+            auto* widget = window_.findChild<QWidget*>(Literal(row.name));
+            if (widget == nullptr || widget->focusPolicy() == Qt::NoFocus) continue;
+            if (previous != nullptr) QWidget::setTabOrder(previous, widget);
+            previous = widget;
+        }
+    }
+
+    void Run(Command command)
+    {
+        handlers_.Run([&] { RowOf(command).run(context_); });
+    }
+
+    /// As its button would: the field in work is left first.
+    void RunFromList(Command command)
+    {
+        ControlNamed(window_, "TabStrip1").setFocus();
+        Run(command);
+    }
+
+    void Leave(FieldRule rule, Qt::FocusReason reason)
+    {
+        NotedBoxes boxes(context_.line.boxes);
+        handlers_.Run([&] { rule(context_.panel, context_.line.state, boxes); });
+        if (boxes.shown && reason == Qt::MouseFocusReason) keptPress_.BoxShownInPress();
+    }
+
+    MainWindow& window_;
+    CommandContext context_;
+    Handlers& handlers_;
+    KeptPress keptPress_;
+    std::unique_ptr<PortOptions> portOptions_;
+    std::vector<BoxEdit*> edits_;
+};
+
+MainWindow::MainWindow(const CommandContext& context, PortNames& portNames, Handlers& handlers,
+                       ProgramEnd& end)
+    : end_(end)
+{
+    const ControlRow& form = RowNamed("Scaricodati");
+    setObjectName(Literal(form.name));
+    setWindowTitle(Literal(form.caption));
+    ApplyLook(*this);
+    parts_ = std::make_unique<Parts>(*this, context, portNames, handlers);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    end_.End(0);
+    event->accept();
+}
+
+} // namespace tarvex::panel

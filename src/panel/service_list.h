@@ -1,0 +1,23 @@
+#pragma once
+
+#include "panel/commands.h"
+
+#include <QMenu>
+
+#include <functional>
+
+namespace tarvex::panel
+{
+
+/// The service list: what lies behind the hidden buttons, and the dialogs that no button opens, for
+/// those who know its key. A command that is not built is listed and disabled.
+class ServiceList final : public QMenu
+{
+public:
+    ServiceList(QWidget* parent, const std::function<void(Command)>& run);
+
+    /// In the middle of its window, ready for the keyboard.
+    void PopUp();
+};
+
+} // namespace tarvex::panel
