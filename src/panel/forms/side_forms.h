@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/shell.h"
+#include "panel/forms.h"
 #include "panel/forms/form6.h"
 
 #include <QPointer>
@@ -16,12 +17,12 @@ class Preloader;
 
 /// The small windows beside the main form, one instance of each: opening an open one raises it,
 /// closing unloads it, and the next opening loads it anew. None of them is modal.
-class SideForms
+class SideForms final : public Forms
 {
 public:
     /// The manual's local name goes with `programFolder` into the request that opens it.
     SideForms(const Form6::World& world, Shell& shell, std::filesystem::path programFolder);
-    ~SideForms();
+    ~SideForms() override;
     SideForms(const SideForms&) = delete;
     SideForms& operator=(const SideForms&) = delete;
 
@@ -32,11 +33,11 @@ public:
     /// Shows the splash; `next` is run when its time is over, and shows the main form.
     void ShowSplash(std::function<void()> next);
 
-    void ShowAbout();
-    void ShowFolderChooser();
+    void ShowAbout() override;
+    void ShowFolderChooser() override;
 
     /// Asks the shell for the web copy of the manual. Nothing happens when that fails.
-    void OpenManual();
+    void OpenManual() override;
 
 private:
     Form6::World world_;

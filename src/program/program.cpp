@@ -1,0 +1,38 @@
+#include "program/program.h"
+
+#include "core/start_up.h"
+
+#include <QApplication>
+
+namespace tarvex
+{
+
+Program::Program(const std::filesystem::path& startFolder,
+                 const std::filesystem::path& programFolder)
+    : startFolder_(startFolder),
+      finder_(startFolder),
+      sideForms_({state_, panel_, handlers_, boxes_, startFolder}, shell_, programFolder)
+{
+    QApplication::setQuitOnLastWindowClosed(false); // the splash goes before the main form comes
+    end_.OnEnd([this] { QCoreApplication::exit(end_.Status()); });
+}
+
+Program::~Program() = default;
+
+void Program::Start()
+{
+    sideForms_.ShowSplash([this] { ShowMainForm(); });
+}
+
+void Program::ShowMainForm()
+{
+    const panel::CommandContext context{
+        panel_,     headers_,    {port_, pump_, timer_, boxes_, state_, &panel_},
+        sideForms_, fileDialog_, startFolder_ / "dati"};
+    mainForm_ = std::make_unique<panel::MainWindow>(context, portNames_, handlers_, end_);
+    sideForms_.StandAbove(mainForm_.get());
+    handlers_.Run([this] { LoadMainForm(panel_, state_, headers_, SystemCurrentDirectory); });
+    mainForm_->show();
+}
+
+} // namespace tarvex

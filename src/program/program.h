@@ -1,0 +1,66 @@
+#pragma once
+
+#include "core/handlers.h"
+#include "core/header_store.h"
+#include "core/panel.h"
+#include "core/program_end.h"
+#include "core/working_state.h"
+#include "panel/forms/side_forms.h"
+#include "panel/main_window.h"
+#include "platform/qt_event_pump.h"
+#include "platform/qt_file_dialog.h"
+#include "platform/qt_message_boxes.h"
+#include "platform/qt_port_names.h"
+#include "platform/qt_serial_port.h"
+#include "platform/qt_shell.h"
+#include "platform/qt_tick_timer.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace tarvex
+{
+
+/// The whole program, put together: it needs a QApplication around it and nothing else.
+class Program
+{
+public:
+    /// `startFolder` is where the program was started, `programFolder` where it lies.
+    Program(const std::filesystem::path& startFolder, const std::filesystem::path& programFolder);
+    ~Program();
+
+    /// Shows the splash, which gives way to the main form.
+    void Start();
+
+    /// Loads and shows the main form at once.
+    void ShowMainForm();
+
+    /// The exit status, once the program has ended.
+    const ProgramEnd& End() const { return end_; }
+
+    /// The main form; none before it is shown.
+    panel::MainWindow* MainForm() const { return mainForm_.get(); }
+
+    Panel& PanelModel() { return panel_; }
+    WorkingState& State() { return state_; }
+
+private:
+    std::filesystem::path startFolder_;
+    ProgramEnd end_;
+    WorkingState state_;
+    Panel panel_;
+    HeaderStore headers_{state_, panel_};
+    platform::QtMessageBoxes boxes_{end_};
+    Handlers handlers_{end_, boxes_};
+    platform::PortFinder finder_;
+    platform::QtPortNames portNames_{finder_};
+    platform::QtSerialPort port_{finder_};
+    platform::QtEventPump pump_{end_};
+    platform::QtTickTimer timer_{[this] { CountTick(state_); }};
+    platform::QtShell shell_;
+    platform::QtFileDialog fileDialog_{end_};
+    panel::SideForms sideForms_;
+    std::unique_ptr<panel::MainWindow> mainForm_;
+};
+
+} // namespace tarvex

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "program/operator.h"
+#include "program/program.h"
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include <filesystem>
+
+namespace tarvex::tests
+{
+
+/// The session of an operator at the real program, by script: splash, Read Block, folder, download,
+/// and a look at every form. It tells what it does and what it sees, and leaves a picture of each
+/// window.
+class Demonstration
+{
+public:
+    /// `folder` is where the program was started; the pictures go into "screenshots" there. `block`
+    /// is the block that is read and downloaded.
+    Demonstration(std::filesystem::path folder, int block);
+
+    /// True when the session went as it should.
+    bool Run();
+
+private:
+    void SeeSplash();
+    void ReadBlock();
+    void ChooseFolder();
+    bool Download();
+    void SeeOtherForms();
+    void Tell(const QString& what) const;
+    void Picture(QWidget* window, const char* name) const;
+    QWidget* Form(const char* name) const;
+    Operator AtPanel() const { return Operator(program_.MainForm()); }
+
+    std::filesystem::path folder_;
+    QString blockText_;
+    QElapsedTimer clock_;
+    BoxWatcher boxes_;
+    Program program_;
+};
+
+} // namespace tarvex::tests

@@ -1,0 +1,32 @@
+#include "program/demonstration.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <exception>
+#include <iostream>
+
+int main(int argc, char* argv[])
+{
+    const QApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("A scripted session at Tar Vex Manager."));
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("folder"), QStringLiteral("where the program starts"),
+                      QStringLiteral("FOLDER"), QStringLiteral(".")});
+    parser.addOption({QStringLiteral("block"), QStringLiteral("the block to download"),
+                      QStringLiteral("NUMBER"), QStringLiteral("3")});
+    parser.process(application);
+
+    try {
+        const std::filesystem::path folder =
+            parser.value(QStringLiteral("folder")).toStdU16String();
+        std::filesystem::current_path(folder);
+        tarvex::tests::Demonstration session(std::filesystem::current_path(),
+                                             parser.value(QStringLiteral("block")).toInt());
+        return session.Run() ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::cerr << "tarvex-session: " << error.what() << '\n';
+        return 1;
+    }
+}

@@ -1,0 +1,101 @@
+#include "program/operator.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <QtTest>
+
+#include <stdexcept>
+#include <string>
+
+namespace tarvex::tests
+{
+
+namespace
+{
+constexpr int kBoxInterval = 20; // milliseconds
+} // namespace
+
+void Operator::Click(const char* name) const
+{
+    auto* button = Find<QAbstractButton>(name);
+    if (!button->isVisible()) Missing(name);
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void Operator::ClickLater(const char* name, int milliseconds) const
+{
+    auto* button = Find<QAbstractButton>(name);
+    QTimer::singleShot(milliseconds, button,
+                       [button] { QTest::mouseClick(button, Qt::LeftButton); });
+}
+
+void Operator::Type(const char* name, const QString& text) const
+{
+    auto* box = Find<QLineEdit>(name);
+    if (!box->isVisible()) Missing(name);
+    QTest::mouseClick(box, Qt::LeftButton);
+    box->selectAll();
+    QTest::keyClicks(box, text);
+}
+
+void Operator::ShowTab(int index) const
+{
+    auto* tabs = Find<QTabBar>("TabStrip1");
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index - 1).center());
+}
+
+QString Operator::Text(const char* name) const
+{
+    return Find<QLineEdit>(name)->text();
+}
+
+bool Operator::IsShown(const char* name) const
+{
+    return Find<QWidget>(name)->isVisible();
+}
+
+void Operator::Missing(const char* name) const
+{
+    std::string there;
+    for (const QWidget* widget : form_->findChildren<QWidget*>()) {
+        if (!widget->objectName().isEmpty()) {
+            there +=
+                " " + widget->objectName().toStdString() + (widget->isVisible() ? "" : "(hidden)");
+        }
+    }
+    throw std::logic_error(std::string("no ") + name + " to be reached; there is:" + there);
+}
+
+BoxWatcher::BoxWatcher()
+{
+    connect(&timer_, &QTimer::timeout, this, &BoxWatcher::AnswerBox);
+    timer_.start(kBoxInterval);
+}
+
+void BoxWatcher::AnswerBox()
+{
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible()) return;
+    texts.append(box->text());
+    if (beforeAnswer) beforeAnswer(box);
+    QPushButton* answer = box->defaultButton();
+    if (answer == nullptr) answer = qobject_cast<QPushButton*>(box->buttons().constFirst());
+    QTest::mouseClick(answer, Qt::LeftButton);
+}
+
+bool WaitFor(const std::function<bool()>& condition, int milliseconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > milliseconds) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+        QThread::msleep(1);
+    }
+    return true;
+}
+
+} // namespace tarvex::tests

@@ -1,0 +1,59 @@
+#include "program/program_test.h"
+
+#include <QTimer>
+#include <QtTest>
+
+namespace tarvex::tests
+{
+
+namespace
+{
+
+/// A program that ended leaves the toolkit's loops told to quit; running the main one once takes
+/// that back.
+void ReviveEventLoops()
+{
+    QTimer::singleShot(0, QCoreApplication::instance(), &QCoreApplication::quit);
+    QCoreApplication::exec();
+}
+
+} // namespace
+
+ProgramTest::ProgramTest() : formerDirectory_(std::filesystem::current_path())
+{
+    ReviveEventLoops();
+    std::filesystem::current_path(folder.Path());
+}
+
+ProgramTest::~ProgramTest()
+{
+    std::filesystem::current_path(formerDirectory_);
+}
+
+void ProgramTest::Start(const QStringList& unitOptions)
+{
+    unit = std::make_unique<UnitProcess>(folder.Path(), unitOptions);
+    StartAlone();
+}
+
+void ProgramTest::StartAlone()
+{
+    if (!unit) std::filesystem::create_symlink(folder / "nowhere", folder / "com1");
+    program = std::make_unique<Program>(folder.Path(), folder.Path());
+    program->ShowMainForm();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(program->MainForm()));
+    operator_.emplace(program->MainForm());
+}
+
+void ProgramTest::ChooseFolder(const std::filesystem::path& reports)
+{
+    program->State().ReportFolder = reports;
+    program->PanelModel().command3d1.Enable();
+}
+
+void ProgramTest::CloseAfter(int milliseconds)
+{
+    QTimer::singleShot(milliseconds, program->MainForm(), [this] { program->MainForm()->close(); });
+}
+
+} // namespace tarvex::tests
