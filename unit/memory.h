@@ -11,7 +11,7 @@ namespace tarvex::unit
 
 inline constexpr int kBlocks = 30;
 inline constexpr std::uint32_t kBlockBytes = 4096;
-inline constexpr std::size_t kMemoryBytes = kBlocks * kBlockBytes;
+inline constexpr std::size_t kMemoryBytes = std::size_t{kBlocks} * kBlockBytes;
 inline constexpr std::uint32_t kPageBytes = 16;
 
 /// The bytes of one page, lowest address first.

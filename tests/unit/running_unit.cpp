@@ -43,7 +43,7 @@ pid_t Start(const std::vector<std::string>& arguments, int output)
 }
 } // namespace
 
-RunningUnit::RunningUnit(std::vector<std::string> arguments)
+RunningUnit::RunningUnit(const std::vector<std::string>& arguments)
 {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");

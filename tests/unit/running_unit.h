@@ -16,7 +16,7 @@ class RunningUnit
 {
 public:
     /// Starts the program and takes the first line that it prints.
-    explicit RunningUnit(std::vector<std::string> arguments);
+    explicit RunningUnit(const std::vector<std::string>& arguments);
     ~RunningUnit();
     RunningUnit(const RunningUnit&) = delete;
     RunningUnit& operator=(const RunningUnit&) = delete;
