@@ -1,0 +1,310 @@
+#include "download/file_commands.h"
+#include "support/header_table.h"
+#include "support/logic_test.h"
+#include "support/system_limits.h"
+
+#include <optional>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// A file dialog that the operator answers with `choice`, or cancels.
+class ScriptedDialog : public FileDialog
+{
+public:
+    std::optional<std::filesystem::path> choice;
+    std::vector<std::string> shown; ///< each showing with its settings
+
+    void ShowOpen() override { Show("open"); }
+    void ShowSave() override { Show("save"); }
+
+private:
+    void Show(const std::string& kind)
+    {
+        shown.push_back(kind + " " + Filter + " " + std::to_string(FilterIndex) + " " +
+                        InitDir.string());
+        if (choice) FileName = *choice;
+    }
+};
+
+std::string ClientZeroTable()
+{
+    std::string bytes;
+    for (int number = 1; number <= 30; ++number)
+        bytes += "CLIENT0 SITE0000T   000002+00000DDMMYY  hhmmss  0+1.0000+1.0000+0.0000+0.0000";
+    return bytes;
+}
+
+/// The panel shows record 3 of the own table.
+class FileDialogTest : public LogicTest
+{
+protected:
+    FileDialogTest() { OpenOwnTableAt(*this, 3); }
+
+    void Choose()
+    {
+        Click([&] { ChooseHeaderFile(panel, state, headers, dialog, folder / "dati"); });
+    }
+    void Create()
+    {
+        Click([&] { CreateDefaultHeaderFile(panel, state, dialog); });
+    }
+
+    /// The seven controls that need a header file, in the order in which they change.
+    std::vector<std::pair<std::string, Control*>> Group()
+    {
+        return {{"sscommand9", &panel.sscommand9}, {"sscommand10", &panel.sscommand10},
+                {"sscommand6", &panel.sscommand6}, {"Command3", &panel.Command3},
+                {"Command6", &panel.Command6},     {"Command4", &panel.Command4},
+                {"Command7", &panel.Command7}};
+    }
+
+    void LogGroup()
+    {
+        for (const auto& [name, control] : Group()) {
+            control->Watch([this, named = name, changed = control] {
+                port.history.push_back(named + (changed->Enabled() ? " on" : " off"));
+            });
+        }
+    }
+
+    void ExpectGroup(bool enabled)
+    {
+        for (const auto& [name, control] : Group())
+            EXPECT_EQ(control->Enabled(), enabled) << name;
+    }
+
+    ScriptedDialog dialog;
+};
+
+TEST_F(FileDialogTest, ChoosingShowsRecord1OfTheFileWithItsCalibration)
+{
+    const std::filesystem::path chosen = folder / "other";
+    WriteFile(chosen, OwnRecord(20) + OwnRecord(21));
+    dialog.choice = chosen;
+    LogTexts(*this, "Text15", panel.Text15);
+    LogTexts(*this, "Text2", panel.Text2);
+    LogTexts(*this, "Text3", panel.Text3);
+    LogTexts(*this, "Text22", panel.Text22);
+    LogGroup();
+    Choose();
+
+    EXPECT_THAT(dialog.shown, ElementsAre("open  FILE (*.*)|*.*| 1 " + (folder / "dati").string()));
+    EXPECT_EQ(state.HeaderFilePath, chosen);
+    EXPECT_THAT(port.history,
+                ElementsAre("Text15=" + chosen.string(), "sscommand9 on", "sscommand10 on",
+                            "sscommand6 on", "Command3 on", "Command6 on", "Command4 on",
+                            "Command7 on", "Text2=01", "Text3=ROSSI_20", "Text22=T"));
+    EXPECT_EQ(state.CurrentBlock, 1);
+    EXPECT_EQ(state.BlockHeader, StoredHeader(1));
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(20)));
+    EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(20)));
+    EXPECT_EQ(FileBytes(chosen), OwnRecord(20) + OwnRecord(21));
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(FileDialogTest, ChoosingShowsWhateverBytesTheFileHolds)
+{
+    std::string bytes;
+    for (int code = 255; code >= 179; --code)
+        bytes += static_cast<char>(code);
+    bytes[0] = '\0';
+    dialog.choice = folder / "other";
+    WriteFile(*dialog.choice, bytes);
+    Choose();
+
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(bytes));
+    EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(bytes));
+}
+
+TEST_F(FileDialogTest, ChoosingANameWithoutAFileMakesOneAndShowsBlanks)
+{
+    dialog.choice = folder / "new";
+    Choose();
+
+    EXPECT_EQ(FileBytes(folder / "new"), "");
+    EXPECT_EQ(HeaderOnPanel(*this), std::string(44, ' '));
+    EXPECT_EQ(CalibrationOnPanel(*this), std::string(29, ' '));
+    EXPECT_EQ(panel.Text2.Text(), "01");
+}
+
+TEST_F(FileDialogTest, ChoosingAFileThatCannotBeOpenedShowsWhatTheWorkingHeaderHolds)
+{
+    DisableFileCommandGroup(panel);
+    dialog.choice = folder.Path();
+    state.BlockHeader = DefaultHeader(8);
+    Choose();
+
+    EXPECT_FALSE(unhandledFailure.has_value());
+    EXPECT_EQ(state.HeaderFilePath, folder.Path());
+    EXPECT_EQ(panel.Text15.Text(), folder.Path().string());
+    ExpectGroup(true);
+    EXPECT_EQ(state.CurrentBlock, 1);
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(DefaultRecord(9)));
+    EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(DefaultRecord(9)));
+}
+
+TEST_F(FileDialogTest, ShowsAPathInThePanelsOwnCharacters)
+{
+    dialog.choice = folder.Path() / std::filesystem::path(u8"citt\u00E0 \u4E2D");
+    Choose();
+
+    EXPECT_EQ(panel.Text15.Text(), folder.Path().string() + "/citt\xE0 ?");
+    EXPECT_TRUE(std::filesystem::exists(*dialog.choice));
+}
+
+TEST_F(FileDialogTest, CancellingTheFirstChoiceEmptiesThePathAndEndsTheRecordCommands)
+{
+    const std::filesystem::path before = state.HeaderFilePath;
+    DisableFileCommandGroup(panel);
+    Choose();
+
+    EXPECT_TRUE(state.HeaderFilePath.empty());
+    EXPECT_EQ(panel.Text15.Text(), "");
+    ExpectGroup(false);
+    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.Text2.Text(), "03");
+
+    panel.Text3.SetText("VERDI");
+    Click([&] { StepRecordUp(panel, state, headers); });
+    Click([&] { CopyHeaderForward(panel, state, headers); });
+    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.Text3.Text(), "VERDI");
+    state.HeaderFilePath = before;
+    EXPECT_EQ(StoredTable(*this), OwnTable());
+}
+
+TEST_F(FileDialogTest, CancellingALaterChoiceTakesTheSameFileOnceMore)
+{
+    dialog.choice = folder / "other";
+    WriteFile(*dialog.choice, OwnRecord(20) + OwnRecord(21));
+    Choose();
+    Click([&] { StepRecordUp(panel, state, headers); });
+    dialog.choice.reset();
+    Choose();
+
+    EXPECT_EQ(state.HeaderFilePath, folder / "other");
+    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(20)));
+}
+
+TEST_F(FileDialogTest, CreatingWritesThirtyAlikeRecordsAndDisablesTheGroup)
+{
+    const std::string text15 = panel.Text15.Text();
+    const std::vector<std::string> shown = HeaderBoxTexts();
+    dialog.choice = folder / "new";
+    LogGroup();
+    Create();
+
+    EXPECT_THAT(dialog.shown, ElementsAre("save  FILE (*.*)|*.*| 1 "));
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable());
+    EXPECT_EQ(state.HeaderFilePath, folder / "new");
+    EXPECT_EQ(panel.Text15.Text(), text15);
+    EXPECT_THAT(port.history,
+                ElementsAre("sscommand9 off", "sscommand10 off", "sscommand6 off", "Command3 off",
+                            "Command6 off", "Command4 off", "Command7 off"));
+    EXPECT_EQ(HeaderBoxTexts(), shown);
+    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.Text2.Text(), "03");
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(FileDialogTest, CreatingKeepsWhatStandsBehindRecord30)
+{
+    dialog.choice = folder / "long";
+    WriteFile(*dialog.choice, std::string(2310, 'x') + "behind");
+    Create();
+
+    EXPECT_EQ(FileBytes(folder / "long"), ClientZeroTable() + "behind");
+}
+
+TEST_F(FileDialogTest, CopyingAfterCreatingWritesIntoTheNewFile)
+{
+    dialog.choice = folder / "new";
+    Create();
+    Click([&] { CopyHeaderForward(panel, state, headers); });
+
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().replace(2 * 77, 77, OwnRecord(3)));
+    EXPECT_EQ(panel.Text2.Text(), "04");
+}
+
+TEST_F(FileDialogTest, CancellingTheFirstCreationEmptiesThePathAndChangesNothingElse)
+{
+    const std::string text15 = panel.Text15.Text();
+    Create();
+
+    EXPECT_TRUE(state.HeaderFilePath.empty());
+    EXPECT_EQ(panel.Text15.Text(), text15);
+    ExpectGroup(true);
+    EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("intestazione"));
+}
+
+TEST_F(FileDialogTest, CreatingWhereNoFileCanBeEndsTheProgram)
+{
+    dialog.choice = folder / "missing" / "new";
+    Create();
+
+    EXPECT_TRUE(unhandledFailure.has_value());
+    EXPECT_EQ(world.end.Status(), 1);
+    EXPECT_EQ(state.HeaderFilePath, folder / "missing" / "new");
+    ExpectGroup(true);
+    EXPECT_EQ(finishedHandlers, 0);
+}
+
+TEST_F(FileDialogTest, CreatingOnADiskThatBecomesFullEndsTheProgramWithWholeRecords)
+{
+    dialog.choice = folder / "new";
+    {
+        const FullDisk full(5 * 77 + 10);
+        Create();
+    }
+
+    EXPECT_TRUE(unhandledFailure.has_value());
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().substr(0, 5 * 77));
+    ExpectGroup(true);
+}
+
+TEST_F(FileDialogTest, EnablesTheDownloadWhateverTheDialogGave)
+{
+    for (const bool cancelled : {true, false}) {
+        panel.command3d1.Disable();
+        if (!cancelled) dialog.choice = folder / "name";
+        Click([&] { EnableDownload(panel, dialog); });
+
+        EXPECT_TRUE(panel.command3d1.Enabled());
+    }
+    EXPECT_THAT(dialog.shown, ElementsAre("save  0 ", "save  0 ")) << "no setting of its own";
+    EXPECT_TRUE(state.ReportFolder.empty());
+    EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("intestazione"));
+}
+
+TEST_F(FileDialogTest, KeepsItsSettingsAndNameFromOneCommandToTheNext)
+{
+    dialog.choice = folder / "new";
+    Create();
+    dialog.choice.reset();
+    Choose(); // cancelled: the created file's name still stands there
+    EXPECT_EQ(state.HeaderFilePath, folder / "new");
+    ExpectGroup(true);
+    EXPECT_EQ(panel.Text3.Text(), "CLIENT0 ");
+
+    dialog.choice = folder / "name";
+    Click([&] { EnableDownload(panel, dialog); });
+    dialog.choice.reset();
+    Create(); // cancelled: the name of the download's dialog is taken for a choice
+    EXPECT_EQ(state.HeaderFilePath, folder / "name");
+    EXPECT_EQ(FileBytes(folder / "name"), ClientZeroTable());
+
+    const std::string dati = (folder / "dati").string();
+    EXPECT_THAT(dialog.shown,
+                ElementsAre("save  FILE (*.*)|*.*| 1 ", "open  FILE (*.*)|*.*| 1 " + dati,
+                            "save  FILE (*.*)|*.*| 1 " + dati, "save  FILE (*.*)|*.*| 1 " + dati));
+}
+
+} // namespace
+} // namespace tarvex::tests
