@@ -12,15 +12,24 @@ namespace tarvex::platform
 namespace
 {
 
+/// While the operator is in another program no window is active, and the box must still come up
+/// over this one.
+QWidget* WindowBelow()
+{
+    if (QWidget* const active = QApplication::activeWindow()) return active;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() == Qt::Window) return window;
+    }
+    return nullptr;
+}
+
 QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text, std::string_view title,
                      QMessageBox::StandardButtons buttons)
 {
-    auto* const box =
-        new QMessageBox(icon, ToQString(title), QString(), buttons, QApplication::activeWindow());
+    auto* const box = new QMessageBox(icon, ToQString(title), QString(), buttons, WindowBelow());
     box->setObjectName("messageBox");
     box->setTextFormat(Qt::PlainText);
     box->setText(ToQString(text));
-    box->setWindowModality(Qt::ApplicationModal);
     box->setDefaultButton(QMessageBox::Ok);
     // OK stands first on every desktop, also where the custom is the other way round.
     box->setStyleSheet("QDialogButtonBox { button-layout: 0 }");
@@ -36,10 +45,8 @@ void QtMessageBoxes::Critical(std::string_view text, std::string_view title)
 
 bool QtMessageBoxes::AskOkCancel(std::string_view text)
 {
-    auto* const box =
-        MakeBox(QMessageBox::NoIcon, text, kProgramTitle, QMessageBox::Ok | QMessageBox::Cancel);
-    box->setEscapeButton(QMessageBox::Cancel);
-    return Show(box) == QMessageBox::Ok;
+    return Show(MakeBox(QMessageBox::NoIcon, text, kProgramTitle,
+                        QMessageBox::Ok | QMessageBox::Cancel)) == QMessageBox::Ok;
 }
 
 /// The box belongs to its window, which may go while the box stands, and takes it along.

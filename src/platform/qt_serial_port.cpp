@@ -102,8 +102,8 @@ void QtSerialPort::Opening::Empty()
     ResumeReading();
 }
 
-/// Without this the port can stay deaf after a clear or an error: setting the size, also to what it
-/// is, starts the reading again.
+/// After a clear, or after bytes that were gone when the toolkit came to read them, the port can
+/// stay deaf: setting the size, also to what it is, starts the reading again.
 void QtSerialPort::Opening::ResumeReading()
 {
     port_.setReadBufferSize(kInBufferSize);
@@ -125,9 +125,7 @@ int QtSerialPort::Opening::Count() const
 std::string QtSerialPort::Opening::TakeAll()
 {
     if (vanished_) return {};
-    std::string bytes = port_.readAll().toStdString();
-    ResumeReading();
-    return bytes;
+    return port_.readAll().toStdString();
 }
 
 /// The toolkit is still at work on the port while it reports, so that both answers are queued; they

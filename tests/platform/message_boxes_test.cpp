@@ -162,6 +162,18 @@ TEST_F(Boxes, StandOverTheActiveWindow)
     boxes.Critical("ATTENTION");
 }
 
+TEST_F(Boxes, StandOverTheProgramsWindowAlsoWhileAnotherProgramIsActive)
+{
+    QWidget window;
+    window.show();
+    QApplication::setActiveWindow(nullptr);
+    WhenShown([&](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.reject();
+    });
+    boxes.Critical("ATTENTION");
+}
+
 TEST_F(Boxes, GoWithTheirWindowAndCountAsCancelled)
 {
     auto window = std::make_unique<QWidget>();

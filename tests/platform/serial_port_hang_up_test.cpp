@@ -1,6 +1,7 @@
 #include "platform/port_test.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace tarvex::tests
 {
@@ -66,6 +67,28 @@ TEST_F(SerialPortHangUp, WakesASleepingWaitOnlyAFewTimes)
     for (; !over; ++passes)
         pump.WaitForEvents();
     EXPECT_LT(passes, 10);
+}
+
+/// How many descriptors of this process are open on the device.
+int DescriptorsOn(dev_t device)
+{
+    int count = 0;
+    for (int descriptor = 0; descriptor < 1024; ++descriptor) {
+        struct stat status {
+        };
+        if (::fstat(descriptor, &status) == 0 && status.st_rdev == device) ++count;
+    }
+    return count;
+}
+
+TEST_F(SerialPortHangUp, LetsTheDeviceGoSoThatItsNumberIsFreeForAReturningAdapter)
+{
+    struct stat line {
+    };
+    ASSERT_EQ(::fstat(terminal.Slave(), &line), 0);
+    ASSERT_EQ(DescriptorsOn(line.st_rdev), 3) << "the port, its lock and the test's own";
+    HangUp();
+    EXPECT_EQ(DescriptorsOn(line.st_rdev), 1) << "only the test's own";
 }
 
 TEST_F(SerialPortHangUp, EndsWithTheClosing)

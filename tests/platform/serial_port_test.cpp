@@ -1,7 +1,8 @@
 #include "platform/port_test.h"
 
-#include <array>
-#include <sys/ioctl.h>
+#include <QCoreApplication>
+
+#include <cerrno>
 #include <termios.h>
 
 namespace tarvex::tests
@@ -164,6 +165,23 @@ TEST_F(SerialPortLine, OpensAfterAFloodThatNobodyTookAndIsNotDeaf)
     PumpFor(20);
     port.Close();
     port.Open();
+    terminal.Send("!");
+    EXPECT_EQ(InputOf(1), "!");
+}
+
+TEST_F(SerialPortLine, IsNotDeafAfterBytesThatWereGoneWhenItCameToReadThem)
+{
+    port.Open();
+    pump.DoEvents();
+    terminal.Send("x");
+    terminal.AwaitArrival(1);
+    const auto takeAway = [this] {
+        ::tcflush(terminal.Slave(), TCIFLUSH);
+        errno = EAGAIN; // as any call may have left it; reading nothing sets no number of its own
+    };
+    QMetaObject::invokeMethod(qApp, takeAway, Qt::QueuedConnection);
+    pump.DoEvents();
+    ASSERT_EQ(port.InBufferCount(), 0);
     terminal.Send("!");
     EXPECT_EQ(InputOf(1), "!");
 }
