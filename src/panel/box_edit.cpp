@@ -137,6 +137,12 @@ void BoxEdit::mouseMoveEvent(QMouseEvent* event)
     QLineEdit::mouseMoveEvent(event);
 }
 
+void BoxEdit::mouseReleaseEvent(QMouseEvent* event)
+{
+    entering_ = false;
+    QLineEdit::mouseReleaseEvent(event);
+}
+
 void BoxEdit::mouseDoubleClickEvent(QMouseEvent* event)
 {
     QLineEdit::mouseDoubleClickEvent(event);

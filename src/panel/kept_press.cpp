@@ -1,7 +1,7 @@
 #include "panel/kept_press.h"
 
 #include <QAbstractButton>
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QMouseEvent>
 
 #include <utility>
@@ -23,8 +23,6 @@ bool KeptPress::eventFilter(QObject* watched, QEvent* event)
     auto* button = qobject_cast<QAbstractButton*>(watched);
     if (button == nullptr || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
         return false;
-    // Still held down, after a box that was answered by a key: the release is yet to come.
-    if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)) return false;
     button->click();
     return true;
 }

@@ -6,8 +6,9 @@ namespace tarvex::panel
 {
 
 /// A mouse press on a button moves the focus first; when a field's rule then opens a box, the box
-/// takes the release, and the press would come to nothing. This keeps such a press: it becomes the
-/// whole click, once, when the box is gone.
+/// takes the release (and one that comes after the box is lost as well), so that the press would
+/// come to nothing. This keeps such a press: it becomes the whole click, once, when the box is
+/// gone.
 class KeptPress final : public QObject
 {
 public:

@@ -191,7 +191,7 @@ void LayOutSetup(QWidget& window)
     UseFixedWidth(window, {"Text16rt"});
     auto* ports = new QVBoxLayout(&ControlNamed(window, "Frameserial"));
     for (const char* name : {"ssOption1_0", "ssOption1_1", "ssOption1_2", "ssOption1_3"})
-        ports->addWidget(&ControlNamed(window, name));
+        ports->addWidget(&ControlNamed(window, name), 0, Qt::AlignLeft);
     ports->addStretch();
     LayOutClock(window);
 

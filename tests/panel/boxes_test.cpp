@@ -1,0 +1,205 @@
+#include "panel/box_edit.h"
+#include "panel/window_test.h"
+#include "panel/window_text.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace tarvex::tests
+{
+
+namespace
+{
+
+std::string AllBytes()
+{
+    std::string bytes;
+    for (int code = 0; code < 256; ++code)
+        bytes += static_cast<char>(code);
+    return bytes;
+}
+
+/// A key of any alphabet.
+void PressCharacter(QLineEdit& edit, QChar character)
+{
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(character));
+    QApplication::sendEvent(&edit, &press);
+}
+
+TEST(BoxEdit, KeepsAllByteValuesBothWays)
+{
+    TextBox box;
+    panel::BoxEdit edit(box, nullptr);
+    box.SetText(AllBytes());
+    EXPECT_EQ(edit.text().size(), 256);
+    EXPECT_EQ(edit.text(), panel::ToWindow(AllBytes()));
+
+    const QString shown = edit.text();
+    edit.setText("x");
+    EXPECT_EQ(box.Text(), "x");
+    edit.setText(shown);
+    EXPECT_EQ(box.Text(), AllBytes());
+}
+
+TEST(BoxEdit, TakesEveryPrintableCharacterOfTheCodePageFromTheKeyboard)
+{
+    TextBox box;
+    panel::BoxEdit edit(box, nullptr);
+    std::string printable;
+    for (int code = 0x20; code < 256; ++code) {
+        const auto byte = static_cast<char>(code);
+        if (panel::ToWindow({&byte, 1}).at(0).isPrint()) printable += byte;
+    }
+    for (const QChar character : panel::ToWindow(printable))
+        PressCharacter(edit, character);
+    EXPECT_EQ(box.Text(), printable);
+    EXPECT_GT(printable.size(), 210U);
+}
+
+TEST(BoxEdit, IsTiedToItsBoxUntilDetached)
+{
+    TextBox box;
+    {
+        panel::BoxEdit edit(box, nullptr);
+        edit.setText("a");
+    }
+    box.SetText("b"); // nobody listens any more
+    EXPECT_EQ(box.Text(), "b");
+}
+
+using Boxes = WindowTest;
+
+TEST_F(Boxes, TypedTextReachesTheModelCutToItsLength)
+{
+    TypeInto("Text3", "Rossi & Figli");
+    EXPECT_EQ(panel.Text3.Text(), "Rossi & ");
+    EXPECT_EQ(Edit("Text3").text(), "Rossi & ");
+}
+
+TEST_F(Boxes, ModelTextReachesTheWindow)
+{
+    panel.Text3.SetText("CAFF\xC8");
+    EXPECT_EQ(Edit("Text3").text(), QString::fromUtf8("CAFFÈ"));
+    panel.Text17.SetText("1D0F0");
+    EXPECT_EQ(Edit("Text17").text(), "1D0F0");
+}
+
+TEST_F(Boxes, ACharacterOutsideTheCodePageBecomesAQuestionMarkWhereItWasTyped)
+{
+    TypeInto("Text3", "ABC");
+    Edit("Text3").setCursorPosition(1);
+    PressCharacter(Edit("Text3"), QChar(0x03A9)); // a Greek letter
+    QTest::keyClicks(&Edit("Text3"), "x");
+    EXPECT_EQ(Edit("Text3").text(), "A?xBC");
+    EXPECT_EQ(panel.Text3.Text(), "A?xBC");
+}
+
+TEST_F(Boxes, ACharacterOfTwoUnitsBecomesOneQuestionMark)
+{
+    Enter("Text3");
+    QApplication::clipboard()->setText(QString::fromUtf8("a😀b"));
+    Edit("Text3").paste();
+    EXPECT_EQ(panel.Text3.Text(), "a?b");
+}
+
+TEST_F(Boxes, ALetterWithItsAccentApartIsOneByte)
+{
+    Enter("Text3");
+    QApplication::clipboard()->setText(QString::fromUtf8("caffe\xCC\x80"));
+    Edit("Text3").paste();
+    EXPECT_EQ(panel.Text3.Text(), "caff\xE8");
+}
+
+TEST_F(Boxes, NulAndCarriageReturnOfTheUnitSurviveAnEditBesideThem)
+{
+    panel.Text4.SetText(std::string("A\0B\rC", 5));
+    Edit("Text4").setCursorPosition(5);
+    QTest::keyClicks(&Edit("Text4"), "D");
+    EXPECT_EQ(panel.Text4.Text(), std::string("A\0B\rCD", 6));
+}
+
+TEST_F(Boxes, LockedBoxesTakeNoTyping)
+{
+    for (const char* name : {"Text1", "Text11", "Text12", "Text15", "Text17"}) {
+        QLineEdit& edit = Edit(name);
+        const QString before = edit.text();
+        QTest::keyClicks(&edit, "9");
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        EXPECT_TRUE(edit.isReadOnly()) << name;
+        EXPECT_EQ(edit.text(), before) << name;
+    }
+    for (const char* name : {"Text2", "Text13", "numblocco", "Text16rt", "Text4a"})
+        EXPECT_FALSE(Edit(name).isReadOnly()) << name;
+}
+
+TEST_F(Boxes, EnteringByTabSelectsTheWholeTextSoThatTypingReplacesIt)
+{
+    Enter("Text3");
+    PressKey(Qt::Key_Tab);
+    EXPECT_EQ(Focused(), "Text4");
+    EXPECT_EQ(Edit("Text4").selectedText(), "SITE0000");
+    QTest::keyClicks(&Edit("Text4"), "diga");
+    EXPECT_EQ(panel.Text4.Text(), "diga");
+}
+
+TEST_F(Boxes, EnteringByAClickSelectsTheWholeText)
+{
+    ClickOn("Text4");
+    EXPECT_EQ(Edit("Text4").selectedText(), "SITE0000");
+}
+
+TEST_F(Boxes, ASecondClickSetsTheCursor)
+{
+    ClickOn("Text4");
+    QTest::qWait(QApplication::doubleClickInterval() + 50); // apart from the first
+    ClickOn("Text4");
+    EXPECT_EQ(Edit("Text4").selectedText(), "");
+}
+
+TEST_F(Boxes, ATrembleOfTheEnteringClickKeepsTheSelectionAndADragMakesItsOwn)
+{
+    QLineEdit& edit = Edit("Text4");
+    const QPoint at(edit.width() - 4, edit.height() / 2);
+    const auto move = [&](QPoint to) {
+        QMouseEvent event(QEvent::MouseMove, to, edit.mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&edit, &event);
+    };
+    QTest::mousePress(&edit, Qt::LeftButton, {}, at);
+    move(at - QPoint(2, 1));
+    EXPECT_EQ(edit.selectedText(), "SITE0000");
+    move(QPoint(edit.width() / 2, at.y()));
+    EXPECT_LT(edit.selectedText().size(), 8);
+    EXPECT_GT(edit.selectedText().size(), 0);
+    QTest::mouseRelease(&edit, Qt::LeftButton, {}, at);
+}
+
+TEST_F(Boxes, EnteringByTheProgramSelectsTheWholeText)
+{
+    Enter("Text9");
+    EXPECT_EQ(Edit("Text9").selectedText(), "+000");
+}
+
+TEST_F(Boxes, TheFormStartsInTheBlockNumberWithItsTextSelected)
+{
+    EXPECT_EQ(Focused(), "Text2");
+    EXPECT_EQ(Edit("Text2").selectedText(), "01");
+}
+
+TEST_F(Boxes, DoubleClickOnTheTenthsTogglesThem)
+{
+    QTest::mouseDClick(&Edit("Text13"), Qt::LeftButton);
+    EXPECT_EQ(panel.Text13.Text(), "5");
+    EXPECT_EQ(Edit("Text13").text(), "5");
+    QTest::mouseDClick(&Edit("Text13"), Qt::LeftButton);
+    EXPECT_EQ(panel.Text13.Text(), "0");
+    panel.Text13.SetText("");
+    QTest::mouseDClick(&Edit("Text13"), Qt::LeftButton);
+    EXPECT_EQ(panel.Text13.Text(), "0");
+    QTest::mouseDClick(&Edit("Text6"), Qt::LeftButton);
+    EXPECT_EQ(panel.Text6.Text(), "000");
+}
+
+} // namespace
+
+} // namespace tarvex::tests

@@ -1,0 +1,402 @@
+#include "panel/window_test.h"
+
+#include "panel/control_table.h"
+#include "panel/window_text.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QTabBar>
+#include <QToolTip>
+
+namespace tarvex::tests
+{
+
+using namespace panel;
+
+namespace
+{
+
+using MainForm = WindowTest;
+
+std::string CaptionOf(const QWidget& widget)
+{
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text().toStdString();
+    if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        return label->text().toStdString();
+    if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
+        return group->title().toStdString();
+    return {};
+}
+
+TEST_F(MainForm, IsNamedAndTitled)
+{
+    EXPECT_EQ(window->objectName(), "Scaricodati");
+    EXPECT_EQ(window->windowTitle(), "Tar Vex Manager");
+}
+
+TEST_F(MainForm, HoldsEveryControlOfTheTableWithItsTexts)
+{
+    for (const ControlRow& row : ControlTable()) {
+        if (row.parent.empty() || row.kind == ControlKind::Tab) continue;
+        const auto& widget = Named(std::string(row.name));
+        EXPECT_EQ(CaptionOf(widget), row.caption) << row.name;
+        EXPECT_EQ(widget.accessibleName().toStdString(), AccessibleNameOf(row)) << row.name;
+        if (row.command == Command::None || IsBuilt(row.command)) {
+            EXPECT_EQ(widget.toolTip().toStdString(), row.toolTip) << row.name;
+        }
+        EXPECT_EQ(widget.isHidden(), StartsHidden(row)) << row.name;
+    }
+}
+
+TEST_F(MainForm, HasItsThreeTabs)
+{
+    const auto& strip = Named<QTabBar>("TabStrip1");
+    ASSERT_EQ(strip.count(), 3);
+    EXPECT_EQ(strip.tabText(0), "Header Data");
+    EXPECT_EQ(strip.tabText(1), "Download Data");
+    EXPECT_EQ(strip.tabText(2), "Setup Tar Vex");
+}
+
+TEST_F(MainForm, TellsAssistiveToolsWhatMayStandInABox)
+{
+    EXPECT_EQ(Edit("Text8").accessibleDescription(), "2 - 4");
+    EXPECT_EQ(Named<QLabel>("LabelText3").buddy(), &Edit("Text3"));
+}
+
+TEST_F(MainForm, ShowsOneFrameATab)
+{
+    const auto shown = [this] {
+        std::string frames;
+        for (const char* frame : {"Frame1", "Frame2", "Frame3"})
+            if (Named(frame).isVisible()) frames += frame;
+        return frames;
+    };
+    EXPECT_EQ(shown(), "Frame1");
+    ClickTab(2);
+    EXPECT_EQ(shown(), "Frame2");
+    ClickTab(3);
+    EXPECT_EQ(shown(), "Frame3");
+    PressKey(Qt::Key_Left);
+    EXPECT_EQ(shown(), "Frame2");
+    ClickTab(1);
+    EXPECT_EQ(shown(), "Frame1");
+}
+
+TEST_F(MainForm, KeepsItsPlacesWhenTheWaitIndicatorComesAndWhenTabsTurn)
+{
+    const auto places = [this] {
+        QApplication::processEvents();
+        std::string all;
+        for (const char* name : {"Command3", "Command12", "TabStrip1", "Frame1", "Text12"}) {
+            const QRect place = Named(name).geometry();
+            all += std::to_string(place.x()) + "," + std::to_string(place.y()) + "," +
+                   std::to_string(place.width()) + "," + std::to_string(place.height()) + " ";
+        }
+        return all;
+    };
+    const std::string before = places();
+    panel.Label34.Show();
+    panel.Shape1.Show();
+    EXPECT_TRUE(Named("Label34").isVisible());
+    EXPECT_TRUE(Named("Shape1").isVisible());
+    EXPECT_EQ(places(), before);
+    ClickTab(3);
+    ClickTab(1);
+    panel.Label34.Hide();
+    panel.Shape1.Hide();
+    EXPECT_FALSE(Named("Label34").isVisible());
+    EXPECT_EQ(places(), before);
+}
+
+TEST_F(MainForm, FitsASmallLaptopWithItsTitleBarAndATaskBar)
+{
+    EXPECT_LE(window->minimumSizeHint().width(), 1024);
+    EXPECT_LE(window->minimumSizeHint().height(), 545);
+    EXPECT_LE(window->width(), 1024);
+    EXPECT_LE(window->height(), 570);
+}
+
+TEST_F(MainForm, GoesThroughTheHeaderByTabAndThenToTheLeftColumn)
+{
+    std::string way;
+    for (int i = 0; i < 27; ++i) {
+        way += Focused() + " ";
+        PressKey(Qt::Key_Tab);
+    }
+    EXPECT_EQ(way, "Text2 sscommand9 sscommand10 sscommand11 Text3 Text4 Text5 Text6 Text13 Text7 "
+                   "Text8 Text9 Text10 Text11 Text12 Command3 Command8 Command6 sscommand6 "
+                   "Command7 ssCommand8 Command11 Command12 TabStrip1 Text2 sscommand9 "
+                   "sscommand10 ");
+}
+
+TEST_F(MainForm, FollowsTheModelsButtons)
+{
+    EXPECT_TRUE(Button("sscommand9").isEnabled());
+    EXPECT_FALSE(Button("command3d1").isEnabled());
+    panel.command3d1.Enable();
+    EXPECT_TRUE(Button("command3d1").isEnabled());
+    DisableFileCommandGroup(panel);
+    for (const char* name : {"sscommand9", "sscommand10", "sscommand6", "Command3", "Command6",
+                             "Command4", "Command7"})
+        EXPECT_FALSE(Button(name).isEnabled()) << name;
+    EXPECT_TRUE(Button("sscommand11").isEnabled());
+    panel.Command9.Show();
+    EXPECT_TRUE(Button("Command9").isVisible());
+}
+
+TEST_F(MainForm, OpensTheSideForms)
+{
+    ClickOn("Command11");
+    ClickOn("Command12");
+    ClickTab(2);
+    ClickOn("Command10");
+    EXPECT_EQ(forms.opened, (std::vector<std::string>{"about", "manual", "folder chooser"}));
+}
+
+TEST_F(MainForm, StepsTheDownloadBlockAndTheRecords)
+{
+    ClickOn("sscommand10");
+    EXPECT_EQ(Edit("Text2").text(), "02");
+    EXPECT_EQ(Edit("Text3").text(), "CLIENT 2");
+    ClickOn("sscommand9");
+    EXPECT_EQ(Edit("Text3").text(), "CLIENT 1");
+    ClickOn("sscommand11");
+    EXPECT_EQ(Edit("Text2").text(), "02");
+    EXPECT_EQ(Edit("Text3").text(), "CLIENT 1");
+    ClickTab(2);
+    ClickOn("Command1");
+    ClickOn("Command1");
+    ClickOn("Command2");
+    EXPECT_EQ(Edit("numblocco").text(), "02");
+}
+
+TEST_F(MainForm, RunsTheCommandsOfTheSetupTab)
+{
+    ClickTab(3);
+    unit.answers["H\r"] = "140423101530\r\n";
+    ClickOn("ssCommand3");
+    EXPECT_EQ(Edit("Text13a").text(), "23");
+    EXPECT_EQ(Edit("Text4a").text(), "30");
+    boxes.ExpectQuestion("ATTENTION: ACTIVATE CLOCK, WOULD YOU LIKE TO CONTINUE ?", true);
+    ClickOn("ssCommand4");
+    EXPECT_EQ(port.sent.back(), "G140423101530\r");
+    TypeInto("Text16rt", "05");
+    ClickOn("Command6scrivi");
+    EXPECT_EQ(port.sent.back(), "b000F05\r");
+    boxes.ExpectQuestion("ATTENTION: SET DEFAULT ZERO/GAIN, WOULD YOU LIKE TO CONTINUE ?", true);
+    ClickOn("Command13");
+    EXPECT_EQ(port.sent.back().substr(0, 6), "D1D000");
+}
+
+TEST_F(MainForm, RunsTheCommandsOfTheLeftColumn)
+{
+    const auto firstFrame = [this](const char* button) {
+        port.sent.clear();
+        ClickOn(button);
+        return port.sent.empty() ? std::string() : port.sent.at(1).substr(0, 6);
+    };
+    EXPECT_EQ(firstFrame("Command3"), "a00000");
+    EXPECT_EQ(firstFrame("Command8"), "a00000");
+    boxes.ExpectQuestion(
+        "ATTENTION: ALL BLOCKS MEMORY DATA WILL BE LOST, WOULD YOU LIKE TO CONTINUE ?", true);
+    EXPECT_EQ(firstFrame("Command6"), "C00000");
+    const char* const allBlock =
+        "ATTENTION: ALL BLOCK MEMORY DATA WILL BE LOST, WOULD YOU LIKE TO CONTINUE ?";
+    boxes.ExpectQuestion(allBlock, true);
+    EXPECT_EQ(firstFrame("sscommand6"), "C00000");
+    boxes.ExpectQuestion(allBlock, true);
+    EXPECT_EQ(firstFrame("ssCommand8"), "C00000");
+    boxes.ExpectQuestion(allBlock, true);
+    EXPECT_EQ(firstFrame("Command7"), "C00000");
+}
+
+TEST_F(MainForm, DownloadsTheBlockBehindItsButton)
+{
+    state.ReportFolder = folder.Path();
+    panel.command3d1.Enable();
+    ClickTab(2);
+    ClickOn("command3d1");
+    EXPECT_EQ(port.sent.at(1), "a00000\r");
+    EXPECT_TRUE(std::filesystem::exists(folder / "datiram.dat"));
+}
+
+TEST_F(MainForm, ChoosesThePortByClickAndByKey)
+{
+    EXPECT_TRUE(Button("ssOption1_0").isChecked());
+    ClickTab(3);
+    ClickOn("ssOption1_2");
+    EXPECT_EQ(state.ComPortNumber, 3);
+    EXPECT_EQ(panel.ssOption1.Selected(), 2);
+    PressKey(Qt::Key_Down);
+    EXPECT_EQ(state.ComPortNumber, 4);
+    EXPECT_TRUE(Button("ssOption1_3").isChecked());
+    EXPECT_FALSE(Button("ssOption1_2").isChecked());
+}
+
+TEST_F(MainForm, ShowsAPortChosenByTheProgram)
+{
+    panel.ssOption1.Select(1);
+    EXPECT_EQ(state.ComPortNumber, 2);
+    EXPECT_TRUE(Button("ssOption1_1").isChecked());
+    EXPECT_FALSE(Button("ssOption1_0").isChecked());
+}
+
+TEST_F(MainForm, AsksForTheNameOfAPortEachTimeItsTipShows)
+{
+    ClickTab(3);
+    QAbstractButton& option = Button("ssOption1_1");
+    const auto showTip = [&option] {
+        const QPoint at = option.rect().center();
+        QHelpEvent help(QEvent::ToolTip, at, option.mapToGlobal(at));
+        QApplication::sendEvent(&option, &help);
+        const QString shown = QToolTip::text();
+        QToolTip::hideText();
+        return shown;
+    };
+    EXPECT_EQ(showTip(), "device 2, answer 1");
+    EXPECT_EQ(showTip(), "device 2, answer 2");
+}
+
+TEST_F(MainForm, EndsTheProgramWhenClosedWithoutAskingAnything)
+{
+    TypeInto("Text7", "2");
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(end.Ended());
+    EXPECT_EQ(end.Status(), 0);
+    EXPECT_EQ(boxes.shown, 0);
+    EXPECT_EQ(StoredHeader(1).passo.View(), "0");
+}
+
+TEST_F(MainForm, EndsTheProgramWithABoxWhenAHandlerOutsideTheRuleFails)
+{
+    state.HeaderFilePath = folder / "missing" / "intestazione";
+    boxes.Expect("Run-time error: Path/File access error");
+    ClickOn("sscommand10");
+    EXPECT_TRUE(end.Ended());
+    EXPECT_EQ(end.Status(), 1);
+    ClickOn("Command11");
+    EXPECT_TRUE(forms.opened.empty());
+}
+
+class ServiceListTest : public WindowTest
+{
+protected:
+    QMenu& OpenList()
+    {
+        PressKey(Qt::Key_F12, Qt::ControlModifier);
+        return *window->findChild<QMenu*>("ServiceList");
+    }
+
+    void Choose(const char* text)
+    {
+        QMenu& list = OpenList();
+        for (QAction* action : list.actions())
+            if (action->text() == text)
+                QTest::mouseClick(&list, Qt::LeftButton, {}, list.actionGeometry(action).center());
+    }
+};
+
+TEST_F(ServiceListTest, OpensAtItsKeyAndMovesNothing)
+{
+    const QMenu& list = OpenList();
+    ASSERT_TRUE(list.isVisible());
+    std::vector<std::string> entries;
+    for (const QAction* action : list.actions()) {
+        if (action->isSeparator()) continue;
+        entries.push_back(action->text().toStdString());
+    }
+    EXPECT_EQ(entries, (std::vector<std::string>{"Database Tar Vex", "File", "Default", "Cartella",
+                                                 "Start Clock", "Serial port RS232", "Set Clock",
+                                                 "Delay for Automatic Cycle"}));
+    for (const char* hidden : {"Command9", "sscommand1", "sscommand5", "command3d3", "ssCommand2"})
+        EXPECT_TRUE(Named(hidden).isHidden()) << hidden;
+}
+
+TEST_F(ServiceListTest, RunsTheHandlersOfTheHiddenButtons)
+{
+    boxes.ExpectQuestion("ATTENTION: ACTIVATE CLOCK, WOULD YOU LIKE TO CONTINUE ?", true);
+    Choose("Start Clock");
+    EXPECT_EQ(port.sent.back(), "c\r");
+
+    Choose("Cartella");
+    EXPECT_EQ(fileDialog.shown, std::vector<std::string>{"save"});
+    EXPECT_TRUE(Button("command3d1").isEnabled());
+
+    fileDialog.choice = folder / "other";
+    Choose("Default");
+    EXPECT_EQ(std::filesystem::file_size(folder / "other"), 2310U);
+    EXPECT_FALSE(Button("sscommand9").isEnabled());
+
+    Choose("File");
+    EXPECT_EQ(fileDialog.InitDir, folder / "dati");
+    EXPECT_TRUE(Button("sscommand9").isEnabled());
+    EXPECT_EQ(Edit("Text3").text(), "CLIENT0 ");
+}
+
+TEST_F(ServiceListTest, LeavesTheFieldInWorkBeforeItsCommandRuns)
+{
+    TypeInto("Text5", "t");
+    const QMenu& list = OpenList();
+    EXPECT_EQ(panel.Text5.Text(), "t") << "opening a menu leaves no field";
+    EXPECT_TRUE(list.isVisible());
+    Choose("Cartella");
+    EXPECT_EQ(panel.Text5.Text(), "T   ");
+}
+
+TEST_F(ServiceListTest, ListsWhatIsNotBuiltAsDisabled)
+{
+    const std::pair<const char*, Command> rows[] = {
+        {"Database Tar Vex", Command::OpenDatabase},
+        {"File", Command::ChooseHeaderFile},
+        {"Serial port RS232", Command::ShowPortDialog},
+        {"Set Clock", Command::ShowClockDialog},
+        {"Delay for Automatic Cycle", Command::ShowDelayDialog},
+    };
+    const QMenu& list = OpenList();
+    for (const auto& [text, command] : rows) {
+        for (const QAction* action : list.actions()) {
+            if (action->text() != text) continue;
+            EXPECT_EQ(action->isEnabled(), IsBuilt(command)) << text;
+        }
+    }
+}
+
+TEST(MainFormBeforeItsLoad, ShowsTheFirstTextsAndChoosesThePortAtTheLoad)
+{
+    TemporaryFolder folder;
+    WorkingState state;
+    state.ComPortNumber = 0;
+    Panel panel;
+    HeaderStore headers(state, panel);
+    ScriptedBoxes boxes;
+    VirtualWorld world([] {});
+    ScriptedPort port;
+    RecordedForms forms;
+    PlannedFileDialog dialog;
+    CountedPortNames names;
+    ProgramEnd end;
+    Handlers handlers(end, boxes);
+    MainWindow window(
+        {panel, headers, {port, world, world, boxes, state, &panel}, forms, dialog, folder.Path()},
+        names, handlers, end);
+    const auto text = [&window](const char* name) {
+        return window.findChild<QLineEdit*>(name)->text();
+    };
+    EXPECT_EQ(text("Text8"), "2");
+    EXPECT_EQ(text("Text3"), "");
+    EXPECT_FALSE(window.findChild<QWidget*>("sscommand9")->isEnabled());
+
+    LoadMainForm(panel, state, headers, [&folder] { return folder.Path(); });
+    EXPECT_EQ(text("Text3"), "CLIENT 1");
+    EXPECT_EQ(text("Text12"), "hhmmss");
+    EXPECT_EQ(state.ComPortNumber, 1);
+    EXPECT_TRUE(window.findChild<QWidget*>("sscommand9")->isEnabled());
+}
+
+} // namespace
+
+} // namespace tarvex::tests
