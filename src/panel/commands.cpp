@@ -160,9 +160,12 @@ constexpr std::array kCommands = {
     CommandRow{Command::ChoosePort2, "ChoosePort", kPort, SelectPort<1>},
     CommandRow{Command::ChoosePort3, "ChoosePort", kPort, SelectPort<2>},
     CommandRow{Command::ChoosePort4, "ChoosePort", kPort, SelectPort<3>},
-    CommandRow{Command::ShowPortDialog, "ShowPortDialog", "", nullptr},
-    CommandRow{Command::ShowClockDialog, "ShowClockDialog", "", nullptr},
-    CommandRow{Command::ShowDelayDialog, "ShowDelayDialog", "", nullptr},
+    CommandRow{Command::ShowPortDialog, "ShowPortDialog", "panel/dialogs/port_dialog.cpp",
+               OnForms<&Forms::ShowPortDialog>},
+    CommandRow{Command::ShowClockDialog, "ShowClockDialog", "panel/dialogs/clock_dialog.cpp",
+               OnForms<&Forms::ShowClockDialog>},
+    CommandRow{Command::ShowDelayDialog, "ShowDelayDialog", "panel/dialogs/delay_dialog.cpp",
+               OnForms<&Forms::ShowDelayDialog>},
 };
 
 } // namespace

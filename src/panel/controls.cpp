@@ -26,7 +26,8 @@ bool LacksItsCommand(const ControlRow& row)
 
 QWidget& ParentOf(const ControlRow& row, QWidget& window)
 {
-    return row.parent == "Scaricodati" ? window : ControlNamed(window, row.parent);
+    auto* parent = window.findChild<QWidget*>(Literal(row.parent));
+    return parent != nullptr ? *parent : window;
 }
 
 /// Takes the focus before it acts, also when a shortcut or an assistive tool presses it: the rule

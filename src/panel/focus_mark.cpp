@@ -9,6 +9,7 @@ namespace tarvex::panel
 FocusMark::FocusMark(QWidget& window) : QFocusFrame(&window), window_(window)
 {
     setObjectName("FocusMark");
+    hide(); // a window without the keyboard has no control to mark
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* focused) { Follow(focused); });
 }

@@ -18,6 +18,18 @@ public:
 
     /// The manual, in whatever the desktop opens a web address with; no window of ours.
     virtual void OpenManual() = 0;
+
+    /// `Form1`, "Serial port RS232".
+    virtual void ShowPortDialog() = 0;
+
+    /// `Form2`, "Set Clock".
+    virtual void ShowClockDialog() = 0;
+
+    /// `Form3`, "Delay for Automatic Cycle".
+    virtual void ShowDelayDialog() = 0;
+
+    /// `Form4`, the survey database's panel.
+    virtual void ShowDatabasePanel() = 0;
 };
 
 } // namespace tarvex

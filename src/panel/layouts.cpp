@@ -162,37 +162,11 @@ void LayOutClockRow(QWidget& window, QGridLayout& grid, int row, Names names)
         grid.addWidget(&ControlNamed(window, name), row, column++);
 }
 
-void LayOutClock(QWidget& window)
-{
-    auto* grid = new QGridLayout(&ControlNamed(window, "Frame1a"));
-    grid->setHorizontalSpacing(10);
-    grid->setVerticalSpacing(kNear);
-    LayOutClockRow(
-        window, *grid, 0,
-        {"LabelDate", "LabelText13a", "Text13a", "LabelText1a", "Text1a", "LabelText2a", "Text2a"});
-    LayOutClockRow(
-        window, *grid, 1,
-        {"LabelTime", "LabelText14a", "Text14a", "LabelText3a", "Text3a", "LabelText4a", "Text4a"});
-    auto* buttons = Beside(window, {"ssCommand3", "ssCommand4", "ssCommand2"});
-    buttons->addStretch();
-    grid->addLayout(buttons, 2, 0, 1, -1);
-    grid->setColumnStretch(grid->columnCount(), 1);
-    grid->setRowStretch(grid->rowCount(), 1);
-    UseFixedWidth(window, {"Text13a", "Text1a", "Text2a", "Text14a", "Text3a", "Text4a"});
-}
-
 void LayOutSetup(QWidget& window)
 {
     LayOutGainZero(window);
-    FieldGrid parameters(window, "Frame1parametri");
-    parameters.Field("LabelText16rt", {"Text16rt"}, "HintText16rt");
-    parameters.Below({"Command6scrivi"});
-    parameters.Fill();
-    UseFixedWidth(window, {"Text16rt"});
-    auto* ports = new QVBoxLayout(&ControlNamed(window, "Frameserial"));
-    for (const char* name : {"ssOption1_0", "ssOption1_1", "ssOption1_2", "ssOption1_3"})
-        ports->addWidget(&ControlNamed(window, name), 0, Qt::AlignLeft);
-    ports->addStretch();
+    LayOutParameters(window);
+    LayOutPorts(window);
     LayOutClock(window);
 
     auto* grid = new QGridLayout(&ControlNamed(window, "Frame3"));
@@ -263,13 +237,54 @@ QLayout* WaitIndicator(QWidget& window)
 
 } // namespace
 
+void LayOutParameters(QWidget& window)
+{
+    FieldGrid parameters(window, "Frame1parametri");
+    parameters.Field("LabelText16rt", {"Text16rt"}, "HintText16rt");
+    parameters.Below({"Command6scrivi"});
+    parameters.Fill();
+    UseFixedWidth(window, {"Text16rt"});
+}
+
+void LayOutPorts(QWidget& window)
+{
+    auto* ports = new QVBoxLayout(&ControlNamed(window, "Frameserial"));
+    for (const char* name : {"ssOption1_0", "ssOption1_1", "ssOption1_2", "ssOption1_3"})
+        ports->addWidget(&ControlNamed(window, name), 0, Qt::AlignLeft);
+    ports->addStretch();
+}
+
+void LayOutClock(QWidget& window)
+{
+    auto* grid = new QGridLayout(&ControlNamed(window, "Frame1a"));
+    grid->setHorizontalSpacing(10);
+    grid->setVerticalSpacing(kNear);
+    LayOutClockRow(
+        window, *grid, 0,
+        {"LabelDate", "LabelText13a", "Text13a", "LabelText1a", "Text1a", "LabelText2a", "Text2a"});
+    LayOutClockRow(
+        window, *grid, 1,
+        {"LabelTime", "LabelText14a", "Text14a", "LabelText3a", "Text3a", "LabelText4a", "Text4a"});
+    auto* buttons = Beside(window, {"ssCommand3", "ssCommand4", "ssCommand2"});
+    buttons->addStretch();
+    grid->addLayout(buttons, 2, 0, 1, -1);
+    grid->setColumnStretch(grid->columnCount(), 1);
+    grid->setRowStretch(grid->rowCount(), 1);
+    UseFixedWidth(window, {"Text13a", "Text1a", "Text2a", "Text14a", "Text3a", "Text4a"});
+}
+
+void SizeButtons(QWidget& window)
+{
+    for (auto* button : window.findChildren<QPushButton*>())
+        button->setMinimumSize(button->sizeHint().width() + kWide, kButtonHeight);
+}
+
 void LayOut(QWidget& window)
 {
     LayOutHeader(window);
     LayOutDownload(window);
     LayOutSetup(window);
-    for (auto* button : window.findChildren<QPushButton*>())
-        button->setMinimumSize(button->sizeHint().width() + kWide, kButtonHeight);
+    SizeButtons(window);
     auto* grid = new QGridLayout(&window);
     grid->setHorizontalSpacing(kWide);
     grid->addLayout(LeftColumn(window), 0, 0);

@@ -8,6 +8,7 @@
 #include "panel/kept_press.h"
 #include "panel/layouts.h"
 #include "panel/look.h"
+#include "panel/noted_boxes.h"
 #include "panel/port_options.h"
 #include "panel/service_list.h"
 #include "panel/window_text.h"
@@ -22,34 +23,6 @@
 
 namespace tarvex::panel
 {
-
-namespace
-{
-
-/// Passes boxes on and remembers that there was one.
-class NotedBoxes final : public MessageBoxes
-{
-public:
-    explicit NotedBoxes(MessageBoxes& boxes) : boxes_(boxes) {}
-
-    void Critical(std::string_view text, std::string_view title) override
-    {
-        shown = true;
-        boxes_.Critical(text, title);
-    }
-    bool AskOkCancel(std::string_view text) override
-    {
-        shown = true;
-        return boxes_.AskOkCancel(text);
-    }
-
-    bool shown = false;
-
-private:
-    MessageBoxes& boxes_;
-};
-
-} // namespace
 
 /// What hangs on the controls: every event goes through the one door for handlers.
 class MainWindow::Parts

@@ -11,7 +11,9 @@ Program::Program(const std::filesystem::path& startFolder,
                  const std::filesystem::path& programFolder)
     : startFolder_(startFolder),
       finder_(startFolder),
-      sideForms_({state_, panel_, handlers_, boxes_, startFolder}, shell_, programFolder)
+      sideForms_({state_, panel_, handlers_, boxes_, startFolder},
+                 {headers_, {port_, pump_, timer_, boxes_, state_, nullptr}, handlers_, portNames_},
+                 shell_, programFolder)
 {
     QApplication::setQuitOnLastWindowClosed(false); // the splash goes before the main form comes
     end_.OnEnd([this] { QCoreApplication::exit(end_.Status()); });

@@ -246,7 +246,8 @@ TEST_F(FolderChooser, ReturnsToTheFirstDriveWhenTheChosenOneIsAway)
 TEST_F(FolderChooser, AsksOnceMoreAndEndsWhenTheFirstDriveIsAwayToo)
 {
     fs::create_directory(folder / "start");
-    panel::SideForms other({state, panel, handlers, boxes, folder / "start"}, shell, folder.Path());
+    panel::SideForms other({state, panel, handlers, boxes, folder / "start"}, dialogs, shell,
+                           folder.Path());
     other.ShowFolderChooser();
     fs::remove_all(folder / "start");
     fs::remove(home);

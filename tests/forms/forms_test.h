@@ -2,6 +2,7 @@
 
 #include "panel/forms/side_forms.h"
 #include "support/scripted_boxes.h"
+#include "support/scripted_unit.h"
 #include "support/temporary_folder.h"
 
 #include <QAbstractButton>
@@ -23,6 +24,13 @@ public:
     void Execute(const ShellRequest& request) override { requests.push_back(request); }
 
     std::vector<ShellRequest> requests;
+};
+
+/// Ports that are known by their numbers alone.
+class NumberedPorts : public PortNames
+{
+public:
+    std::string Describe(int number) override { return "port " + std::to_string(number); }
 };
 
 /// The side forms with a start folder of their own, below no main form.
@@ -59,7 +67,15 @@ protected:
     ProgramEnd end;
     Handlers handlers{end, boxes};
     RecordingShell shell;
-    panel::SideForms forms{{state, panel, handlers, boxes, folder.Path()}, shell, folder / "bin"};
+    HeaderStore headers{state, panel};
+    VirtualWorld world{[this] { CountTick(state); }};
+    ScriptedPort port;
+    ScriptedUnit unit{world, port};
+    NumberedPorts portNames;
+    panel::DialogContext dialogs{
+        headers, {port, world, world, boxes, state, &panel}, handlers, portNames};
+    panel::SideForms forms{
+        {state, panel, handlers, boxes, folder.Path()}, dialogs, shell, folder / "bin"};
 };
 
 } // namespace tarvex::tests

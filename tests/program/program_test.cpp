@@ -3,6 +3,8 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <stdexcept>
+
 namespace tarvex::tests
 {
 
@@ -41,7 +43,9 @@ void ProgramTest::StartAlone()
     if (!unit) std::filesystem::create_symlink(folder / "nowhere", folder / "com1");
     program = std::make_unique<Program>(folder.Path(), folder.Path());
     program->ShowMainForm();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(program->MainForm()));
+    if (!QTest::qWaitForWindowActive(program->MainForm())) {
+        throw std::runtime_error("the main form does not become active");
+    }
     operator_.emplace(program->MainForm());
 }
 

@@ -1,6 +1,9 @@
 #include "panel/forms/side_forms.h"
 
 #include "core/code_page.h"
+#include "panel/dialogs/clock_dialog.h"
+#include "panel/dialogs/delay_dialog.h"
+#include "panel/dialogs/port_dialog.h"
 #include "panel/forms/aboutus.h"
 #include "panel/forms/credits.h"
 #include "panel/forms/preloader.h"
@@ -27,8 +30,9 @@ void Open(QPointer<Form>& form, const Loader& load)
 }
 } // namespace
 
-SideForms::SideForms(const Form6::World& world, Shell& shell, std::filesystem::path programFolder)
-    : world_(world), shell_(shell), programFolder_(std::move(programFolder))
+SideForms::SideForms(const Form6::World& world, const DialogContext& dialogs, Shell& shell,
+                     std::filesystem::path programFolder)
+    : world_(world), dialogs_(dialogs), shell_(shell), programFolder_(std::move(programFolder))
 {
 }
 
@@ -37,6 +41,9 @@ SideForms::~SideForms()
     delete preloader_;
     delete aboutus_;
     delete form6_;
+    delete portDialog_;
+    delete clockDialog_;
+    delete delayDialog_;
 }
 
 void SideForms::ShowSplash(std::function<void()> next)
@@ -63,6 +70,21 @@ void SideForms::OpenManual()
     request.directory = code_page::Shown(programFolder_ / kManualName);
     request.showCommand = 0;
     shell_.Execute(request);
+}
+
+void SideForms::ShowPortDialog()
+{
+    Open(portDialog_, [this] { return new PortDialog(dialogs_, mainForm_); });
+}
+
+void SideForms::ShowClockDialog()
+{
+    Open(clockDialog_, [this] { return new ClockDialog(dialogs_, mainForm_); });
+}
+
+void SideForms::ShowDelayDialog()
+{
+    Open(delayDialog_, [this] { return new DelayDialog(dialogs_, mainForm_); });
 }
 
 } // namespace tarvex::panel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/shell.h"
+#include "panel/dialogs/settings_dialog.h"
 #include "panel/forms.h"
 #include "panel/forms/form6.h"
 
@@ -21,7 +22,8 @@ class SideForms final : public Forms
 {
 public:
     /// The manual's local name goes with `programFolder` into the request that opens it.
-    SideForms(const Form6::World& world, Shell& shell, std::filesystem::path programFolder);
+    SideForms(const Form6::World& world, const DialogContext& dialogs, Shell& shell,
+              std::filesystem::path programFolder);
     ~SideForms() override;
     SideForms(const SideForms&) = delete;
     SideForms& operator=(const SideForms&) = delete;
@@ -39,14 +41,23 @@ public:
     /// Asks the shell for the web copy of the manual. Nothing happens when that fails.
     void OpenManual() override;
 
+    void ShowPortDialog() override;
+    void ShowClockDialog() override;
+    void ShowDelayDialog() override;
+    void ShowDatabasePanel() override {}
+
 private:
     Form6::World world_;
+    DialogContext dialogs_;
     Shell& shell_;
     std::filesystem::path programFolder_;
     QPointer<QWidget> mainForm_;
     QPointer<Preloader> preloader_;
     QPointer<AboutUs> aboutus_;
     QPointer<Form6> form6_;
+    QPointer<QWidget> portDialog_;
+    QPointer<QWidget> clockDialog_;
+    QPointer<QWidget> delayDialog_;
 };
 
 } // namespace tarvex::panel

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "panel/dialogs/settings_dialog.h"
+#include "panel/port_options.h"
+
+#include <memory>
+
+namespace tarvex::panel
+{
+
+/// `Form1`, "Serial port RS232": the four port options, of which none is shown as the current
+/// choice.
+class PortDialog final : public SettingsDialog
+{
+public:
+    PortDialog(const DialogContext& context, QWidget* parent);
+
+private:
+    std::unique_ptr<PortOptions> options_;
+};
+
+} // namespace tarvex::panel

@@ -1,0 +1,60 @@
+#include "panel/dialogs/settings_dialog.h"
+
+#include "panel/box_edit.h"
+#include "panel/controls.h"
+#include "panel/layouts.h"
+#include "panel/look.h"
+#include "panel/window_text.h"
+
+#include <QAbstractButton>
+
+#include <utility>
+
+namespace tarvex::panel
+{
+
+SettingsDialog::SettingsDialog(const DialogContext& context, const char* name, const char* title,
+                               QWidget* parent)
+    : QWidget(parent, Qt::Dialog), context_(context)
+{
+    context_.line.indicator = nullptr;
+    setObjectName(name);
+    setWindowTitle(title);
+    setAttribute(Qt::WA_DeleteOnClose);
+    ApplyLook(*this);
+    context_.handlers.Run(
+        [this] { context_.headers.StorePanel(context_.line.state.CurrentBlock); });
+}
+
+SettingsDialog::~SettingsDialog()
+{
+    for (BoxEdit* edit : findChildren<BoxEdit*>())
+        edit->Detach();
+}
+
+void SettingsDialog::MakeFrame(std::string_view frame,
+                               const std::function<void(ControlRow&)>& adapt)
+{
+    for (ControlRow row : ControlTable()) {
+        if (row.name != frame && row.parent != frame) continue;
+        adapt(row);
+        MakeControl(row, *boxes_, *this);
+    }
+    SizeButtons(*this);
+}
+
+void SettingsDialog::OnClick(const char* button, std::function<void()> command)
+{
+    connect(findChild<QAbstractButton*>(button), &QAbstractButton::clicked, this,
+            [this, command = std::move(command)] { context_.handlers.Run(command); });
+}
+
+void SettingsDialog::OnClickOnLine(const char* button, std::function<void(DeviceLink&)> command)
+{
+    OnClick(button, [this, command = std::move(command)] {
+        DeviceLink link(context_.line);
+        command(link);
+    });
+}
+
+} // namespace tarvex::panel
