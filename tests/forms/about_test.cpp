@@ -112,6 +112,19 @@ TEST_F(About, IsLoadedAnewAlsoWhileTheClosedOneStillLives)
     EXPECT_TRUE(Window("aboutus").isVisible());
 }
 
+TEST_F(About, IsDressedOnceALoad)
+{
+    std::vector<QString> dressed;
+    forms.Dress([&](QWidget& form) { dressed.push_back(form.objectName()); });
+    forms.ShowAbout();
+    EXPECT_TRUE(dressed.empty());
+    Press("aboutus", "btnclose");
+    forms.ShowAbout();
+    forms.ShowFolderChooser();
+    forms.ShowSplash([] {});
+    EXPECT_EQ(dressed, (std::vector<QString>{"aboutus", "Form6", "preloader"}));
+}
+
 TEST_F(About, GoesWithTheMainFormThatItStandsAbove)
 {
     Press("aboutus", "btnclose");

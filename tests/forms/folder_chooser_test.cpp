@@ -12,7 +12,10 @@
 #include <QTest>
 #include <QTreeView>
 
+#include <cerrno>
 #include <filesystem>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace tarvex::tests
 {
@@ -256,6 +259,20 @@ TEST_F(FolderChooser, AsksOnceMoreAndEndsWhenTheFirstDriveIsAwayToo)
     QTest::keyClick(&Drive1(), Qt::Key_Down);
     EXPECT_EQ(boxes.shown, 2);
     EXPECT_EQ(Drive1().currentIndex(), 0);
+}
+
+TEST_F(FolderChooser, OpensNoFileOfTheFoldersThatItShows)
+{
+    fs::create_directories(dati / "A");
+    WriteFile(dati / "report", "of no known ending");
+    const int watch = inotify_init1(IN_NONBLOCK);
+    ASSERT_GE(inotify_add_watch(watch, (dati / "report").c_str(), IN_OPEN), 0);
+    forms.ShowFolderChooser();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Model().rowCount(Dir1().currentIndex()) == 1; }));
+    inotify_event opened{};
+    EXPECT_EQ(read(watch, &opened, sizeof opened), -1);
+    EXPECT_EQ(errno, EAGAIN);
+    close(watch);
 }
 
 TEST_F(FolderChooser, KeepsTheFolderInViewWhileItsNeighboursArrive)

@@ -19,6 +19,7 @@ namespace
 std::vector<std::string> Shown(const std::vector<Place>& places)
 {
     std::vector<std::string> shown;
+    shown.reserve(places.size());
     for (const Place& place : places)
         shown.push_back(place.name.string() + " = " + place.folder.string());
     return shown;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QTimerEvent>
@@ -44,6 +45,12 @@ TEST_F(Splash, HasNoFrameAndIsNotModal)
 {
     EXPECT_TRUE(Window("preloader").windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_FALSE(Window("preloader").isModal());
+}
+
+TEST_F(Splash, StandsInTheMiddleOfTheScreen)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_LE((Window("preloader").geometry().center() - screen.center()).manhattanLength(), 2);
 }
 
 TEST_F(Splash, RunsItsTimerFor2000MillisecondsFromTheLoadOn)

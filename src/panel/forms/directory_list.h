@@ -11,8 +11,9 @@
 namespace tarvex::panel
 {
 
-/// One picture for every folder: it shows on a machine without an icon theme too, and costs no look
-/// into the folder.
+/// One picture for every folder, on a machine without an icon theme too. It answers without a look
+/// at the disk: finding out a type by content opens every file there is, and never comes back from
+/// some of the system's own.
 class FolderIcons : public QAbstractFileIconProvider
 {
 public:
@@ -20,6 +21,7 @@ public:
 
     QIcon icon(IconType) const override { return icon_; }
     QIcon icon(const QFileInfo&) const override { return icon_; }
+    QString type(const QFileInfo&) const override { return {}; }
 
 private:
     QIcon icon_;

@@ -65,6 +65,9 @@ void Form6::Build()
     path_->setAccessibleName("Path of the folder");
     reason_->setObjectName("LabelReason");
     reason_->setWordWrap(true);
+    QFont strong = reason_->font();
+    strong.setBold(true);
+    reason_->setFont(strong);
 
     auto* rows = new QFormLayout;
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

@@ -82,9 +82,6 @@ void Preloader::Load()
     timer_->start();
     findChild<QLabel*>("Label1")->setText(QString("%1.%2").arg(kMajorVersion).arg(kMinorVersion));
     findChild<QLabel*>("Label2")->setText(FromSource(kFileDescription));
-    adjustSize();
-    if (const QScreen* screen = QGuiApplication::primaryScreen())
-        move(screen->availableGeometry().center() - rect().center());
 }
 
 void Preloader::OnTimer()
@@ -100,6 +97,15 @@ void Preloader::Unload()
     timer_->stop();
     hide();
     deleteLater();
+}
+
+// No window manager places a splash alike; it stands in the middle once its size is settled.
+void Preloader::showEvent(QShowEvent* event)
+{
+    adjustSize();
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
+    QWidget::showEvent(event);
 }
 
 void Preloader::closeEvent(QCloseEvent* event)

@@ -19,6 +19,7 @@ public:
     Preloader(Handlers& handlers, std::function<void()> next);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

@@ -16,18 +16,6 @@ namespace tarvex::panel
 namespace
 {
 constexpr const char* kManualName = "TARVEXmanuale.pdf";
-
-/// Raises the form if it is on view; else shows the one that `load` makes. A form that was closed
-/// in this pass of events may still be there: it is not on view, and is left to its end.
-template <class Form, class Loader>
-void Open(QPointer<Form>& form, const Loader& load)
-{
-    if (form.isNull() || !form->isVisible()) form = load();
-    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
-    form->show();
-    form->raise();
-    form->activateWindow();
-}
 } // namespace
 
 SideForms::SideForms(const Form6::World& world, const DialogContext& dialogs, Shell& shell,
@@ -46,9 +34,25 @@ SideForms::~SideForms()
     delete delayDialog_;
 }
 
+// Raises the form if it is on view; else shows the one that `load` makes. A form that was closed in
+// this pass of events may still be there: it is not on view, and is left to its end.
+template <class Form, class Loader>
+void SideForms::Open(QPointer<Form>& form, const Loader& load)
+{
+    if (form.isNull() || !form->isVisible()) {
+        form = load();
+        look_(*form);
+    }
+    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
+
 void SideForms::ShowSplash(std::function<void()> next)
 {
     preloader_ = new Preloader(world_.handlers, std::move(next));
+    look_(*preloader_);
     preloader_->show();
 }
 

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <utility>
 
 namespace tarvex::panel
 {
@@ -32,6 +33,9 @@ public:
     /// next opening, not this object.
     void StandAbove(QWidget* mainForm) { mainForm_ = mainForm; }
 
+    /// Run on each form when it is loaded: gives it the look of the main form.
+    void Dress(std::function<void(QWidget&)> look) { look_ = std::move(look); }
+
     /// Shows the splash; `next` is run when its time is over, and shows the main form.
     void ShowSplash(std::function<void()> next);
 
@@ -47,11 +51,15 @@ public:
     void ShowDatabasePanel() override {}
 
 private:
+    template <class Form, class Loader>
+    void Open(QPointer<Form>& form, const Loader& load);
+
     Form6::World world_;
     DialogContext dialogs_;
     Shell& shell_;
     std::filesystem::path programFolder_;
     QPointer<QWidget> mainForm_;
+    std::function<void(QWidget&)> look_ = [](QWidget&) {};
     QPointer<Preloader> preloader_;
     QPointer<AboutUs> aboutus_;
     QPointer<Form6> form6_;
