@@ -187,7 +187,7 @@ TEST_F(FolderChooser, ShowsAFolderThatCannotBeWrittenButDoesNotLetItBeChosen)
     EXPECT_EQ(ShownPath(), folder / "archive");
     EXPECT_FALSE(Ok().isEnabled());
     EXPECT_FALSE(Control<QPushButton>("Form6", "NewFolder").isEnabled());
-    EXPECT_EQ(Reason(), "Reports cannot be written in this folder: choose another.");
+    EXPECT_EQ(Reason(), "Reports cannot be written in this folder.");
     QTest::keyClick(&Dir1(), Qt::Key_Return);
     EXPECT_TRUE(Window("Form6").isVisible());
     ExpectNothingChosen();
@@ -210,7 +210,7 @@ TEST_F(FolderChooser, RefusesAFolderThatTakesNothingThoughItsRightsSaySo)
     QTest::keyClick(&Dir1(), Qt::Key_Return);
     EXPECT_TRUE(Window("Form6").isVisible());
     EXPECT_FALSE(Ok().isEnabled());
-    EXPECT_EQ(Reason(), "Reports cannot be written in this folder: choose another.");
+    EXPECT_EQ(Reason(), "Reports cannot be written in this folder.");
     ExpectNothingChosen();
 }
 

@@ -22,7 +22,7 @@ namespace tarvex::panel
 
 namespace
 {
-constexpr const char* kNotWritable = "Reports cannot be written in this folder: choose another.";
+constexpr const char* kNotWritable = "Reports cannot be written in this folder.";
 constexpr const char* kNotMade = "The new folder could not be made.";
 
 bool MayBeWritten(const std::filesystem::path& folder)
@@ -79,7 +79,7 @@ void Form6::Build()
     layout->addWidget(Dir1, 1);
     layout->addWidget(reason_);
     layout->addLayout(Buttons());
-    resize(480, 440);
+    resize(560, 520);
     Dir1->setFocus();
 }
 

@@ -60,7 +60,7 @@ void Preloader::Build()
     auto* picture = new PictureBox(kSurveyPicture, kPictureWidth, this);
     picture->setObjectName("Image1");
     auto* description = NamedLabel("Label2", this);
-    Enlarge(description, 1.5);
+    Enlarge(description, 2);
     auto* version = NamedLabel("Label1", this);
     version->setAccessibleName("Version");
 
