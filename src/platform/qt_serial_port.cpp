@@ -54,7 +54,8 @@ private:
     void Configure();
     void Empty();
     void ResumeReading();
-    void OnError(QSerialPort::SerialPortError error);
+    void NoteError(QSerialPort::SerialPortError error);
+    void Recover();
     void LetGo();
 
     DeviceLock lock_;
@@ -75,7 +76,9 @@ QtSerialPort::Opening::Opening(const std::filesystem::path& device) : lock_(devi
     Empty();
     // Only from here on: opening, and a line that is refused, report errors that mean nothing.
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
-                     [this](QSerialPort::SerialPortError error) { OnError(error); });
+                     [this](QSerialPort::SerialPortError error) { NoteError(error); });
+    QObject::connect(
+        &port_, &QSerialPort::errorOccurred, &port_, [this] { Recover(); }, Qt::QueuedConnection);
 }
 
 /// Emptied first, for the system's close would wait until the last byte has left the line.
@@ -128,15 +131,19 @@ std::string QtSerialPort::Opening::TakeAll()
     return port_.readAll().toStdString();
 }
 
-/// The toolkit is still at work on the port while it reports, so that both answers are queued; they
-/// are dropped with the port itself.
-void QtSerialPort::Opening::OnError(QSerialPort::SerialPortError error)
+void QtSerialPort::Opening::NoteError(QSerialPort::SerialPortError error)
 {
-    if (error == QSerialPort::NoError || vanished_) return;
-    vanished_ = HasVanished(port_, error);
-    const auto answer = vanished_ ? &Opening::LetGo : &Opening::ResumeReading;
-    QMetaObject::invokeMethod(
-        &port_, [this, answer] { (this->*answer)(); }, Qt::QueuedConnection);
+    if (error != QSerialPort::NoError && !vanished_) vanished_ = HasVanished(port_, error);
+}
+
+/// Queued, for the toolkit is still at work on the port while it reports; dropped with the port.
+void QtSerialPort::Opening::Recover()
+{
+    if (vanished_) {
+        LetGo();
+    } else {
+        ResumeReading();
+    }
 }
 
 /// The lock as well: while anything of ours is open on a pulled adapter, its number stays taken and

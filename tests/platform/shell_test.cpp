@@ -28,8 +28,7 @@ public:
 
     QList<QUrl> opened;
 
-public slots:
-    void Take(const QUrl& url) { opened.push_back(url); }
+    Q_INVOKABLE void Take(const QUrl& url) { opened.push_back(url); }
 };
 
 namespace
