@@ -139,6 +139,17 @@ TEST_F(HandlersTest, AFailingNestedHandlerEndsTheProgramAndReturnsToTheOuterOne)
     EXPECT_TRUE(end.Ended());
 }
 
+TEST_F(HandlersTest, TheEndOfTheProgramUnderTheBoxOfAFailureComesOutSilently)
+{
+    boxes.Expect("Run-time error: Bad file name", [&] {
+        end.End(0);
+        throw ProgramEnded();
+    });
+    handlers.Run(Fail);
+    EXPECT_TRUE(end.Ended());
+    EXPECT_EQ(end.Status(), 0);
+}
+
 TEST(ProgramEnd, OnlyTheFirstEndCounts)
 {
     ProgramEnd end;

@@ -1,0 +1,306 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+/// What the files of a folder may include besides their own folder and the standard library. An
+/// entry that ends in "/" is a folder, any other a single header.
+struct Room {
+    std::string_view folder;
+    std::vector<std::string_view> mayInclude;
+    bool toolkit = false; ///< Qt and the system's own headers
+};
+
+/// The plan of the house: an arrow never points up. What is not in it belongs nowhere.
+const std::vector<Room>& Plan()
+{
+    static const std::vector<Room> plan = {
+        {"src/core", {}},
+        {"src/link", {"core/"}},
+        {"src/blocks", {"core/", "link/"}},
+        {"src/download", {"core/", "link/"}},
+        {"src/settings", {"core/", "link/"}},
+        {"src/database", {"core/"}},
+        {"src/panel/field_rules", {"core/"}}, // rules over the panel's boxes, without any window
+        {"src/panel", {"core/", "link/", "blocks/", "download/", "settings/", "database/"}, true},
+        {"src/platform",
+         {"core/", "database/criterion.h", "database/record_set.h", "database/survey_fields.h",
+          "database/value.h"},
+         true},
+        {"src/program",
+         {"core/", "link/", "blocks/", "download/", "settings/", "database/", "panel/",
+          "platform/"},
+         true},
+        {"src/main.",
+         {"core/", "link/", "blocks/", "download/", "settings/", "database/", "panel/", "platform/",
+          "program/"},
+         true},
+        {"unit", {}, true},
+    };
+    return plan;
+}
+
+/// The room of a file, by its path from the top of the project; null for a path without one. The
+/// first that fits counts.
+const Room* RoomOf(std::string_view path)
+{
+    const auto& plan = Plan();
+    const auto room = std::find_if(plan.begin(), plan.end(), [&](const Room& candidate) {
+        return path.starts_with(candidate.folder);
+    });
+    return room == plan.end() ? nullptr : &*room;
+}
+
+/// The folder that a file's own includes begin with: "core/" for "src/core/panel.h".
+std::string OwnFolder(std::string_view path)
+{
+    if (path.starts_with("src/")) path.remove_prefix(4);
+    return std::string(path.substr(0, path.find('/') + 1));
+}
+
+bool IsOfTheStandardLibrary(std::string_view header)
+{
+    return header.find_first_not_of("abcdefghijklmnopqrstuvwxyz_0123456789") ==
+           std::string_view::npos;
+}
+
+/// The toolkit's and the system's headers: a capital first, or a ".h" that is not the project's.
+bool IsOfTheToolkit(std::string_view header, bool quoted)
+{
+    const bool capital = !header.empty() && header.front() >= 'A' && header.front() <= 'Z';
+    return capital || (!quoted && header.ends_with(".h"));
+}
+
+bool IsOfTheProject(std::string_view header)
+{
+    static const std::vector<std::string_view> folders = {
+        "core/",     "link/",  "blocks/",   "download/", "settings/",
+        "database/", "panel/", "platform/", "program/",  "unit/"};
+    return std::any_of(folders.begin(), folders.end(),
+                       [&](std::string_view folder) { return header.starts_with(folder); });
+}
+
+bool MayInclude(const Room& room, std::string_view path, std::string_view header, bool quoted)
+{
+    if (header.find("..") != std::string_view::npos || header.starts_with("/")) return false;
+    if (IsOfTheProject(header)) {
+        if (header.starts_with(OwnFolder(path))) return true;
+        return std::any_of(
+            room.mayInclude.begin(), room.mayInclude.end(), [&](std::string_view allowed) {
+                return allowed.ends_with('/') ? header.starts_with(allowed) : header == allowed;
+            });
+    }
+    if (IsOfTheToolkit(header, quoted)) return room.toolkit;
+    if (quoted) return header.find('/') == std::string_view::npos; // beside the file itself
+    return IsOfTheStandardLibrary(header);
+}
+
+/// What a source of that path must not say, one complaint an include.
+std::vector<std::string> Complaints(const std::string& path, const std::string& source)
+{
+    const Room* room = RoomOf(path);
+    if (room == nullptr) return {path + " lies in no room of the plan"};
+
+    static const std::regex directive(R"(^\s*#\s*include\s*(.*)$)");
+    static const std::regex readable(R"(^(["<])([^">]+)[">].*$)");
+    std::vector<std::string> complaints;
+    std::istringstream lines(source);
+    for (std::string line; std::getline(lines, line);) {
+        std::smatch found;
+        if (!std::regex_match(line, found, directive)) continue;
+        const std::string operand = found[1];
+        std::smatch name;
+        const bool allowed = std::regex_match(operand, name, readable) &&
+                             MayInclude(*room, path, name[2].str(), name[1] == "\"");
+        if (!allowed) complaints.push_back(path + " includes " + operand);
+    }
+    return complaints;
+}
+
+/// Libraries of the project that a folder's list of links names and its room may not include.
+std::vector<std::string> LinkComplaints(const std::string& path, const std::string& list)
+{
+    const Room* room = RoomOf(path);
+    if (room == nullptr) return {path + " lies in no room of the plan"};
+
+    static const std::regex library(R"(tarvex::(\w+))");
+    std::vector<std::string> complaints;
+    for (auto found = std::sregex_iterator(list.begin(), list.end(), library);
+         found != std::sregex_iterator(); ++found) {
+        const std::string folder = (*found)[1].str() + "/";
+        if (!IsOfTheProject(folder) || folder == OwnFolder(path)) continue;
+        const bool allowed =
+            std::any_of(room->mayInclude.begin(), room->mayInclude.end(),
+                        [&](std::string_view entry) { return entry.starts_with(folder); });
+        if (!allowed) complaints.push_back(path + " links " + found->str());
+    }
+    return complaints;
+}
+
+std::string Read(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file.is_open()) << path;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The files below src/ and unit/ whose names end so, by their paths from the top of the project.
+std::vector<std::string> FilesOfTheProject(const std::vector<std::string_view>& endings)
+{
+    const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
+    std::vector<std::string> files;
+    for (const std::string_view folder : {"src", "unit"}) {
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(top / folder)) {
+            const std::string name = entry.path().lexically_relative(top).generic_string();
+            if (std::any_of(endings.begin(), endings.end(),
+                            [&](std::string_view ending) { return name.ends_with(ending); }))
+                files.push_back(name);
+        }
+    }
+    return files;
+}
+
+TEST(Architecture, EveryFileIncludesOnlyWhatItsRoomMay)
+{
+    const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
+    for (const std::string& file : FilesOfTheProject({".h", ".cpp", ".in", ".hpp", ".cc"}))
+        EXPECT_THAT(Complaints(file, Read(top / file)), ::testing::IsEmpty());
+}
+
+TEST(Architecture, EveryFolderLinksOnlyWhatItsRoomMay)
+{
+    const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
+    for (const std::string& list : FilesOfTheProject({"CMakeLists.txt"})) {
+        if (list == "src/CMakeLists.txt") continue; // names all folders, and links none
+        EXPECT_THAT(LinkComplaints(list, Read(top / list)), ::testing::IsEmpty());
+    }
+}
+
+TEST(Architecture, LooksAtTheSourcesThatThereAre)
+{
+    const std::vector<std::string> files = FilesOfTheProject({".h", ".cpp"});
+    for (const std::string file : {"src/core/panel.h", "src/link/device_link.cpp",
+                                   "src/blocks/read_block.cpp", "src/download/block_download.cpp"})
+        EXPECT_THAT(files, ::testing::Contains(file));
+}
+
+struct Example {
+    std::string name;
+    std::string path;
+    std::string line;
+};
+
+struct ExampleName {
+    template <class Info>
+    std::string operator()(const Info& info) const
+    {
+        return info.param.name;
+    }
+};
+
+class BadIncludeTest : public ::testing::TestWithParam<Example>
+{
+};
+
+TEST_P(BadIncludeTest, IsComplainedOf)
+{
+    const std::string source = "#pragma once\n\n" + GetParam().line + "\nint x;\n";
+    EXPECT_EQ(Complaints(GetParam().path, source).size(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, BadIncludeTest,
+    ::testing::Values(
+        Example{"ToolkitInCore", "src/core/panel.h", "#include <QString>"},
+        Example{"ToolkitInLink", "src/link/device_link.cpp", "#include <QTimer>"},
+        Example{"ToolkitInQuotes", "src/core/panel.h", "#include \"QString\""},
+        Example{"ToolkitByItsModule", "src/blocks/set_all.cpp", "#include <QtCore/QString>"},
+        Example{"ToolkitInTheFieldRules", "src/panel/field_rules.cpp", "#include <QLineEdit>"},
+        Example{"WindowInTheFieldRules", "src/panel/field_rules.cpp",
+                "#include \"link/device_link.h\""},
+        Example{"SystemInCore", "src/core/record_file.cpp", "#include <unistd.h>"},
+        Example{"SystemFolderInLink", "src/link/device_link.cpp", "#include <sys/file.h>"},
+        Example{"CoreUpwards", "src/core/start_up.cpp", "#include \"link/device_link.h\""},
+        Example{"LinkUpwards", "src/link/device_link.h", "#include \"blocks/read_block.h\""},
+        Example{"AnotherCommandsFolder", "src/blocks/read_block.cpp",
+                "#include \"download/block_download.h\""},
+        Example{"AnotherCommandsFolderBack", "src/download/block_download.cpp",
+                "#include \"settings/clock.h\""},
+        Example{"SettingsIntoBlocks", "src/settings/clock.cpp", "#include \"blocks/set_block.h\""},
+        Example{"DatabaseOnTheLine", "src/database/read_headers.cpp",
+                "#include \"link/device_link.h\""},
+        Example{"CommandOntoThePanel", "src/blocks/set_all.cpp",
+                "#include \"panel/main_window.h\""},
+        Example{"PanelOntoThePlatform", "src/panel/main_window.cpp",
+                "#include \"platform/qt_serial_port.h\""},
+        Example{"PlatformOntoTheLink", "src/platform/qt_serial_port.cpp",
+                "#include \"link/device_link.h\""},
+        Example{"PlatformBehindTheInterface", "src/platform/sqlite/rows.cpp",
+                "#include \"database/read_headers.h\""},
+        Example{"PlatformOntoThePanel", "src/platform/qt_shell.cpp",
+                "#include \"panel/commands.h\""},
+        Example{"PanelOntoTheProgram", "src/panel/main_window.cpp",
+                "#include \"program/program.h\""},
+        Example{"UnitIntoTheProgram", "unit/memory.cpp", "#include \"core/block_header.h\""},
+        Example{"ProgramIntoTheUnit", "src/core/panel.cpp", "#include \"unit/memory.h\""},
+        Example{"ProjectInAngles", "src/core/panel.cpp", "#include <link/device_link.h>"},
+        Example{"ARoundaboutPath", "src/core/panel.cpp", "#include \"../link/device_link.h\""},
+        Example{"ThroughTheOwnFolder", "src/core/panel.cpp",
+                "#include \"core/../link/device_link.h\""},
+        Example{"AnAbsolutePath", "src/core/panel.cpp", "#include \"/usr/include/stdio.h\""},
+        Example{"OddSpacing", "src/core/panel.cpp", "  #  include<QString>"},
+        Example{"BehindAMacro", "src/core/panel.cpp", "#include HEADER"},
+        Example{"ATestsFolder", "src/core/panel.cpp", "#include \"support/logic_test.h\""},
+        Example{"ARoomThatIsNotInThePlan", "src/extras/notes.cpp", "#include <string>"}),
+    ExampleName());
+
+class GoodIncludeTest : public ::testing::TestWithParam<Example>
+{
+};
+
+TEST_P(GoodIncludeTest, IsNotComplainedOf)
+{
+    EXPECT_THAT(Complaints(GetParam().path, GetParam().line), ::testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, GoodIncludeTest,
+    ::testing::Values(
+        Example{"StandardLibrary", "src/core/panel.h", "#include <string_view>"},
+        Example{"OwnFolder", "src/core/panel.cpp", "#include \"core/panel.h\""},
+        Example{"Downwards", "src/blocks/set_all.cpp", "#include \"link/device_link.h\""},
+        Example{"ToolkitInTheWindow", "src/panel/main_window.h", "#include <QMainWindow>"},
+        Example{"SystemInThePlatform", "src/platform/device_lock.cpp", "#include <sys/file.h>"},
+        Example{"Interface", "src/platform/sqlite/rows.cpp",
+                "#include \"database/record_set.h\" // the handle"},
+        Example{"FieldRules", "src/panel/field_rules.cpp", "#include \"panel/field_rules.h\""},
+        Example{"WholeProgram", "src/main.cpp", "#include \"program/program.h\""},
+        Example{"Unit", "unit/memory.cpp", "#include \"unit/memory.h\""},
+        Example{"NoInclude", "src/core/panel.cpp", "// #include <QString>"}),
+    ExampleName());
+
+TEST(Architecture, ALinkUpwardsIsComplainedOf)
+{
+    EXPECT_EQ(LinkComplaints("src/core/CMakeLists.txt", "LINKS tarvex::link)").size(), 1U);
+    EXPECT_EQ(LinkComplaints("src/blocks/CMakeLists.txt", "tarvex::link tarvex::download").size(),
+              1U);
+    EXPECT_EQ(LinkComplaints("unit/CMakeLists.txt", "tarvex::core").size(), 1U);
+    EXPECT_THAT(LinkComplaints("src/blocks/CMakeLists.txt", "tarvex::link tarvex::options"),
+                ::testing::IsEmpty());
+}
+
+} // namespace
+} // namespace tarvex::tests
