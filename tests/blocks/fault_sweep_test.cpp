@@ -1,0 +1,59 @@
+#include "blocks/fault_sweep.h"
+
+#include "support/logic_test.h"
+
+#include <algorithm>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+class FaultSweepTest : public ::testing::TestWithParam<SweptCommand>
+{
+};
+
+/// Every wake of the first two blocks, and then every page somewhere among the others: the three
+/// hundred wakes of Read All Blocks are thirty times the same ten.
+int NextWake(int wake, const SweptCommand& command)
+{
+    constexpr int kStride = 7;
+    return wake < 40 ? wake + 1 : std::min(wake + kStride, command.wakes + 1);
+}
+
+std::string FaultName(Fault fault)
+{
+    constexpr const char* kNames[] = {"silent",      "adapter pulled", "wrong answer", "doubled",
+                                      "long answer", "port closed",    "port missing"};
+    return kNames[static_cast<std::size_t>(fault)];
+}
+
+TEST_P(FaultSweepTest, LeavesWhatItShouldWhereverAFaultStrikes)
+{
+    const SweptCommand& command = GetParam();
+    for (const Fault fault : kFaults) {
+        if (fault == Fault::PortGone) continue;
+        int wake = 1;
+        bool struck = true;
+        while (struck && !HasFailure()) {
+            SCOPED_TRACE(FaultName(fault) + " at wake " + std::to_string(wake));
+            struck = RunAndCompare(command, {fault, wake});
+            EXPECT_EQ(struck, wake <= command.wakes);
+            if (struck) wake = NextWake(wake, command);
+        }
+    }
+}
+
+TEST_P(FaultSweepTest, LeavesWhatItShouldWhenThePortCannotBeOpened)
+{
+    EXPECT_FALSE(RunAndCompare(GetParam(), {Fault::PortGone, 1}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, FaultSweepTest,
+                         ::testing::Values(kReadBlock, kReadAllBlocks, kSetBlock, kSetAll,
+                                           kResetBlock, kTotalReset, kResetGainZero,
+                                           kBlockDownload),
+                         RowName());
+
+} // namespace
+} // namespace tarvex::tests
