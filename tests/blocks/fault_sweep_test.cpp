@@ -13,12 +13,15 @@ class FaultSweepTest : public ::testing::TestWithParam<SweptCommand>
 {
 };
 
-/// Every wake of the first two blocks, and then every page somewhere among the others: the three
-/// hundred wakes of Read All Blocks are thirty times the same ten.
+/// Every wake of a short command. Of the three hundred of Read All Blocks, which are thirty times
+/// the same ten, those of the first two blocks and then every page somewhere among the others.
 int NextWake(int wake, const SweptCommand& command)
 {
-    constexpr int kStride = 7;
-    return wake < 40 ? wake + 1 : std::min(wake + kStride, command.wakes + 1);
+    constexpr int kShort = 40;
+    constexpr int kTwoBlocks = 20;
+    constexpr int kStride = 27;
+    if (command.wakes <= kShort || wake < kTwoBlocks) return wake + 1;
+    return std::min(wake + kStride, command.wakes + 1);
 }
 
 std::string FaultName(Fault fault)
