@@ -44,7 +44,7 @@ public:
         new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F12), &window_, [list] { list->PopUp(); });
         new FocusMark(window_);
         ControlNamed(window_, "Text2").setFocus();
-        window_.resize(window_.sizeHint().expandedTo({920, 560}));
+        window_.resize(window_.sizeHint().expandedTo({920, 540}));
     }
 
     ~Parts()

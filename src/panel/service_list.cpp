@@ -1,6 +1,7 @@
 #include "panel/service_list.h"
 
 #include "panel/control_table.h"
+#include "panel/look.h"
 #include "panel/window_text.h"
 
 #include <array>
@@ -29,6 +30,7 @@ constexpr std::array kDialogs = {
 
 ServiceList::ServiceList(QWidget* parent, const std::function<void(Command)>& run) : QMenu(parent)
 {
+    ApplyLook(*this);
     setObjectName("ServiceList");
     setAccessibleName("Service list");
     const auto add = [&](std::string_view text, Command command) {
