@@ -42,6 +42,12 @@ std::size_t FieldIndex(std::string_view name)
     return static_cast<std::size_t>(found - kSurveyFields.begin());
 }
 
+Value StoredForm(std::size_t field, const Value& value)
+{
+    const bool keptAsNumber = kSurveyFields.at(field) == kReadoutField;
+    return value.Number() == nullptr || keptAsNumber ? value : Value(TextOf(value));
+}
+
 std::string Folded(std::string_view text)
 {
     std::string folded(text);

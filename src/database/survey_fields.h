@@ -1,5 +1,7 @@
 #pragma once
 
+#include "database/value.h"
+
 #include <array>
 #include <cstddef>
 #include <string>
@@ -34,6 +36,10 @@ std::string_view SlotName(int slot);
 /// Where `name` stands in kSurveyFields, without regard to the case of A to Z. Fails when it is no
 /// field.
 std::size_t FieldIndex(std::string_view name);
+
+/// What the field of that index keeps of `value`: a number stays one in `nlet` only, elsewhere it
+/// becomes its plain form.
+Value StoredForm(std::size_t field, const Value& value);
 
 /// `text` with the letters a to z, and no others, as capitals: two texts that differ in nothing
 /// else are the same to a look-up.

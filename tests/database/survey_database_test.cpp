@@ -1,0 +1,72 @@
+#include "database/survey_test.h"
+
+namespace tarvex::tests
+{
+namespace
+{
+
+TEST_F(SurveyTest, TheDatabaseLiesInTheCurrentDirectoryOfTheLoad)
+{
+    LoadDatabaseForm(survey, [&] { return folder / "elsewhere"; });
+    EXPECT_EQ(survey.DatabasePath, folder / "elsewhere" / "tar_vex.mdb");
+}
+
+TEST_F(SurveyTest, WithoutACurrentDirectoryThePathStays)
+{
+    Click([&] {
+        LoadDatabaseForm(survey, []() -> std::filesystem::path { throw RunTimeFailure("gone"); });
+    });
+    EXPECT_EQ(survey.DatabasePath, folder / "tar_vex.mdb");
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(SurveyTest, EveryCallOnAHandleThatWasNeverSetFails)
+{
+    SurveyHandle& table = survey.SurveyTable;
+    EXPECT_THROW(table.Eof(), RunTimeFailure);
+    EXPECT_THROW(table.Fields("b"), RunTimeFailure);
+    EXPECT_THROW(table.OpenRecordset(), RunTimeFailure);
+    EXPECT_THROW(table.SetFilter(""), RunTimeFailure);
+    EXPECT_THROW(table.MoveFirst(), RunTimeFailure);
+    EXPECT_THROW(table.MoveNext(), RunTimeFailure);
+    EXPECT_THROW(table.AddNew(), RunTimeFailure);
+    EXPECT_THROW(table.Edit(), RunTimeFailure);
+    EXPECT_THROW(table.Update(), RunTimeFailure);
+    EXPECT_THROW(table.SetField("b", ""), RunTimeFailure);
+    EXPECT_THROW(table.Close(), RunTimeFailure);
+}
+
+TEST_F(SurveyTest, ATableThatDoesNotOpenLeavesNoHandleOfTheTimeBefore)
+{
+    survey.OpenTable();
+    EXPECT_TRUE(survey.SurveyTable.Eof());
+    engine.fails = [](int, const std::string&) { return true; };
+    bool failed = false;
+    SkipOnError rule(failed);
+    survey.OpenTable();
+    EXPECT_TRUE(failed);
+    EXPECT_THROW(survey.SurveyTable.Eof(), RunTimeFailure);
+}
+
+TEST_F(SurveyTest, ATestThatFailsCountsAsPassedUnderTheRule)
+{
+    bool failed = false;
+    SkipOnError rule(failed);
+    EXPECT_TRUE(Holds([] { return true; }));
+    EXPECT_FALSE(Holds([] { return false; }));
+    EXPECT_TRUE(Holds([] { return Truth::True; }));
+    EXPECT_FALSE(Holds([] { return Truth::False; }));
+    EXPECT_FALSE(Holds([] { return Truth::Unknown; }));
+    EXPECT_FALSE(failed);
+    EXPECT_TRUE(Holds([]() -> bool { throw RunTimeFailure("on purpose"); }));
+    EXPECT_TRUE(failed);
+}
+
+TEST_F(SurveyTest, ATestThatFailsGoesUpWithoutTheRule)
+{
+    LetFailuresGoUp rule;
+    EXPECT_THROW(Holds([]() -> bool { throw RunTimeFailure("on purpose"); }), RunTimeFailure);
+}
+
+} // namespace
+} // namespace tarvex::tests
