@@ -1,0 +1,173 @@
+#include "database/survey_test.h"
+#include "sqlite/raw_database.h"
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using ::testing::ElementsAre;
+
+class DurabilityTest : public SurveyTest
+{
+protected:
+    /// Adds rows and changes them for ever, and sends one byte for each row that is done.
+    [[noreturn]] void WriteForEver(int acknowledge)
+    {
+        try {
+            const auto table = backend->OpenTable(survey.DatabasePath);
+            table->SetFilter("");
+            for (int number = 1;; ++number) {
+                AddAndChange(*table, std::to_string(number));
+                if (::write(acknowledge, "x", 1) != 1) ::_exit(1);
+            }
+        } catch (const RunTimeFailure&) {
+        }
+        ::_exit(2);
+    }
+
+    /// One update makes the row, a second one sets all its slots to one text.
+    void AddAndChange(RecordSet& table, const std::string& text)
+    {
+        table.AddNew();
+        table.SetField("cliente", text);
+        table.Update();
+        table.SetFilter("[cliente] = '" + text + "'");
+        const auto row = table.OpenRecordset();
+        row->Edit();
+        for (int slot = 0; slot < kSlotCount; ++slot)
+            row->SetField(SlotName(slot), text);
+        row->Update();
+    }
+
+    /// Rows that a writer had acknowledged when it was killed, `delay` microseconds after the
+    /// `acknowledged`-th.
+    int KillWriter(int acknowledged, unsigned delay)
+    {
+        std::array<int, 2> pipe{};
+        EXPECT_EQ(::pipe(pipe.data()), 0);
+        const pid_t writer = ::fork();
+        if (writer == 0) WriteForEver(pipe[1]);
+        ::close(pipe[1]);
+
+        int rows = 0;
+        char byte = 0;
+        while (rows < acknowledged && ::read(pipe[0], &byte, 1) == 1)
+            ++rows;
+        ::usleep(delay);
+        ::kill(writer, SIGKILL);
+        while (::read(pipe[0], &byte, 1) == 1)
+            ++rows;
+        ::close(pipe[0]);
+        int status = 0;
+        EXPECT_EQ(::waitpid(writer, &status, 0), writer);
+        EXPECT_TRUE(WIFSIGNALED(status));
+        return rows;
+    }
+};
+
+TEST_F(DurabilityTest, AWriterKilledAtAnyMomentLeavesWholeRowsAndAllItHadDone)
+{
+    for (unsigned round = 0; round < 25; ++round) {
+        std::filesystem::remove(survey.DatabasePath);
+        std::filesystem::remove(folder / "tar_vex.mdb-wal");
+        const int done = KillWriter(1 + static_cast<int>(round % 4), round * 173 % 2000);
+
+        const auto rows = Rows();
+        ASSERT_GE(static_cast<int>(rows.size()), done);
+        EXPECT_LE(static_cast<int>(rows.size()), done + 1);
+        for (int index = 0; index < static_cast<int>(rows.size()); ++index) {
+            const SurveyRow& row = rows[static_cast<std::size_t>(index)];
+            const std::string text = std::to_string(index + 1);
+            const bool changed = row.size() == 1U + kSlotCount;
+            EXPECT_TRUE(changed || (index >= done && row.size() == 1)) << row.size();
+            for (const auto& [name, value] : row)
+                EXPECT_EQ(value, text) << name;
+        }
+        EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"),
+                    ElementsAre("ok"));
+    }
+}
+
+TEST_F(DurabilityTest, AProgramThatMadeTheTableAndWasKilledLeavesADatabase)
+{
+    for (unsigned round = 0; round < 25; ++round) {
+        std::filesystem::remove(survey.DatabasePath);
+        KillWriter(0, round * 211);
+        AddRow({{"b", "5"}});
+        EXPECT_EQ(Rows().back(), (SurveyRow{{"b", "5"}}));
+    }
+}
+
+/// No file grows beyond that many bytes while it lives, as on a full disk.
+class FullDisk
+{
+public:
+    explicit FullDisk(std::uintmax_t bytes)
+    {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        handler_ = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit = before_;
+        limit.rlim_cur = bytes;
+        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    ~FullDisk()
+    {
+        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &before_), 0);
+        std::signal(SIGXFSZ, handler_);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int) = nullptr;
+};
+
+TEST_F(DurabilityTest, OnAFullDiskAnUpdateFailsAndTheRowsStay)
+{
+    AddRow({{"b", "5"}});
+    const auto table = backend->OpenTable(survey.DatabasePath);
+    table->Edit();
+    table->SetField("cliente", std::string(100000, 'x'));
+    {
+        FullDisk disk(std::filesystem::file_size(survey.DatabasePath));
+        EXPECT_THROW(table->Update(), RunTimeFailure);
+        EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+    }
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+    table->Update();
+    EXPECT_EQ(RowAt(0).at("cliente"), std::string(100000, 'x'));
+    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+}
+
+TEST_F(DurabilityTest, OnAFullDiskNoDatabaseIsMadeAndOneIsLater)
+{
+    {
+        FullDisk disk(1000);
+        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    }
+    AddRow({{"b", "5"}});
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+}
+
+TEST_F(DurabilityTest, ReadHeadersOnAFullDiskGoesThroughToItsGrid)
+{
+    AddRow({{"b", "5"}});
+    {
+        FullDisk disk(std::filesystem::file_size(survey.DatabasePath));
+        Read();
+    }
+    EXPECT_EQ(gridsShown, 1);
+    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    Read();
+    EXPECT_EQ(Rows().size(), 31U);
+}
+
+} // namespace
+} // namespace tarvex::tests

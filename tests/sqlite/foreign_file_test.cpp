@@ -1,0 +1,353 @@
+#include "database/survey_test.h"
+#include "sqlite/ordinary_user.h"
+#include "sqlite/raw_database.h"
+
+#include <sys/stat.h>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using ::testing::ElementsAre;
+using namespace std::string_literals;
+
+/// What lies under the database's name is not, or not wholly, what the program made.
+class ForeignFileTest : public SurveyTest
+{
+protected:
+    /// Neither command gets a handle: the outcomes of a database that is not there.
+    void ExpectNoHandle()
+    {
+        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        Read();
+        EXPECT_EQ(gridsShown, 1);
+        boxes.Expect("Attention: Invalid DEPTH value");
+        Write();
+        EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
+    }
+
+    /// As ExpectNoHandle, and the folder is the same before and behind, byte by byte.
+    void ExpectUntouched()
+    {
+        const auto before = FolderContent();
+        ExpectNoHandle();
+        EXPECT_TRUE(FolderContent() == before);
+    }
+
+    std::map<std::string, std::string> FolderContent()
+    {
+        std::map<std::string, std::string> content;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+            content[entry.path().filename().string()] =
+                entry.is_regular_file() ? FileBytes(entry.path()) : "";
+        }
+        return content;
+    }
+
+    /// The bytes of a database with one row.
+    std::string DatabaseBytes()
+    {
+        const auto file = folder / "made.mdb";
+        {
+            const auto table = backend->OpenTable(file);
+            table->AddNew();
+            table->Update();
+        }
+        std::string bytes = FileBytes(file);
+        std::filesystem::remove(file);
+        return bytes;
+    }
+};
+
+struct Foreign {
+    const char* situation;
+    std::string bytes;
+};
+
+void PrintTo(const Foreign& foreign, std::ostream* out)
+{
+    *out << foreign.bytes.size() << " bytes";
+}
+
+class ForeignBytesTest : public ForeignFileTest, public ::testing::WithParamInterface<Foreign>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    WithoutTheMark, ForeignBytesTest,
+    ::testing::Values(Foreign{"OneByte", "x"}, Foreign{"Text", "a letter\r\n"},
+                      Foreign{"Nuls", std::string(8192, '\0')},
+                      Foreign{"AnotherKind", "\0\1\0\0Another Kind\0"s + std::string(4096, 'x')},
+                      Foreign{"HalfTheMark", "SQLite f"},
+                      Foreign{"AnOlderMark", "** This file contains an SQLite 2.1 database **"}),
+    SituationOf<Foreign>);
+
+INSTANTIATE_TEST_SUITE_P(WithTheMark, ForeignBytesTest,
+                         ::testing::Values(Foreign{"Alone", "SQLite format 3\0"s},
+                                           Foreign{"AndLetters",
+                                                   "SQLite format 3\0"s + std::string(5000, 'x')}),
+                         SituationOf<Foreign>);
+
+TEST_P(ForeignBytesTest, IsNeverTouched)
+{
+    WriteFile(survey.DatabasePath, GetParam().bytes);
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, AForeignFileIsNotTouchedBesideALeftOverLogEither)
+{
+    {
+        const auto table = backend->OpenTable(survey.DatabasePath);
+        table->AddNew();
+        table->Update();
+        const std::string log = FileBytes(folder / "tar_vex.mdb-wal");
+        ASSERT_FALSE(log.empty());
+        table->Close();
+        WriteFile(folder / "tar_vex.mdb-wal", log);
+    }
+    WriteFile(survey.DatabasePath, "a letter");
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, ADamagedDatabaseIsNotMadeWorse)
+{
+    std::string bytes = DatabaseBytes();
+    bytes.replace(100, 3000, std::string(3000, '\x55'));
+    WriteFile(survey.DatabasePath, bytes);
+    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    EXPECT_TRUE(FileBytes(survey.DatabasePath) == bytes);
+}
+
+TEST_F(ForeignFileTest, ADatabaseCutShortIsNotMadeWorse)
+{
+    const std::string bytes = DatabaseBytes().substr(0, 4096);
+    WriteFile(survey.DatabasePath, bytes);
+    EXPECT_THROW(
+        {
+            const auto table = backend->OpenTable(survey.DatabasePath);
+            table->MoveFirst();
+        },
+        RunTimeFailure);
+    EXPECT_EQ(FileBytes(survey.DatabasePath).substr(0, 16), "SQLite format 3\0"s);
+}
+
+TEST_F(ForeignFileTest, AnEmptyFileIsANewDatabase)
+{
+    WriteFile(survey.DatabasePath, "");
+    AddRow({{"b", "5"}});
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+}
+
+TEST_F(ForeignFileTest, AFolderOfThatNameIsNoDatabase)
+{
+    std::filesystem::create_directory(survey.DatabasePath);
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, APipeOfThatNameHoldsNothingUp)
+{
+    ASSERT_EQ(::mkfifo(survey.DatabasePath.c_str(), 0600), 0);
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, AFolderThatIsGoneGivesNoHandle)
+{
+    survey.DatabasePath = folder / "gone" / "tar_vex.mdb";
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, ALinkToADatabaseIsFollowed)
+{
+    std::filesystem::create_symlink(folder / "real.mdb", survey.DatabasePath);
+    AddRow({{"b", "5"}});
+    EXPECT_TRUE(std::filesystem::is_regular_file(folder / "real.mdb"));
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+}
+
+TEST_F(ForeignFileTest, ANameOutsideUnicodeOpensNoOtherFile)
+{
+    survey.DatabasePath = folder / "\xFF.mdb";
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, AnyOtherNameWillDo)
+{
+    survey.DatabasePath = folder / "citt\xC3\xA0 'x'; \"y\" %20?mode=ro&z #.mdb";
+    AddRow({{"b", "5"}});
+    EXPECT_TRUE(std::filesystem::exists(survey.DatabasePath));
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+}
+
+TEST_F(ForeignFileTest, NoFileIsLeftBesideTheDatabase)
+{
+    AddRow({{"b", ""}});
+    Read();
+    Write();
+    std::vector<std::string> names;
+    for (const auto& [name, bytes] : FolderContent())
+        names.push_back(name);
+    EXPECT_THAT(names, ElementsAre("intestazione", "tar_vex.mdb"));
+}
+
+struct Schema {
+    const char* situation;
+    const char* statement;
+};
+
+class ForeignSchemaTest : public ForeignFileTest, public ::testing::WithParamInterface<Schema>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, ForeignSchemaTest,
+    ::testing::Values(Schema{"MissingColumns", "CREATE TABLE tar_vex (cliente, cantiere, tubo, b)"},
+                      Schema{"NoneOfTheColumns", "CREATE TABLE tar_vex (x)"},
+                      Schema{"AView", "CREATE VIEW tar_vex AS SELECT 1 AS cliente"}),
+    SituationOf<Schema>);
+
+TEST_P(ForeignSchemaTest, IsLeftAsItIs)
+{
+    RawDatabase(survey.DatabasePath).Run(GetParam().statement);
+    ExpectUntouched();
+}
+
+TEST_F(ForeignFileTest, AViewWithAllTheColumnsIsNoTable)
+{
+    RawDatabase raw(survey.DatabasePath);
+    backend->OpenTable(survey.DatabasePath)->Close();
+    raw.Run("ALTER TABLE tar_vex RENAME TO other");
+    raw.Run("CREATE VIEW tar_vex AS SELECT * FROM other");
+    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+}
+
+TEST_F(ForeignFileTest, ATableWithoutItsLastColumnIsLeftAsItIs)
+{
+    AddRow({{"tubo", "T1  "}, {"b", "5"}});
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("ALTER TABLE tar_vex DROP COLUMN b");
+    const auto before = raw.Run("SELECT * FROM sqlite_master");
+    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    EXPECT_EQ(raw.Run("SELECT * FROM sqlite_master"), before);
+    EXPECT_THAT(raw.Run("SELECT tubo FROM tar_vex"), ElementsAre("T1  "));
+}
+
+TEST_F(ForeignFileTest, TheTablesOfOthersStayBesideOurs)
+{
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("CREATE TABLE notes (text)");
+    raw.Run("INSERT INTO notes VALUES ('keep')");
+    AddRow({{"b", "5"}});
+    EXPECT_THAT(raw.Run("SELECT * FROM notes"), ElementsAre("keep"));
+    EXPECT_THAT(raw.Run("SELECT b FROM tar_vex"), ElementsAre("5"));
+}
+
+TEST_F(ForeignFileTest, ADatabaseThatAnotherProgramIsWritingGivesNoHandle)
+{
+    AddRow({{"tubo", "T1  "}, {"b", "5"}});
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("BEGIN IMMEDIATE");
+    raw.Run("UPDATE tar_vex SET tubo = 'T2'");
+    ExpectNoHandle();
+    raw.Run("COMMIT");
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"tubo", "T2"}, {"b", "5"}}));
+}
+
+TEST_F(ForeignFileTest, ADatabaseLockedWhollyGivesNoHandle)
+{
+    AddRow({{"b", "5"}});
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("PRAGMA locking_mode = EXCLUSIVE");
+    raw.Run("BEGIN EXCLUSIVE");
+    ExpectNoHandle();
+}
+
+TEST_F(ForeignFileTest, AnUpdateDuringAnothersWriteFailsAndCanBeRepeated)
+{
+    AddRow({{"b", "5"}});
+    const auto table = backend->OpenTable(survey.DatabasePath);
+    table->Edit();
+    table->SetField("b", "6");
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("BEGIN IMMEDIATE");
+    EXPECT_THROW(table->Update(), RunTimeFailure);
+    raw.Run("ROLLBACK");
+    table->Update();
+    EXPECT_THAT(raw.Run("SELECT b FROM tar_vex"), ElementsAre("6"));
+}
+
+TEST_F(ForeignFileTest, MarksStayWhenAnotherProgramWritesDuringTheWalk)
+{
+    AddRow({{"b", "30"}});
+    AddRow({{"b", "30"}});
+    RawDatabase raw(survey.DatabasePath);
+    boxes.Expect("Attention: Block no. is incorect", [&] { raw.Run("BEGIN IMMEDIATE"); });
+    boxes.Expect("Attention: Block no. is incorect", [&] { raw.Run("ROLLBACK"); });
+    Write();
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "30"}}, SurveyRow{{"b", ""}}));
+}
+
+TEST_F(ForeignFileTest, AFileThatMayNotBeWrittenGivesNoHandle)
+{
+    AddRow({{"b", "5"}});
+    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0444));
+    const std::string bytes = FileBytes(survey.DatabasePath);
+    {
+        OrdinaryUser user(folder.Path());
+        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    }
+    EXPECT_TRUE(FileBytes(survey.DatabasePath) == bytes);
+}
+
+TEST_F(ForeignFileTest, AFileThatMayNotBeReadGivesNoHandle)
+{
+    AddRow({{"b", "5"}});
+    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0));
+    OrdinaryUser user(folder.Path());
+    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+}
+
+TEST_F(ForeignFileTest, AFolderThatMayNotBeWrittenGivesNoHandleAndNoFile)
+{
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
+    const auto before = FolderContent();
+    {
+        OrdinaryUser user(folder.Path());
+        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    }
+    EXPECT_TRUE(FolderContent() == before);
+}
+
+TEST_F(ForeignFileTest, ADatabaseInAFolderThatMayNotBeWrittenGivesNoHandle)
+{
+    AddRow({{"b", "5"}});
+    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0666));
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
+    const auto before = FolderContent();
+    {
+        OrdinaryUser user(folder.Path());
+        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    }
+    EXPECT_TRUE(FolderContent() == before);
+}
+
+TEST_F(ForeignFileTest, ADatabaseWithAJournalInAFolderThatMayNotBeWrittenKeepsItsRows)
+{
+    AddRow({{"b", "5"}});
+    RawDatabase(survey.DatabasePath).Run("PRAGMA journal_mode = DELETE");
+    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0666));
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
+    const auto before = FolderContent();
+    {
+        OrdinaryUser user(folder.Path());
+        const auto table = backend->OpenTable(survey.DatabasePath);
+        EXPECT_EQ(table->Fields("b"), "5");
+        table->Edit();
+        table->SetField("b", "");
+        EXPECT_THROW(table->Update(), RunTimeFailure);
+    }
+    EXPECT_TRUE(FolderContent() == before);
+}
+
+} // namespace
+} // namespace tarvex::tests
