@@ -68,11 +68,6 @@ build() {
         cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
-# built PRESET PROGRAM: the path of a program that has been built.
-built() {
-    find "$root/build/$1" -type f -name "$2" -perm -u+x -print -quit
-}
-
 # in_virtual_display COMMAND...: runs it on a screen that nobody sees.
 in_virtual_display() {
     env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 1280x800x24" "$@"
