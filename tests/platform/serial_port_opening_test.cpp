@@ -1,6 +1,7 @@
 #include "platform/port_test.h"
 
 #include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <functional>
 #include <grp.h>
@@ -20,7 +21,8 @@ using ::testing::StartsWith;
 
 using SerialPortOpening = PortTest;
 
-/// Another program that has the device open and does `hold` to it, for as long as this lives.
+/// Another program that opens the device and does `hold` to it, for as long as this lives; the
+/// descriptor is -1 when it could not open it, with the reason in errno.
 class OtherProgram
 {
 public:
@@ -35,7 +37,7 @@ public:
         if (child_ == 0) {
             ::close(leave[1]);
             const int descriptor = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
-            held = descriptor >= 0 && hold(descriptor) ? 'y' : 'n';
+            held = hold(descriptor) ? 'y' : 'n';
             if (::write(ready[1], &held, 1) != 1) ::_exit(1);
             ::_exit(static_cast<int>(::read(leave[0], &held, 1)));
         }
@@ -124,6 +126,7 @@ TEST_F(SerialPortOpening, KeepsOtherProgramsOut)
 {
     port.Open();
     const OtherProgram other(terminal.Device(), [](int descriptor) {
+        if (descriptor < 0) return errno == EBUSY; // the exclusive flag stops everybody but root
         int exclusive = 0;
         return ::ioctl(descriptor, TIOCGEXCL, &exclusive) == 0 && exclusive != 0 &&
                ::flock(descriptor, LOCK_EX | LOCK_NB) != 0;
