@@ -1,6 +1,7 @@
 #include "program/program.h"
 
 #include "core/start_up.h"
+#include "panel/look.h"
 
 #include <QApplication>
 
@@ -15,6 +16,7 @@ Program::Program(const std::filesystem::path& startFolder,
                  {headers_, {port_, pump_, timer_, boxes_, state_, nullptr}, handlers_, portNames_},
                  shell_, programFolder)
 {
+    sideForms_.Dress(panel::ApplyLook);
     QApplication::setQuitOnLastWindowClosed(false); // the splash goes before the main form comes
     end_.OnEnd([this] { QCoreApplication::exit(end_.Status()); });
 }

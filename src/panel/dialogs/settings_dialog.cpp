@@ -30,6 +30,8 @@ SettingsDialog::~SettingsDialog()
 {
     for (BoxEdit* edit : findChildren<BoxEdit*>())
         edit->Detach();
+    // The controls let go of their boxes, which must still be there.
+    qDeleteAll(findChildren<QWidget*>(Qt::FindDirectChildrenOnly));
 }
 
 void SettingsDialog::MakeFrame(std::string_view frame,
