@@ -115,6 +115,17 @@ TEST_F(DownloadTest, TakesSixCharactersOfTheTimeAndSixOfTheDate)
     EXPECT_EQ(head.substr(18 * 42, 42), Padded("Time:;09:30:15", 40) + "\r ");
 }
 
+TEST_F(DownloadTest, AGarbledPairOfTheTimeIsNotMadeUpFromBehindTheSix)
+{
+    SetSmallSurvey(unit, 0);
+    unit.pages["00090"] = "093015XY";
+    unit.answerRead = [](int read, const std::string& reply) {
+        return read == 10 ? "zz" + reply.substr(2) : reply;
+    };
+    Download();
+    EXPECT_EQ(Report(kSmallSurvey + "dat.dat").substr(18 * 42, 40), Padded("Time:;93:01:5", 40));
+}
+
 TEST_F(DownloadTest, TouchesNeitherTheHeaderBoxesNorTheHeaderNorItsFile)
 {
     SetSmallSurvey(unit, 0);

@@ -224,5 +224,14 @@ TEST(ReportNames, JoinFolderSeparatorAndName)
               "/citt\xE0/C -S-T-01-dat.dat");
 }
 
+TEST(ReportNames, WithASeparatorOrANulHaveNoPath)
+{
+    for (const std::string& name : {std::string("a/b"), std::string("/"), std::string("a\0b", 3)}) {
+        const ReportFile file{"/dati", name};
+        EXPECT_THROW((void)file.Path(), RunTimeFailure);
+        EXPECT_EQ(file.Shown(), "/dati/" + name);
+    }
+}
+
 } // namespace
 } // namespace tarvex::tests

@@ -9,7 +9,7 @@ namespace tarvex::tests
 namespace
 {
 
-constexpr Milliseconds kPatience = 100'000;
+constexpr Milliseconds kPatience = 30'000;
 constexpr int kHeaderPages = 10;
 
 enum class Outcome {

@@ -10,7 +10,7 @@ namespace
 {
 
 constexpr std::uint32_t kSeeds = 150;
-constexpr Milliseconds kPatience = 400'000;
+constexpr Milliseconds kPatience = 60'000;
 
 /// Counts the boxes of a silent unit, whenever they come.
 class CountingBoxes : public MessageBoxes
