@@ -61,7 +61,7 @@ TEST_F(EventPassTest, SetBlockShowsTheIndicatorAgainAfterWhatHidItBehindTheHeade
 
 TEST_F(EventPassTest, TotalResetShowsTheIndicatorAgainAfterWhatHidItBehindTheHeaders)
 {
-    InThePassAfter(30 * 400, [&] { HideIndicator(); });
+    InThePassAfter(12'000, [&] { HideIndicator(); });
     ExpectIndicatorAtWake(31);
     boxes.ExpectQuestion(kBlockQuestion, true);
     PressTotalReset(*this);
@@ -113,7 +113,7 @@ TEST_F(EventPassTest, ResetOfGainAndZeroShowsTheDefaultsBeforeTheFirstWake)
 TEST_F(EventPassTest, TheEndIsSeenWithThePortClosedAndTheIndicatorHidden)
 {
     // In the last pass Set All has not yet gone back to block 1, and Total Reset has.
-    InThePassAfter(31 * 200, [&] {
+    InThePassAfter(6'200, [&] {
         EXPECT_LINK_AT_REST();
         EXPECT_EQ(panel.Text2.Text(), "30");
     });
@@ -121,7 +121,7 @@ TEST_F(EventPassTest, TheEndIsSeenWithThePortClosedAndTheIndicatorHidden)
     PressSetAll(*this);
     EXPECT_EQ(seen_, 1);
 
-    InThePassAfter(31 * 200 + 31 * 400, [&] {
+    InThePassAfter(6'200 + 12'400, [&] {
         EXPECT_LINK_AT_REST();
         EXPECT_EQ(panel.Text2.Text(), "01");
     });

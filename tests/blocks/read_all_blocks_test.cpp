@@ -59,7 +59,7 @@ TEST_F(ReadAllBlocksTest, OpensThePortAnewForEachBlockAndWakesBeforeEachPage)
 
     std::vector<std::string> expected;
     for (int index = 0; index < 30; ++index) {
-        const std::string block = HeaderFrame(index, OwnRecord(1)).substr(1, 2);
+        const std::string block = BlockAddress(index).substr(0, 2);
         expected.insert(expected.end(), {"port 1", "open"});
         for (int page = 0; page < 10; ++page) {
             const std::string value = UnitValues(index + 1)[static_cast<std::size_t>(page)];

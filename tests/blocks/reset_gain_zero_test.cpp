@@ -4,9 +4,6 @@
 #include "download/file_commands.h"
 #include "support/logic_test.h"
 
-#include <array>
-#include <cstdio>
-
 namespace tarvex::tests
 {
 namespace
@@ -21,12 +18,8 @@ constexpr const char* kDefaultCalibration = "+1.0000+0.0000+1.0000+0.00000";
 std::vector<std::string> BlocksOut(int count)
 {
     std::vector<std::string> sent;
-    for (int index = 0; index < count; ++index) {
-        std::array<char, 48> frame{};
-        std::snprintf(frame.data(), frame.size(), "D%02X000%s\r",
-                      static_cast<unsigned>(index) & 0xFFU, kDefaultCalibration);
-        sent.insert(sent.end(), {"}", frame.data()});
-    }
+    for (int index = 0; index < count; ++index)
+        sent.insert(sent.end(), {"}", "D" + BlockAddress(index) + kDefaultCalibration + "\r"});
     return sent;
 }
 

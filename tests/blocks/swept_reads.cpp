@@ -12,12 +12,13 @@ constexpr int kPages = 10;
 
 std::string AddressOf(int index, int page)
 {
-    return HeaderFrame(index, OwnRecord(1)).substr(1, 2) + "0" + std::to_string(page) + "0";
+    return BlockAddress(index).substr(0, 2) + "0" + std::to_string(page) + "0";
 }
 
 std::vector<std::string> ReadFramesOf(int index)
 {
     std::vector<std::string> frames;
+    frames.reserve(kPages);
     for (int page = 0; page < kPages; ++page)
         frames.push_back("a" + AddressOf(index, page) + "\r");
     return frames;

@@ -13,6 +13,7 @@ constexpr const char* kDefaultCalibration = "+1.0000+0.0000+1.0000+0.00000";
 std::vector<std::string> FramesOf(const std::vector<std::string>& records)
 {
     std::vector<std::string> frames;
+    frames.reserve(records.size() + 1);
     for (const std::string& record : records)
         frames.push_back(HeaderFrame(static_cast<int>(frames.size()), record));
     frames.emplace_back(kClosing);
@@ -111,8 +112,7 @@ EndState AfterResetGainZero(const FaultAt& at)
 {
     std::vector<std::string> frames;
     for (int index = 0; index < 30; ++index) {
-        const std::string address = HeaderFrame(index, OwnRecord(1)).substr(1, 5);
-        frames.push_back("D" + address + kDefaultCalibration + "\r");
+        frames.push_back("D" + BlockAddress(index) + kDefaultCalibration + "\r");
     }
     EndState end = StartState();
     end.table[2] = TypedRecord();

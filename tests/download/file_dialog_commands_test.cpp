@@ -11,7 +11,6 @@ namespace
 {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 /// A file dialog that the operator answers with `choice`, or cancels.
 class ScriptedDialog : public FileDialog
@@ -229,7 +228,7 @@ TEST_F(FileDialogTest, CopyingAfterCreatingWritesIntoTheNewFile)
     Create();
     Click([&] { CopyHeaderForward(panel, state, headers); });
 
-    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().replace(2 * 77, 77, OwnRecord(3)));
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().replace(154, 77, OwnRecord(3)));
     EXPECT_EQ(panel.Text2.Text(), "04");
 }
 
@@ -260,12 +259,12 @@ TEST_F(FileDialogTest, CreatingOnADiskThatBecomesFullEndsTheProgramWithWholeReco
 {
     dialog.choice = folder / "new";
     {
-        const FullDisk full(5 * 77 + 10);
+        const FullDisk full(385 + 10);
         Create();
     }
 
     EXPECT_TRUE(unhandledFailure.has_value());
-    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().substr(0, 5 * 77));
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().substr(0, 385));
     ExpectGroup(true);
 }
 

@@ -1,8 +1,6 @@
 #include "support/header_table.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <numeric>
 #include <utility>
@@ -81,11 +79,16 @@ std::string CalibrationPayload(std::string_view record)
     return payload;
 }
 
+std::string BlockAddress(int blockIndex)
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    const auto index = static_cast<std::size_t>(blockIndex);
+    return {digits[index / 16], digits[index % 16], '0', '0', '0'};
+}
+
 std::string HeaderFrame(int blockIndex, std::string_view record)
 {
-    std::array<char, 8> head{};
-    std::snprintf(head.data(), head.size(), "C%02X000", static_cast<unsigned>(blockIndex) & 0xFFU);
-    return head.data() + HeaderPayload(record) + "\r";
+    return "C" + BlockAddress(blockIndex) + HeaderPayload(record) + "\r";
 }
 
 void WriteTable(const TestProgram& program, const std::vector<std::string>& records)

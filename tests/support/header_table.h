@@ -30,6 +30,9 @@ std::string HeaderPayload(std::string_view record);
 /// What a calibration frame carries of a record: gain1, zero1, gain2, zero2, punto.
 std::string CalibrationPayload(std::string_view record);
 
+/// The five digits of the address of the block with that index (0 to 29).
+std::string BlockAddress(int blockIndex);
+
 /// "C", the address of the block with that index, the header of `record`, CR.
 std::string HeaderFrame(int blockIndex, std::string_view record);
 
