@@ -119,7 +119,7 @@ public:
     ~FullDisk()
     {
         EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &before_), 0);
-        std::signal(SIGXFSZ, handler_);
+        EXPECT_EQ(std::signal(SIGXFSZ, handler_), SIG_IGN);
     }
     FullDisk(const FullDisk&) = delete;
     FullDisk& operator=(const FullDisk&) = delete;

@@ -55,7 +55,7 @@ QString UnicodeName(const std::filesystem::path& file)
     const std::u8string utf8 = file.u8string();
     const QByteArray bytes(reinterpret_cast<const char*>(utf8.data()),
                            static_cast<qsizetype>(utf8.size()));
-    const QString name = QString::fromUtf8(bytes);
+    QString name = QString::fromUtf8(bytes);
     if (name.isEmpty() || name.toUtf8() != bytes) throw RunTimeFailure("Bad file name");
     return name;
 }
@@ -82,10 +82,10 @@ SqliteConnection::SqliteConnection(const std::filesystem::path& file) : name_(Ne
     database.setDatabaseName(fileName);
     database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=0"));
     if (!database.open()) {
-        const RunTimeFailure failure = FailureOf(database.lastError());
+        const QSqlError error = database.lastError();
         database = QSqlDatabase();
         QSqlDatabase::removeDatabase(name_);
-        throw failure;
+        throw FailureOf(error);
     }
     ++OpenConnections();
 }

@@ -14,7 +14,7 @@ namespace
 
 const std::size_t kMark = FieldIndex(kMarkField);
 
-std::vector<std::size_t> Indexes(const std::bitset<kSurveyFields.size()>& fields)
+std::vector<std::size_t> Indexes(const FieldSet& fields)
 {
     std::vector<std::size_t> indexes;
     for (std::size_t field = 0; field < fields.size(); ++field)

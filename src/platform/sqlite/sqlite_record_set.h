@@ -14,6 +14,16 @@
 namespace tarvex::platform
 {
 
+/// Some of the fields of a row.
+using FieldSet = std::bitset<kSurveyFields.size()>;
+
+/// What AddNew or Edit has started and Update commits.
+struct EditBuffer {
+    bool newRow = false;
+    FieldSet set;
+    SurveyValues values;
+};
+
 /// A record set over rows of the table `tar_vex`. A field is read when it is asked for; Update
 /// writes only what it changes, so that a row which is set to what it holds costs no write.
 class SqliteRecordSet : public RecordSet
@@ -37,14 +47,6 @@ public:
     void Close() override;
 
 private:
-    using FieldSet = std::bitset<kSurveyFields.size()>;
-
-    struct EditBuffer {
-        bool newRow = false;
-        FieldSet set;
-        SurveyValues values;
-    };
-
     /// What is open between OpenRecordset and Close.
     struct Opened {
         Opened(std::shared_ptr<SqliteConnection> c, std::vector<Condition> conditions);

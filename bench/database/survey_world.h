@@ -1,0 +1,80 @@
+#pragma once
+
+#include "core/event_pump.h"
+#include "core/header_store.h"
+#include "core/message_boxes.h"
+#include "database/survey_database.h"
+#include "platform/sqlite/sqlite_engine.h"
+
+#include <QSqlDatabase>
+#include <QString>
+
+#include <filesystem>
+
+namespace tarvex::bench
+{
+
+/// The program below the window with a survey table of a given size, in a folder of its own, which
+/// is removed at the end. Anything that does not go as planned ends the measurement.
+class SurveyWorld
+{
+public:
+    /// Makes the table of `rows` tubes, each with two readings and with `mark` (in SQL) as its
+    /// mark.
+    SurveyWorld(const std::filesystem::path& parent, int rows, const QString& mark);
+    ~SurveyWorld();
+    SurveyWorld(const SurveyWorld&) = delete;
+    SurveyWorld& operator=(const SurveyWorld&) = delete;
+
+    /// Fills the thirty records with tubes of the table, spread over it, and readings never filed.
+    void PutKnownHeaders();
+
+    /// As PutKnownHeaders, with tubes that the table does not hold.
+    void PutNewHeaders();
+
+    /// Marks 29 rows, spread over the table, for the blocks 1 to 29.
+    void MarkRows();
+
+    /// Runs statements on a connection that is as durable as the program's.
+    void Run(const QString& statement);
+
+    double ReadHeadersSeconds();
+    double WriteHeadersSeconds();
+
+    /// A walk over all rows with one prepared statement, and an update of each row whose mark is
+    /// not empty with another, each committed by itself.
+    double PlainPassSeconds();
+
+private:
+    void PutHeaders(std::string_view client, int step);
+    QSqlDatabase Open();
+    void RequireEmptyMarks();
+
+    /// The first thing said or asked ends the measurement.
+    class NoBoxes : public MessageBoxes
+    {
+    public:
+        void Critical(std::string_view text, std::string_view title) override;
+        bool AskOkCancel(std::string_view text) override;
+    };
+
+    class NoEvents : public EventPump
+    {
+    public:
+        void DoEvents() override {}
+        void WaitForEvents() override {}
+    };
+
+    std::filesystem::path folder_;
+    int rows_;
+    int reading_ = 0;
+    WorkingState state_;
+    Panel panel_;
+    HeaderStore headers_{state_, panel_};
+    NoBoxes boxes_;
+    NoEvents events_;
+    platform::SqliteEngine engine_;
+    SurveyDatabase survey_{engine_};
+};
+
+} // namespace tarvex::bench
