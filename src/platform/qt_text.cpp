@@ -7,19 +7,12 @@ namespace tarvex::platform
 
 QString ToQString(std::string_view bytes)
 {
-    QString text;
-    text.reserve(static_cast<qsizetype>(bytes.size()));
-    for (const char byte : bytes)
-        text += QChar(static_cast<char16_t>(code_page::ToUnicode(byte)));
-    return text;
+    return QString::fromStdU16String(code_page::ToUtf16(bytes));
 }
 
 std::string ToBytes(const QString& text)
 {
-    std::string bytes;
-    for (const char32_t character : text.toStdU32String())
-        bytes += code_page::FromUnicode(character);
-    return bytes;
+    return code_page::FromUtf16(text.toStdU16String());
 }
 
 } // namespace tarvex::platform

@@ -122,7 +122,7 @@ TEST_F(FolderChooser, IsWorkedFromTheKeyboard)
     forms.ShowFolderChooser();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Window("Form6")));
     EXPECT_EQ(QApplication::focusWidget(), &Dir1());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return RowOf(dati / "A") == 0 && RowOf(dati / "B") == 1; }));
+    ASSERT_TRUE(Comes([&] { return RowOf(dati / "A") == 0 && RowOf(dati / "B") == 1; }));
     QTest::keyClick(&Dir1(), Qt::Key_Down);
     QTest::keyClick(&Dir1(), Qt::Key_Down);
     EXPECT_EQ(ShownPath(), dati / "B");
@@ -268,7 +268,7 @@ TEST_F(FolderChooser, OpensNoFileOfTheFoldersThatItShows)
     const int watch = inotify_init1(IN_NONBLOCK);
     ASSERT_GE(inotify_add_watch(watch, (dati / "report").c_str(), IN_OPEN), 0);
     forms.ShowFolderChooser();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Model().rowCount(Dir1().currentIndex()) == 1; }));
+    EXPECT_TRUE(Comes([&] { return Model().rowCount(Dir1().currentIndex()) == 1; }));
     inotify_event opened{};
     EXPECT_EQ(read(watch, &opened, sizeof opened), -1);
     EXPECT_EQ(errno, EAGAIN);
@@ -282,7 +282,7 @@ TEST_F(FolderChooser, KeepsTheFolderInViewWhileItsNeighboursArrive)
         fs::create_directory(folder / ("a" + std::to_string(number)));
     forms.ShowFolderChooser();
     const QPersistentModelIndex current = Dir1().currentIndex();
-    EXPECT_TRUE(QTest::qWaitFor([&] {
+    EXPECT_TRUE(Comes([&] {
         return current.row() == kNeighbours &&
                Dir1().viewport()->rect().contains(Dir1().visualRect(current).center());
     }));

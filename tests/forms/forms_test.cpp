@@ -44,6 +44,11 @@ void FormsTest::Press(const char* window, const char* button)
     QTest::mouseClick(&Control<QAbstractButton>(window, button), Qt::LeftButton);
 }
 
+bool FormsTest::Comes(const std::function<bool()>& condition)
+{
+    return QTest::qWaitFor(condition, 30'000);
+}
+
 void FormsTest::DeleteClosed()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -56,6 +57,9 @@ protected:
     }
 
     static void Press(const char* window, const char* button);
+
+    /// Runs events until that holds, with a patience for busy machines.
+    static bool Comes(const std::function<bool()>& condition);
 
     /// Lets closed windows go.
     static void DeleteClosed();

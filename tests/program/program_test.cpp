@@ -19,6 +19,17 @@ void ReviveEventLoops()
     QCoreApplication::exec();
 }
 
+/// Asks for the keyboard until the window has it: a window manager may come up later than the
+/// window.
+bool BecomesActive(QWidget& window)
+{
+    for (int attempt = 0; attempt < 20; ++attempt) {
+        if (QTest::qWaitForWindowActive(&window, 500)) return true;
+        window.activateWindow();
+    }
+    return false;
+}
+
 } // namespace
 
 ProgramTest::ProgramTest() : formerDirectory_(std::filesystem::current_path())
@@ -43,7 +54,7 @@ void ProgramTest::StartAlone()
     if (!unit) std::filesystem::create_symlink(folder / "nowhere", folder / "com1");
     program = std::make_unique<Program>(folder.Path(), folder.Path());
     program->ShowMainForm();
-    if (!QTest::qWaitForWindowActive(program->MainForm())) {
+    if (!BecomesActive(*program->MainForm())) {
         throw std::runtime_error("the main form does not become active");
     }
     operator_.emplace(program->MainForm());
