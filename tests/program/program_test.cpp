@@ -25,6 +25,8 @@ bool BecomesActive(QWidget& window)
 {
     for (int attempt = 0; attempt < 20; ++attempt) {
         if (QTest::qWaitForWindowActive(&window, 500)) return true;
+        window.hide(); // a manager that has come meanwhile takes care of a window when it is shown
+        window.show();
         window.activateWindow();
     }
     return false;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QAbstractFileIconProvider>
-#include <QFileSystemModel>
-#include <QTreeView>
+#include <QTreeWidget>
 
 #include <filesystem>
 #include <functional>
@@ -11,25 +9,10 @@
 namespace tarvex::panel
 {
 
-/// One picture for every folder, on a machine without an icon theme too. It answers without a look
-/// at the disk: finding out a type by content opens every file there is, and never comes back from
-/// some of the system's own.
-class FolderIcons : public QAbstractFileIconProvider
-{
-public:
-    explicit FolderIcons(QIcon icon) : icon_(std::move(icon)) {}
-
-    QIcon icon(IconType) const override { return icon_; }
-    QIcon icon(const QFileInfo&) const override { return icon_; }
-    QString type(const QFileInfo&) const override { return {}; }
-
-private:
-    QIcon icon_;
-};
-
 /// The directory list `Dir1`: the folders of the machine as a tree, of which one is the current
-/// one. It follows what happens on the disk, and reads folders without holding up the window.
-class DirectoryList : public QTreeView
+/// one. A folder is read when it is opened, and once more each time that it is opened again; no
+/// file is looked into.
+class DirectoryList : public QTreeWidget
 {
 public:
     explicit DirectoryList(QWidget* parent);
@@ -45,16 +28,13 @@ public:
     void OnChange(std::function<void()> changed) { changed_ = std::move(changed); }
 
 protected:
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void FollowArrivals();
-    void KeepInView();
+    QTreeWidgetItem* RootOf(const std::filesystem::path& folder);
+    QTreeWidgetItem* ItemOf(const std::filesystem::path& folder);
+    void Read(QTreeWidgetItem& item) const;
 
-    FolderIcons icons_;
-    QFileSystemModel model_;
-    QPersistentModelIndex toShow_;
     std::function<void()> changed_;
 };
 
