@@ -12,9 +12,9 @@
 #include <atomic>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -44,7 +44,7 @@ void Row(const char* what, double measured, const char* unit, double bound, bool
     const bool reached = atMost ? measured <= bound : measured >= bound;
     std::printf("| %-58s | %10.4f %-9s | %s %8.4f | %-3s |\n", what, measured, unit,
                 atMost ? "<=" : ">=", bound, reached ? "yes" : "NO");
-    std::fflush(stdout);
+    static_cast<void>(std::fflush(stdout));
 }
 
 /// Two processes that take all the processor time they can get.
@@ -187,7 +187,7 @@ void MeasureUnpaced(int runs)
 int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
-    const int runs = argc > 1 ? std::atoi(argv[1]) : 3;
+    const int runs = argc > 1 ? std::stoi(argv[1]) : 3;
     std::printf("| %-58s | %-20s | %-11s | met |\n", "what", "measured (median)", "to reach");
     std::printf("|---|---|---|---|\n");
     MeasureReadBlock(runs);
