@@ -1,9 +1,34 @@
+#include "database/open_database.h"
 #include "database/survey_test.h"
 
 namespace tarvex::tests
 {
 namespace
 {
+
+TEST_F(SurveyTest, TheWayInStoresThePanelBeforeTheDatabasePanelShows)
+{
+    state.CurrentBlock = 3;
+    panel.Text3.SetText("TYPED");
+    panel.Text6.SetText("12");
+    panel.Text13.SetText("5");
+    panel.Text18.SetText("+2.0000");
+    BlockHeader stored;
+    Click([&] { OpenDatabase(state, headers, [&] { stored = StoredHeader(3); }); });
+    EXPECT_EQ(stored.cliente.Text(), "TYPED   ");
+    EXPECT_EQ(stored.profondità.Text(), "125 "); // as it stands: no check here
+    EXPECT_EQ(stored.gain1.Text(), "+2.0000");
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(SurveyTest, AStoreThatFailsEndsTheProgramBeforeTheDatabasePanelShows)
+{
+    state.CurrentBlock = 0;
+    bool shown = false;
+    Click([&] { OpenDatabase(state, headers, [&] { shown = true; }); });
+    EXPECT_FALSE(shown);
+    EXPECT_TRUE(unhandledFailure.has_value());
+}
 
 TEST_F(SurveyTest, TheDatabaseLiesInTheCurrentDirectoryOfTheLoad)
 {

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "core/header_store.h"
+
+#include <functional>
+
+namespace tarvex
+{
+
+/// The way into the database: stores the panel in the record of `CurrentBlock`, and then shows the
+/// database panel, `Form4`. A failing store ends the program before anything is shown.
+void OpenDatabase(WorkingState& state, HeaderStore& headers,
+                  const std::function<void()>& showForm4);
+
+} // namespace tarvex
