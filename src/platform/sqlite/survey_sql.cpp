@@ -74,6 +74,17 @@ QString SelectRowSql()
     return "SELECT " + AllFields() + " FROM " + Table() + " WHERE rowid = ?";
 }
 
+QString SelectNumbersSql()
+{
+    return "SELECT rowid FROM " + Table() + " ORDER BY rowid";
+}
+
+QString SelectRangeSql()
+{
+    return "SELECT rowid, " + AllFields() + " FROM " + Table() +
+           " WHERE rowid BETWEEN ? AND ? ORDER BY rowid";
+}
+
 QString SelectKeysSql(const std::vector<Condition>& conditions)
 {
     QString where;

@@ -29,6 +29,12 @@ QString CreateIndexSql();
 /// All fields of the row with a given number: one value to bind.
 QString SelectRowSql();
 
+/// The numbers of all rows, in order.
+QString SelectNumbersSql();
+
+/// Number and fields of the rows from one number to another, in order: the two to bind.
+QString SelectRangeSql();
+
 /// Number and mark of the rows that meet `conditions` and come after a given number, in order: the
 /// conditions' texts and that number to bind.
 QString SelectKeysSql(const std::vector<Condition>& conditions);
