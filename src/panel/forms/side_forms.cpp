@@ -6,6 +6,7 @@
 #include "panel/dialogs/port_dialog.h"
 #include "panel/forms/aboutus.h"
 #include "panel/forms/credits.h"
+#include "panel/forms/open_form.h"
 #include "panel/forms/preloader.h"
 
 #include <string>
@@ -34,19 +35,10 @@ SideForms::~SideForms()
     delete delayDialog_;
 }
 
-// Raises the form if it is on view; else shows the one that `load` makes. A form that was closed in
-// this pass of events may still be there: it is not on view, and is left to its end.
 template <class Form, class Loader>
 void SideForms::Open(QPointer<Form>& form, const Loader& load)
 {
-    if (form.isNull() || !form->isVisible()) {
-        form = load();
-        look_(*form);
-    }
-    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
-    form->show();
-    form->raise();
-    form->activateWindow();
+    OpenForm(form, load, look_);
 }
 
 void SideForms::ShowSplash(std::function<void()> next)
