@@ -2,7 +2,10 @@
 // the manager.
 
 #include "bench_world.h"
+#include "blocks/read_all_blocks.h"
 #include "blocks/read_block.h"
+#include "blocks/set_all.h"
+#include "blocks/total_reset.h"
 #include "download/block_download.h"
 #include "link/memory_page.h"
 
@@ -13,7 +16,7 @@
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
-#include <poll.h>
+#include <functional>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -111,6 +114,41 @@ void MeasureReadBlock(int runs)
     Row("Read Block", Median(ratios), "x line", 1.02);
 }
 
+void MeasureReadAllBlocks()
+{
+    BenchWorld world({"--paced"});
+    const Cost cost = world.Measure(
+        [&](DeviceLink& link) { ReadAllBlocks(world.panel, world.state, world.headers, link); });
+    Row("Read All Blocks", cost.wall / LineTime(300), "x line", 1.03);
+    Row("Read All Blocks, processor", 100 * cost.processor / cost.whole, "% of wall", 2);
+}
+
+/// A settle wait ends on a tick and the next begins within the same one, so that the commands go
+/// from tick to tick: each of their 31 exchanges takes just its bound.
+void MeasureWriting(const char* name, double secondsAnExchange,
+                    const std::function<void(BenchWorld&, DeviceLink&)>& command)
+{
+    constexpr int kExchanges = 31;
+    constexpr double kTick = 0.1;
+    BenchWorld world({"--paced"});
+    const Cost cost = world.Measure([&](DeviceLink& link) { command(world, link); });
+    const std::string processor = std::string(name) + ", processor";
+    Row(name, cost.whole - kExchanges * secondsAnExchange, "s over", kTick);
+    Row(processor.c_str(), 100 * cost.processor / cost.whole, "% of wall", 2);
+}
+
+void MeasureHeaderWriting()
+{
+    MeasureWriting("Set All, above its settle bounds", 0.2,
+                   [](BenchWorld& world, DeviceLink& link) {
+                       SetAll(world.panel, world.state, world.headers, link, world.boxes);
+                   });
+    MeasureWriting("Total Reset, above its settle bounds", 0.4,
+                   [](BenchWorld& world, DeviceLink& link) {
+                       TotalReset(world.panel, world.state, world.headers, link, world.boxes);
+                   });
+}
+
 void MeasureEndlessWait()
 {
     constexpr int kSeconds = 10;
@@ -196,6 +234,8 @@ int main(int argc, char* argv[])
         const Hogs hogs;
         MeasureDownload(runs, true);
     }
+    MeasureReadAllBlocks();
+    MeasureHeaderWriting();
     MeasureEndlessWait();
     MeasurePulledAdapter();
     MeasureUnpaced(runs);
