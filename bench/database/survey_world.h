@@ -38,6 +38,8 @@ public:
     /// Runs statements on a connection that is as durable as the program's.
     void Run(const QString& statement);
 
+    const std::filesystem::path& DatabasePath() const { return survey_.DatabasePath; }
+
     double ReadHeadersSeconds();
     double WriteHeadersSeconds();
 
