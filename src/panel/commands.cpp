@@ -7,6 +7,7 @@
 #include "blocks/set_all.h"
 #include "blocks/set_block.h"
 #include "blocks/total_reset.h"
+#include "database/open_database.h"
 #include "download/block_download.h"
 #include "download/file_commands.h"
 #include "panel/field_rules.h"
@@ -104,6 +105,12 @@ void RunEnableDownload(CommandContext& context)
     EnableDownload(context.panel, context.fileDialog);
 }
 
+void RunOpenDatabase(CommandContext& context)
+{
+    OpenDatabase(context.line.state, context.headers,
+                 [&context] { context.forms.ShowDatabasePanel(); });
+}
+
 template <int Index>
 void SelectPort(CommandContext& context)
 {
@@ -148,7 +155,8 @@ constexpr std::array kCommands = {
     CommandRow{Command::ShowFolderChooser, "ShowFolderChooser", kForms,
                OnForms<&Forms::ShowFolderChooser>},
     CommandRow{Command::EnableDownload, "EnableDownload", kFiles, RunEnableDownload},
-    CommandRow{Command::OpenDatabase, "OpenDatabase", "", nullptr},
+    CommandRow{Command::OpenDatabase, "OpenDatabase", "database/open_database.cpp",
+               RunOpenDatabase},
     CommandRow{Command::ShowAbout, "ShowAbout", kForms, OnForms<&Forms::ShowAbout>},
     CommandRow{Command::OpenManual, "OpenManual", kForms, OnForms<&Forms::OpenManual>},
     CommandRow{Command::ReadClock, "ReadClock", kClock, RunReadClock},

@@ -14,9 +14,16 @@ Program::Program(const std::filesystem::path& startFolder,
       finder_(startFolder),
       sideForms_({state_, panel_, handlers_, boxes_, startFolder},
                  {headers_, {port_, pump_, timer_, boxes_, state_, nullptr}, handlers_, portNames_},
-                 shell_, programFolder)
+                 shell_, programFolder),
+      databaseForms_({panel_, state_, headers_, survey_, pump_, boxes_, handlers_,
+                      SystemCurrentDirectory, [this] {
+                          return std::make_unique<platform::SurveyTableModel>(
+                              [this] { return survey_.DatabasePath; });
+                      }})
 {
     sideForms_.Dress(panel::ApplyLook);
+    sideForms_.OpenDatabasePanelBy([this] { databaseForms_.ShowPanel(); });
+    databaseForms_.Dress(panel::ApplyLook);
     QApplication::setQuitOnLastWindowClosed(false); // the splash goes before the main form comes
     end_.OnEnd([this] { QCoreApplication::exit(end_.Status()); });
 }
@@ -35,6 +42,7 @@ void Program::ShowMainForm()
         sideForms_, fileDialog_, startFolder_ / "dati"};
     mainForm_ = std::make_unique<panel::MainWindow>(context, portNames_, handlers_, end_);
     sideForms_.StandAbove(mainForm_.get());
+    databaseForms_.StandAbove(mainForm_.get());
     handlers_.Run([this] { LoadMainForm(panel_, state_, headers_, SystemCurrentDirectory); });
     mainForm_->show();
 }

@@ -5,6 +5,7 @@
 #include "core/panel.h"
 #include "core/program_end.h"
 #include "core/working_state.h"
+#include "panel/database_forms/database_forms.h"
 #include "panel/forms/side_forms.h"
 #include "panel/main_window.h"
 #include "platform/qt_event_pump.h"
@@ -14,6 +15,8 @@
 #include "platform/qt_serial_port.h"
 #include "platform/qt_shell.h"
 #include "platform/qt_tick_timer.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "platform/sqlite/survey_table_model.h"
 
 #include <filesystem>
 #include <memory>
@@ -59,7 +62,10 @@ private:
     platform::QtTickTimer timer_{[this] { CountTick(state_); }};
     platform::QtShell shell_;
     platform::QtFileDialog fileDialog_{end_};
+    platform::SqliteEngine engine_;
+    SurveyDatabase survey_{engine_};
     panel::SideForms sideForms_;
+    panel::DatabaseForms databaseForms_;
     std::unique_ptr<panel::MainWindow> mainForm_;
 };
 

@@ -48,7 +48,10 @@ public:
     void ShowPortDialog() override;
     void ShowClockDialog() override;
     void ShowDelayDialog() override;
-    void ShowDatabasePanel() override {}
+    void ShowDatabasePanel() override { showDatabasePanel_(); }
+
+    /// What opens the database panel, which is none of these forms.
+    void OpenDatabasePanelBy(std::function<void()> show) { showDatabasePanel_ = std::move(show); }
 
 private:
     template <class Form, class Loader>
@@ -63,6 +66,7 @@ private:
     QPointer<Preloader> preloader_;
     QPointer<AboutUs> aboutus_;
     QPointer<Form6> form6_;
+    std::function<void()> showDatabasePanel_ = [] {};
     QPointer<QWidget> portDialog_;
     QPointer<QWidget> clockDialog_;
     QPointer<QWidget> delayDialog_;

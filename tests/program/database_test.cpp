@@ -1,0 +1,90 @@
+#include "program/program_test.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMenu>
+#include <QTableView>
+#include <QtTest>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+/// The survey database, from the service list to the header file.
+class DatabaseProgramTest : public ProgramTest
+{
+protected:
+    /// Chooses an entry of the service list.
+    void ChooseService(const QString& entry)
+    {
+        QTest::keyClick(program->MainForm(), Qt::Key_F12, Qt::ControlModifier);
+        QMenu* list = nullptr;
+        ASSERT_TRUE(WaitFor([&] {
+            list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            return list != nullptr;
+        }));
+        for (QAction* action : list->actions()) {
+            if (action->text() == entry) {
+                list->close();
+                return action->trigger();
+            }
+        }
+        FAIL() << "no entry " << entry.toStdString();
+    }
+
+    static QWidget* Form(const char* name)
+    {
+        QWidget* form = nullptr;
+        WaitFor([&] {
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (window->objectName() == QLatin1String(name) && window->isVisible()) {
+                    form = window;
+                }
+            }
+            return form != nullptr;
+        });
+        if (form == nullptr) throw std::runtime_error(std::string("no form ") + name);
+        return form;
+    }
+};
+
+TEST_F(DatabaseProgramTest, AMarkedTubeComesBackWithItsNextReadoutNumber)
+{
+    Start({"--fill", "1:client=ROSSI,site=DIGA A,tube=T12,depth=12.5,nlet=00"});
+    AtPanel().Click("Command8");
+    ChooseService("Database Tar Vex");
+    QWidget* panel = Form("Form4");
+
+    Operator(panel).Click("ssCommand2");
+    auto* grid = Form("Form5")->findChild<QTableView*>("DataGrid1");
+    ASSERT_NE(grid, nullptr);
+    EXPECT_EQ(grid->model()->rowCount(), 30);
+    const int mark = grid->horizontalHeader()->logicalIndex(0);
+    EXPECT_EQ(grid->model()->headerData(mark, Qt::Horizontal).toString(), "b");
+    grid->setCurrentIndex(grid->model()->index(0, mark));
+    QTest::keyClicks(grid, "5"); // the editor stays open
+    Operator(panel).Click("Command1");
+
+    EXPECT_TRUE(boxes.texts.isEmpty());
+    const std::string record = FileBytes(folder / "intestazione").substr(4U * 77, 77);
+    EXPECT_EQ(record.substr(0, 24), "ROSSI   DIGA A  T12 0125");
+    EXPECT_EQ(record.substr(30, 2), "01");
+    EXPECT_EQ(AtPanel().Text("Text2"), "01");
+    EXPECT_TRUE(std::filesystem::exists(folder / "tar_vex.mdb"));
+}
+
+TEST_F(DatabaseProgramTest, AFileThatIsNoDatabaseIsLeftAloneAndTold)
+{
+    Start();
+    WriteFile(folder / "tar_vex.mdb", "this is somebody's text, and stays it");
+    ChooseService("Database Tar Vex");
+
+    Operator(Form("Form4")).Click("Command1");
+
+    EXPECT_EQ(boxes.texts, QStringList{"Attention: Invalid DEPTH value"});
+    EXPECT_EQ(FileBytes(folder / "tar_vex.mdb"), "this is somebody's text, and stays it");
+}
+
+} // namespace
+} // namespace tarvex::tests
