@@ -16,6 +16,7 @@ constexpr int kRowsOfAPage = 128;
 constexpr int kPagesKept = 32;
 constexpr qlonglong kNoVersion = -1;
 
+constexpr int kColumns = static_cast<int>(kSurveyFields.size());
 const int kMarkColumn = static_cast<int>(FieldIndex(kMarkField));
 
 } // namespace
@@ -33,7 +34,7 @@ int SurveyTableModel::rowCount(const QModelIndex& parent) const
 
 int SurveyTableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(kSurveyFields.size());
+    return parent.isValid() ? 0 : kColumns;
 }
 
 QVariant SurveyTableModel::data(const QModelIndex& index, int role) const
@@ -135,7 +136,7 @@ void SurveyTableModel::TakeNumbers(std::vector<qlonglong> numbers)
     }
     pages_.clear();
     if (before > 0) {
-        emit dataChanged(index(0, 0), index(static_cast<int>(before) - 1, columnCount() - 1));
+        emit dataChanged(index(0, 0), index(static_cast<int>(before) - 1, kColumns - 1));
     }
 }
 
@@ -148,11 +149,10 @@ void SurveyTableModel::Replace(std::vector<qlonglong> numbers)
 const SurveyTableModel::Page& SurveyTableModel::PageOf(int row) const
 {
     const int number = row / kRowsOfAPage;
-    if (const Page* page = pages_.object(number)) return *page;
-    auto page = ReadPage(static_cast<std::size_t>(number) * kRowsOfAPage);
-    const Page& kept = *page;
-    pages_.insert(number, page.release());
-    return kept;
+    if (!pages_.contains(number)) {
+        pages_.insert(number, ReadPage(static_cast<std::size_t>(number) * kRowsOfAPage).release());
+    }
+    return *pages_.object(number);
 }
 
 /// A row that is gone meanwhile shows nothing, and so do all when the file cannot be read; they are
@@ -172,7 +172,7 @@ std::unique_ptr<SurveyTableModel::Page> SurveyTableModel::ReadPage(std::size_t f
             const auto number = std::lower_bound(begin, end, select.value(0).toLongLong());
             if (number == end || *number != select.value(0).toLongLong()) continue;
             QStringList& row = (*page)[static_cast<std::size_t>(number - begin)];
-            for (int field = 1; field <= columnCount(); ++field)
+            for (int field = 1; field <= kColumns; ++field)
                 row += select.value(field).toString();
         }
     } catch (const RunTimeFailure&) {
