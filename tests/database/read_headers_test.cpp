@@ -1,6 +1,4 @@
-#include "database/read_headers.h"
-
-#include "database/survey_test.h"
+#include "database/read_headers_test.h"
 
 namespace tarvex::tests
 {
@@ -10,33 +8,6 @@ namespace
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::Not;
-
-constexpr auto kLimit = "ATTENTION: Already there were executed 25 readings ";
-
-class ReadHeadersTest : public SurveyTest
-{
-protected:
-    /// The row that reading `header` from record 1 leaves of `before`, a row of the same tube.
-    SurveyRow FoldInto(const SurveyRow& before, const BlockHeader& header)
-    {
-        AddRow(before);
-        PutHeader(1, header);
-        Read();
-        EXPECT_EQ(Rows().size(), 30U);
-        return RowAt(0);
-    }
-
-    static SurveyRow With(SurveyRow row, const SurveyRow& more)
-    {
-        for (const auto& [name, value] : more)
-            row[name] = value;
-        return row;
-    }
-};
-
-const BlockHeader kReading = DamHeader("00", "160926  ", "093015  ");
-const std::string kFiled = "160926  093015  ";
-const std::string kEarlier = "150926  080000  ";
 
 TEST_F(ReadHeadersTest, DefaultHeadersGetRowsWithoutAReading)
 {
@@ -317,127 +288,6 @@ TEST_F(ReadHeadersTest, AHeaderWithoutAReadingDropsItsEditOfAKnownTube)
     Read();
     EXPECT_THAT(engine.calls, Contains("Edit").Times(30));
     EXPECT_THAT(engine.calls, Not(Contains("Update")));
-}
-
-TEST_F(ReadHeadersTest, WithoutADatabaseOnlyTheGridOpens)
-{
-    PutHeader(1, DamHeader("30", "160926  ", "093015  "));
-    engine.fails = [](int, const std::string& call) { return call == "OpenTable"; };
-    Read();
-    EXPECT_THAT(engine.calls, ElementsAre("OpenTable"));
-    EXPECT_TRUE(Rows().empty());
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(29));
-    EXPECT_EQ(gridsShown, 1);
-    EXPECT_EQ(finishedHandlers, 1);
-}
-
-TEST_F(ReadHeadersTest, WithoutAHeaderFileTheWorkingHeaderIsFoldedThirtyTimes)
-{
-    state.HeaderFilePath = folder.Path();
-    state.BlockHeader = kReading;
-    Read();
-    EXPECT_THAT(Rows(), ElementsAre(With(TubeRow(kReading), {{"l0", kFiled}})));
-    EXPECT_EQ(state.BlockHeader, kReading);
-}
-
-TEST_F(ReadHeadersTest, AFailureInAnyStepOfTheLookUpMakesANewTube)
-{
-    PutHeader(1, kReading);
-    AddRow(TubeRow(kReading));
-    for (const auto* const step : {"Filter", "MoveFirst"}) {
-        const auto rowsBefore = Rows().size();
-        bool failed = false;
-        engine.fails = [&](int, const std::string& call) {
-            return !failed && (failed = call.starts_with(step));
-        };
-        Read();
-        EXPECT_TRUE(failed);
-        EXPECT_GT(Rows().size(), rowsBefore) << step;
-    }
-}
-
-TEST_F(ReadHeadersTest, AMatchThatDoesNotOpenCostsThatHeaderOnly)
-{
-    PutHeader(2, kReading);
-    int opened = 0;
-    engine.fails = [&](int, const std::string& call) {
-        return call == "OpenRecordset" && ++opened == 2;
-    };
-    Read();
-    EXPECT_EQ(Rows().size(), 29U);
-    EXPECT_EQ(RowAt(1), TubeRow(DefaultHeader(2)));
-}
-
-TEST_F(ReadHeadersTest, AFailureBehindTheLookUpMakesNoNewTube)
-{
-    PutHeader(1, kReading);
-    AddRow(TubeRow(kReading));
-    bool failed = false;
-    engine.fails = [&](int, const std::string& call) {
-        return !failed && (failed = call == "SetField nord");
-    };
-    Read();
-    EXPECT_TRUE(failed);
-    EXPECT_EQ(Rows().size(), 30U);
-    EXPECT_EQ(RowAt(0), With(TubeRow(kReading), {{"l0", kFiled}}));
-}
-
-TEST_F(ReadHeadersTest, AComparisonThatFailsCountsAsAnotherReading)
-{
-    bool failed = false;
-    engine.fails = [&](int, const std::string& call) {
-        return !failed && (failed = call == "Fields l0");
-    };
-    const auto before = With(TubeRow(kReading), {{"l0", kFiled}});
-    EXPECT_EQ(FoldInto(before, DamHeader("01", "160926  ", "093015  ")),
-              With(before, {{"l1", kFiled}, {"nlet", 1.0}}));
-}
-
-TEST_F(ReadHeadersTest, ALimitTestThatFailsCountsAsPassed)
-{
-    bool failed = false;
-    engine.fails = [&](int, const std::string& call) {
-        return !failed && (failed = call == "Fields nlet");
-    };
-    boxes.Expect(kLimit);
-    const auto before = With(TubeRow(kReading), {{"l24", kEarlier}});
-    EXPECT_EQ(FoldInto(before, kReading), With(before, {{"l25", kFiled}, {"nlet", 25.0}}));
-}
-
-/// Boxes that may come or not.
-class AnyLimitBoxes : public MessageBoxes
-{
-public:
-    void Critical(std::string_view text, std::string_view) override { EXPECT_EQ(text, kLimit); }
-    bool AskOkCancel(std::string_view) override { return false; }
-};
-
-TEST_F(ReadHeadersTest, AnyStepMayFailAndTheWalkReachesItsEnd)
-{
-    PutHeader(1, kReading);
-    PutHeader(2, DamHeader("01", "170926  ", "101112  "));
-    Read();
-    AnyLimitBoxes anyBoxes;
-    constexpr int kStepsOfTheFirstTwoRecords = 60;
-    for (int failing = 1; failing <= kStepsOfTheFirstTwoRecords; ++failing) {
-        engine.calls.clear();
-        engine.fails = [&](int step, const std::string&) { return step == failing; };
-        state.BlockHeader = kReading;
-
-        Click([&] { ReadHeaders(survey, state, anyBoxes, [&] { ++gridsShown; }); });
-
-        EXPECT_EQ(gridsShown, 1 + failing);
-        EXPECT_EQ(finishedHandlers, 1 + failing);
-        EXPECT_EQ(state.BlockHeader, DefaultHeader(29));
-        EXPECT_GE(static_cast<int>(engine.calls.size()), failing);
-    }
-}
-
-TEST_F(ReadHeadersTest, WhatShowsTheGridMayFail)
-{
-    Click([&] { ReadHeaders(survey, state, boxes, [] { throw RunTimeFailure("no grid"); }); });
-    EXPECT_EQ(finishedHandlers, 1);
-    EXPECT_EQ(Rows().size(), 30U);
 }
 
 TEST_F(ReadHeadersTest, TheGridIsShownWhenTheTableIsClosed)
