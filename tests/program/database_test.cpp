@@ -1,8 +1,6 @@
 #include "program/program_test.h"
 
-#include <QApplication>
 #include <QHeaderView>
-#include <QMenu>
 #include <QTableView>
 #include <QtTest>
 
@@ -14,50 +12,17 @@ namespace
 /// The survey database, from the service list to the header file.
 class DatabaseProgramTest : public ProgramTest
 {
-protected:
-    /// Chooses an entry of the service list.
-    void ChooseService(const QString& entry)
-    {
-        QTest::keyClick(program->MainForm(), Qt::Key_F12, Qt::ControlModifier);
-        QMenu* list = nullptr;
-        ASSERT_TRUE(WaitFor([&] {
-            list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            return list != nullptr;
-        }));
-        for (QAction* action : list->actions()) {
-            if (action->text() == entry) {
-                list->close();
-                return action->trigger();
-            }
-        }
-        FAIL() << "no entry " << entry.toStdString();
-    }
-
-    static QWidget* Form(const char* name)
-    {
-        QWidget* form = nullptr;
-        WaitFor([&] {
-            for (QWidget* window : QApplication::topLevelWidgets()) {
-                if (window->objectName() == QLatin1String(name) && window->isVisible()) {
-                    form = window;
-                }
-            }
-            return form != nullptr;
-        });
-        if (form == nullptr) throw std::runtime_error(std::string("no form ") + name);
-        return form;
-    }
 };
 
 TEST_F(DatabaseProgramTest, AMarkedTubeComesBackWithItsNextReadoutNumber)
 {
     Start({"--fill", "1:client=ROSSI,site=DIGA A,tube=T12,depth=12.5,nlet=00"});
     AtPanel().Click("Command8");
-    ChooseService("Database Tar Vex");
-    QWidget* panel = Form("Form4");
+    AtPanel().ChooseService("Database Tar Vex");
+    QWidget* panel = ShownForm("Form4");
 
     Operator(panel).Click("ssCommand2");
-    auto* grid = Form("Form5")->findChild<QTableView*>("DataGrid1");
+    auto* grid = ShownForm("Form5")->findChild<QTableView*>("DataGrid1");
     ASSERT_NE(grid, nullptr);
     EXPECT_EQ(grid->model()->rowCount(), 30);
     const int mark = grid->horizontalHeader()->logicalIndex(0);
@@ -78,9 +43,9 @@ TEST_F(DatabaseProgramTest, AFileThatIsNoDatabaseIsLeftAloneAndTold)
 {
     Start();
     WriteFile(folder / "tar_vex.mdb", "this is somebody's text, and stays it");
-    ChooseService("Database Tar Vex");
+    AtPanel().ChooseService("Database Tar Vex");
 
-    Operator(Form("Form4")).Click("Command1");
+    Operator(ShownForm("Form4")).Click("Command1");
 
     EXPECT_EQ(boxes.texts, QStringList{"Attention: Invalid DEPTH value"});
     EXPECT_EQ(FileBytes(folder / "tar_vex.mdb"), "this is somebody's text, and stays it");

@@ -45,7 +45,7 @@ bool Demonstration::Run()
 void Demonstration::SeeSplash()
 {
     program_.Start();
-    QWidget* splash = Form("preloader");
+    QWidget* splash = ShownForm("preloader");
     Tell("splash: " + splash->findChild<QLabel*>("Label1")->text() + ", " +
          splash->findChild<QLabel*>("Label2")->text());
     Picture(splash, "splash");
@@ -72,7 +72,7 @@ void Demonstration::ChooseFolder()
     AtPanel().ShowTab(2);
     AtPanel().Type("numblocco", blockText_);
     AtPanel().Click("Command10");
-    QWidget* chooser = Form("Form6");
+    QWidget* chooser = ShownForm("Form6");
     WaitFor([chooser] { return chooser->findChild<QAbstractButton*>("command3d1")->isEnabled(); });
     Picture(chooser, "folder");
     Operator(chooser).Click("command3d1");
@@ -97,11 +97,43 @@ bool Demonstration::Download()
 void Demonstration::SeeOtherForms()
 {
     AtPanel().ShowTab(3);
+    AtPanel().Click("ssCommand3");
+    Tell("Read Clock: " + AtPanel().Text("Text13a") + "/" + AtPanel().Text("Text1a") + "/" +
+         AtPanel().Text("Text2a") + " " + AtPanel().Text("Text14a") + ":" +
+         AtPanel().Text("Text3a") + ":" + AtPanel().Text("Text4a"));
     Picture(program_.MainForm(), "setup");
+    AtPanel().ShowTab(1);
+    AtPanel().Click("Command8");
+    Tell(QStringLiteral("Read All Blocks: the header file holds what the unit holds"));
     AtPanel().Click("Command11");
-    QWidget* about = Form("aboutus");
+    QWidget* about = ShownForm("aboutus");
     Picture(about, "about");
     Operator(about).Click("btnclose");
+    SeeServiceForm("Serial port RS232", "Form1", "port");
+    SeeServiceForm("Set Clock", "Form2", "clock");
+    SeeServiceForm("Delay for Automatic Cycle", "Form3", "delay");
+    SeeDatabase();
+}
+
+void Demonstration::SeeServiceForm(const char* entry, const char* form, const char* picture)
+{
+    AtPanel().ChooseService(QLatin1String(entry));
+    QWidget* window = ShownForm(form);
+    Picture(window, picture);
+    window->close();
+}
+
+void Demonstration::SeeDatabase()
+{
+    AtPanel().ChooseService(QStringLiteral("Database Tar Vex"));
+    QWidget* panel = ShownForm("Form4");
+    Picture(panel, "database");
+    Operator(panel).Click("ssCommand2");
+    QWidget* grid = ShownForm("Form5");
+    Tell(QStringLiteral("Read Headers: the survey database and its grid"));
+    Picture(grid, "grid");
+    grid->close();
+    panel->close();
 }
 
 void Demonstration::Tell(const QString& what) const
@@ -117,19 +149,6 @@ void Demonstration::Picture(QWidget* window, const char* name) const
     QCoreApplication::processEvents();
     const auto file = folder_ / "screenshots" / (std::string(name) + ".png");
     window->grab().save(QString::fromStdString(file.string()));
-}
-
-QWidget* Demonstration::Form(const char* name) const
-{
-    QWidget* form = nullptr;
-    WaitFor([&] {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == QLatin1String(name) && window->isVisible()) form = window;
-        }
-        return form != nullptr;
-    });
-    if (form == nullptr) throw std::runtime_error(std::string("no form ") + name);
-    return form;
 }
 
 } // namespace tarvex::tests

@@ -30,9 +30,10 @@ private:
     void ChooseFolder();
     bool Download();
     void SeeOtherForms();
+    void SeeServiceForm(const char* entry, const char* form, const char* picture);
+    void SeeDatabase();
     void Tell(const QString& what) const;
     void Picture(QWidget* window, const char* name) const;
-    QWidget* Form(const char* name) const;
     Operator AtPanel() const { return Operator(program_.MainForm()); }
 
     std::filesystem::path folder_;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
@@ -47,6 +48,25 @@ void Operator::ShowTab(int index) const
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(index - 1).center());
 }
 
+void Operator::ChooseService(const QString& entry) const
+{
+    form_->activateWindow(); // a window closed a moment ago may still have the keyboard
+    if (!QTest::qWaitForWindowActive(form_)) throw std::logic_error("the window is not active");
+    QTest::keyClick(form_, Qt::Key_F12, Qt::ControlModifier);
+    QMenu* list = nullptr;
+    WaitFor([&] {
+        list = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        return list != nullptr;
+    });
+    if (list == nullptr) throw std::logic_error("the service list does not pop up");
+    for (QAction* action : list->actions()) {
+        if (action->text() != entry) continue;
+        list->close();
+        return action->trigger();
+    }
+    throw std::logic_error("no entry " + entry.toStdString() + " in the service list");
+}
+
 QString Operator::Text(const char* name) const
 {
     return Find<QLineEdit>(name)->text();
@@ -84,6 +104,19 @@ void BoxWatcher::AnswerBox()
     QPushButton* answer = box->defaultButton();
     if (answer == nullptr) answer = qobject_cast<QPushButton*>(box->buttons().constFirst());
     QTest::mouseClick(answer, Qt::LeftButton);
+}
+
+QWidget* ShownForm(const char* name)
+{
+    QWidget* form = nullptr;
+    WaitFor([&] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QLatin1String(name) && window->isVisible()) form = window;
+        }
+        return form != nullptr;
+    });
+    if (form == nullptr) throw std::runtime_error(std::string("no form ") + name);
+    return form;
 }
 
 bool WaitFor(const std::function<bool()>& condition, int milliseconds)

@@ -41,6 +41,10 @@ public:
     /// Shows the tab with that index, from 1.
     void ShowTab(int index) const;
 
+    /// Pops up the service list and chooses the entry of that text; returns when its command has
+    /// ended.
+    void ChooseService(const QString& entry) const;
+
     QString Text(const char* name) const;
     bool IsShown(const char* name) const;
 
@@ -66,6 +70,9 @@ private:
 
     QTimer timer_;
 };
+
+/// The window of that object name, once it is on view; ends the test when it does not come.
+QWidget* ShownForm(const char* name);
 
 /// Runs events until `condition` holds; false when it does not within the time.
 bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000);

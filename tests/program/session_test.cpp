@@ -1,6 +1,5 @@
 #include "program/program_test.h"
 
-#include <QApplication>
 #include <QPushButton>
 
 namespace tarvex::tests
@@ -47,13 +46,9 @@ TEST_F(SessionTest, ADownloadLeavesItsThreeFilesInTheChosenFolder)
     AtPanel().ShowTab(2);
     AtPanel().Type("numblocco", "07");
     AtPanel().Click("Command10");
-    QWidget* chooser = nullptr;
-    ASSERT_TRUE(WaitFor([&] {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == "Form6" && window->isVisible()) chooser = window;
-        }
-        return chooser != nullptr && chooser->findChild<QPushButton*>("command3d1")->isEnabled();
-    }));
+    QWidget* chooser = ShownForm("Form6");
+    ASSERT_TRUE(
+        WaitFor([&] { return chooser->findChild<QPushButton*>("command3d1")->isEnabled(); }));
     Operator(chooser).Click("command3d1");
 
     AtPanel().Click("command3d1");
