@@ -70,5 +70,6 @@ build() {
 
 # in_virtual_display COMMAND...: runs it on a screen that nobody sees.
 in_virtual_display() {
-    env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 1280x800x24" "$@"
+    env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 1280x800x24" \
+        "$root/scripts/under-window-manager" "$@"
 }
