@@ -1,7 +1,5 @@
 #include "program/program.h"
 
-#include "panel/forms/picture.h"
-
 #include <QApplication>
 
 #include <system_error>
@@ -12,8 +10,6 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("tarvex-manager"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TARVEX_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("example.tarvex.Manager"));
-
-    QGuiApplication::setWindowIcon(tarvex::panel::ProgramIcon());
 
     std::error_code gone; // the folder can be: what needs it then fails by itself
     tarvex::Program program(std::filesystem::current_path(gone),

@@ -1,6 +1,7 @@
 #include "program/program.h"
 
 #include "core/start_up.h"
+#include "panel/forms/picture.h"
 #include "panel/look.h"
 
 #include <QApplication>
@@ -40,6 +41,7 @@ void Program::ShowMainForm()
     const panel::CommandContext context{
         panel_,     headers_,    {port_, pump_, timer_, boxes_, state_, &panel_},
         sideForms_, fileDialog_, startFolder_ / "dati"};
+    QGuiApplication::setWindowIcon(panel::ProgramIcon()); // now, for the splash needs none
     mainForm_ = std::make_unique<panel::MainWindow>(context, portNames_, handlers_, end_);
     sideForms_.StandAbove(mainForm_.get());
     databaseForms_.StandAbove(mainForm_.get());

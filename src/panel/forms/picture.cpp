@@ -18,7 +18,7 @@ QIcon ProgramIcon()
     LoadPictures();
     QSvgRenderer drawing(QString::fromLatin1(kProgramPicture));
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
