@@ -25,10 +25,12 @@ int& OpenConnections()
     return count;
 }
 
+/// False as well for a file that may not be written: SQLite would open it to read only, without a
+/// word.
 bool BeginsAsSqlite(const std::filesystem::path& file)
 {
     std::array<char, kSqliteMark.size()> start{};
-    std::ifstream stream(file, std::ios::binary);
+    std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
     stream.read(start.data(), start.size());
     return stream.good() && std::string_view(start.data(), start.size()) == kSqliteMark;
 }
