@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <memory>
 #include <poll.h>
 #include <string>
@@ -37,7 +38,7 @@ public:
     Display() : connection_(xcb_connect(nullptr, nullptr))
     {
         if (xcb_connection_has_error(connection_) != 0) {
-            std::fputs("start_bench: no X display\n", stderr);
+            std::cerr << "start_bench: no X display\n";
             std::exit(1);
         }
         const xcb_setup_t* setup = xcb_get_setup(connection_);
@@ -65,7 +66,7 @@ public:
             }
             pollfd descriptor{xcb_get_file_descriptor(connection_), POLLIN, 0};
             if (poll(&descriptor, 1, kPatience) <= 0) {
-                std::fputs("start_bench: no window comes\n", stderr);
+                std::cerr << "start_bench: no window comes\n";
                 std::exit(1);
             }
         }
@@ -82,7 +83,7 @@ double ResidentMegabytes(pid_t process)
 {
     std::ifstream status("/proc/" + std::to_string(process) + "/status");
     for (std::string line; std::getline(status, line);) {
-        if (line.starts_with("VmRSS:")) return std::atof(line.c_str() + 6) / 1024;
+        if (line.starts_with("VmRSS:")) return std::stod(line.substr(6)) / 1024;
     }
     return 0;
 }
@@ -108,6 +109,7 @@ Sample Run(Display& display, const char* program)
 double Median(const std::vector<Sample>& samples, double Sample::*value)
 {
     std::vector<double> values;
+    values.reserve(samples.size());
     for (const Sample& sample : samples)
         values.push_back(sample.*value);
     std::sort(values.begin(), values.end());
@@ -118,7 +120,7 @@ double Median(const std::vector<Sample>& samples, double Sample::*value)
 
 int main(int argc, char* argv[])
 {
-    const int runs = argc > 1 ? std::atoi(argv[1]) : 5;
+    const int runs = argc > 1 ? std::stoi(argv[1]) : 5;
     const auto folder = std::filesystem::temp_directory_path() / "tarvex-start-bench";
     std::filesystem::create_directories(folder);
     std::filesystem::current_path(folder);

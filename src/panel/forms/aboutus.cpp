@@ -19,7 +19,7 @@ namespace tarvex::panel
 
 namespace
 {
-constexpr int kPictureWidth = 96;
+constexpr QSize kPictureSize(96, 96);
 
 struct Row {
     std::string_view caption;
@@ -67,7 +67,7 @@ AboutUs::AboutUs(Handlers& handlers, QWidget* parent) : QDialog(parent)
 
 void AboutUs::Build(Handlers& handlers)
 {
-    auto* picture = new PictureBox(kProgramPicture, kPictureWidth, this);
+    auto* picture = new PictureBox(kProgramPicture, kPictureSize, this);
     picture->setObjectName("Image1");
     auto* close = new QPushButton("&Close", this);
     close->setObjectName("btnclose");

@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QPixmap>
-#include <QtMath>
 
 // A library's resources have to be asked for, or the linker leaves them out.
 static void LoadPictures()
@@ -29,16 +28,18 @@ QIcon ProgramIcon()
     return icon;
 }
 
-PictureBox::PictureBox(const char* picture, int width, QWidget* parent) : QWidget(parent)
+PictureBox::PictureBox(const char* picture, QSize size, QWidget* parent)
+    : QWidget(parent), picture_(picture)
 {
-    LoadPictures();
-    drawing_.load(QString::fromLatin1(picture));
-    const QSizeF natural = drawing_.viewBoxF().size();
-    setFixedSize(width, qRound(width * natural.height() / natural.width()));
+    setFixedSize(size);
 }
 
 void PictureBox::paintEvent(QPaintEvent*)
 {
+    if (!drawing_.isValid()) {
+        LoadPictures();
+        drawing_.load(QString::fromLatin1(picture_));
+    }
     QPainter painter(this);
     drawing_.render(&painter, QRectF(rect()));
 }

@@ -15,17 +15,19 @@ inline constexpr const char* kSurveyPicture = ":/tarvex/survey.svg";
 /// The program's icon, for windows and task lists.
 QIcon ProgramIcon();
 
-/// A drawing, sharp at every scale of the screen. It keeps its proportions.
+/// A drawing, sharp at every scale of the screen. It is read when it is first painted, so that no
+/// window waits for it.
 class PictureBox : public QWidget
 {
 public:
-    /// `width` in the window's own units; the height follows from the drawing.
-    PictureBox(const char* picture, int width, QWidget* parent);
+    /// `size` in the window's own units, in the proportions of the drawing.
+    PictureBox(const char* picture, QSize size, QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    const char* picture_;
     QSvgRenderer drawing_;
 };
 

@@ -21,7 +21,7 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kPeriod = 2000ms;
-constexpr int kPictureWidth = 480;
+constexpr QSize kPictureSize(480, 240);
 constexpr int kMargin = 16;
 
 QLabel* NamedLabel(const char* name, QWidget* parent)
@@ -57,7 +57,7 @@ Preloader::Preloader(Handlers& handlers, std::function<void()> next)
 
 void Preloader::Build()
 {
-    auto* picture = new PictureBox(kSurveyPicture, kPictureWidth, this);
+    auto* picture = new PictureBox(kSurveyPicture, kPictureSize, this);
     picture->setObjectName("Image1");
     auto* description = NamedLabel("Label2", this);
     Enlarge(description, 2);
