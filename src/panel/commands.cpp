@@ -123,57 +123,38 @@ void OnForms(CommandContext& context)
     (context.forms.*Show)();
 }
 
-constexpr std::string_view kRules = "panel/field_rules.cpp";
-constexpr std::string_view kFiles = "download/file_commands.cpp";
-constexpr std::string_view kClock = "settings/clock.cpp";
-constexpr std::string_view kPort = "settings/port_choice.cpp";
-constexpr std::string_view kForms = "panel/forms.h";
-
 constexpr std::array kCommands = {
-    CommandRow{Command::ReadBlock, "ReadBlock", "blocks/read_block.cpp", OnLine<ReadBlock>},
-    CommandRow{Command::ReadAllBlocks, "ReadAllBlocks", "blocks/read_all_blocks.cpp",
-               OnLine<ReadAllBlocks>},
-    CommandRow{Command::SetBlock, "SetBlock", "blocks/set_block.cpp", OnLine<SetBlock>},
-    CommandRow{Command::SetAll, "SetAll", "blocks/set_all.cpp", OnLine<SetAll>},
-    CommandRow{Command::ResetBlock, "ResetBlock", "blocks/reset_block.cpp", OnLine<ResetBlock>},
-    CommandRow{Command::TotalReset, "TotalReset", "blocks/total_reset.cpp", OnLine<TotalReset>},
-    CommandRow{Command::ResetGainZero, "ResetGainZero", "blocks/reset_gain_zero.cpp",
-               OnLine<ResetGainZero>},
-    CommandRow{Command::BlockDownload, "BlockDownload", "download/block_download.cpp",
-               OnLine<BlockDownload>},
-    CommandRow{Command::DownloadBlockUp, "StepDownloadBlockUp", kRules,
-               OnPanel<StepDownloadBlockUp>},
-    CommandRow{Command::DownloadBlockDown, "StepDownloadBlockDown", kRules,
-               OnPanel<StepDownloadBlockDown>},
-    CommandRow{Command::StepRecordUp, "StepRecordUp", kFiles, OnRecords<StepRecordUp>},
-    CommandRow{Command::StepRecordDown, "StepRecordDown", kFiles, OnRecords<StepRecordDown>},
-    CommandRow{Command::CopyHeaderForward, "CopyHeaderForward", kFiles,
-               OnRecords<CopyHeaderForward>},
-    CommandRow{Command::ChooseHeaderFile, "ChooseHeaderFile", kFiles, RunChooseHeaderFile},
-    CommandRow{Command::CreateDefaultHeaderFile, "CreateDefaultHeaderFile", kFiles,
-               RunCreateDefaultHeaderFile},
-    CommandRow{Command::ShowFolderChooser, "ShowFolderChooser", kForms,
-               OnForms<&Forms::ShowFolderChooser>},
-    CommandRow{Command::EnableDownload, "EnableDownload", kFiles, RunEnableDownload},
-    CommandRow{Command::OpenDatabase, "OpenDatabase", "database/open_database.cpp",
-               RunOpenDatabase},
-    CommandRow{Command::ShowAbout, "ShowAbout", kForms, OnForms<&Forms::ShowAbout>},
-    CommandRow{Command::OpenManual, "OpenManual", kForms, OnForms<&Forms::OpenManual>},
-    CommandRow{Command::ReadClock, "ReadClock", kClock, RunReadClock},
-    CommandRow{Command::WriteClock, "WriteClock", kClock, RunWriteClock},
-    CommandRow{Command::StartClock, "StartClock", kClock, RunStartClock},
-    CommandRow{Command::WriteCycleDelay, "WriteCycleDelay", "settings/cycle_delay.cpp",
-               RunWriteCycleDelay},
-    CommandRow{Command::ChoosePort1, "ChoosePort", kPort, SelectPort<0>},
-    CommandRow{Command::ChoosePort2, "ChoosePort", kPort, SelectPort<1>},
-    CommandRow{Command::ChoosePort3, "ChoosePort", kPort, SelectPort<2>},
-    CommandRow{Command::ChoosePort4, "ChoosePort", kPort, SelectPort<3>},
-    CommandRow{Command::ShowPortDialog, "ShowPortDialog", "panel/dialogs/port_dialog.cpp",
-               OnForms<&Forms::ShowPortDialog>},
-    CommandRow{Command::ShowClockDialog, "ShowClockDialog", "panel/dialogs/clock_dialog.cpp",
-               OnForms<&Forms::ShowClockDialog>},
-    CommandRow{Command::ShowDelayDialog, "ShowDelayDialog", "panel/dialogs/delay_dialog.cpp",
-               OnForms<&Forms::ShowDelayDialog>},
+    CommandRow{Command::ReadBlock, OnLine<ReadBlock>},
+    CommandRow{Command::ReadAllBlocks, OnLine<ReadAllBlocks>},
+    CommandRow{Command::SetBlock, OnLine<SetBlock>},
+    CommandRow{Command::SetAll, OnLine<SetAll>},
+    CommandRow{Command::ResetBlock, OnLine<ResetBlock>},
+    CommandRow{Command::TotalReset, OnLine<TotalReset>},
+    CommandRow{Command::ResetGainZero, OnLine<ResetGainZero>},
+    CommandRow{Command::BlockDownload, OnLine<BlockDownload>},
+    CommandRow{Command::DownloadBlockUp, OnPanel<StepDownloadBlockUp>},
+    CommandRow{Command::DownloadBlockDown, OnPanel<StepDownloadBlockDown>},
+    CommandRow{Command::StepRecordUp, OnRecords<StepRecordUp>},
+    CommandRow{Command::StepRecordDown, OnRecords<StepRecordDown>},
+    CommandRow{Command::CopyHeaderForward, OnRecords<CopyHeaderForward>},
+    CommandRow{Command::ChooseHeaderFile, RunChooseHeaderFile},
+    CommandRow{Command::CreateDefaultHeaderFile, RunCreateDefaultHeaderFile},
+    CommandRow{Command::ShowFolderChooser, OnForms<&Forms::ShowFolderChooser>},
+    CommandRow{Command::EnableDownload, RunEnableDownload},
+    CommandRow{Command::OpenDatabase, RunOpenDatabase},
+    CommandRow{Command::ShowAbout, OnForms<&Forms::ShowAbout>},
+    CommandRow{Command::OpenManual, OnForms<&Forms::OpenManual>},
+    CommandRow{Command::ReadClock, RunReadClock},
+    CommandRow{Command::WriteClock, RunWriteClock},
+    CommandRow{Command::StartClock, RunStartClock},
+    CommandRow{Command::WriteCycleDelay, RunWriteCycleDelay},
+    CommandRow{Command::ChoosePort1, SelectPort<0>},
+    CommandRow{Command::ChoosePort2, SelectPort<1>},
+    CommandRow{Command::ChoosePort3, SelectPort<2>},
+    CommandRow{Command::ChoosePort4, SelectPort<3>},
+    CommandRow{Command::ShowPortDialog, OnForms<&Forms::ShowPortDialog>},
+    CommandRow{Command::ShowClockDialog, OnForms<&Forms::ShowClockDialog>},
+    CommandRow{Command::ShowDelayDialog, OnForms<&Forms::ShowDelayDialog>},
 };
 
 } // namespace
@@ -186,11 +167,6 @@ std::span<const CommandRow> CommandTable()
 const CommandRow& RowOf(Command command)
 {
     return kCommands.at(static_cast<std::size_t>(command) - 1);
-}
-
-bool IsBuilt(Command command)
-{
-    return command != Command::None && RowOf(command).run != nullptr;
 }
 
 } // namespace tarvex::panel

@@ -7,7 +7,6 @@
 
 #include <filesystem>
 #include <span>
-#include <string_view>
 
 namespace tarvex::panel
 {
@@ -58,12 +57,10 @@ struct CommandContext {
     std::filesystem::path headerFolder; ///< where the open dialog for a header file starts
 };
 
-/// One command: its name, the file under src/ that holds it, and the handler itself.
+/// One command and its handler.
 struct CommandRow {
     Command command;
-    std::string_view name;
-    std::string_view source;
-    void (*run)(CommandContext& context); ///< null while the command is not built
+    void (*run)(CommandContext& context);
 };
 
 /// Every command but None, in the order of the enumeration.
@@ -71,8 +68,5 @@ std::span<const CommandRow> CommandTable();
 
 /// The row of a command other than None.
 const CommandRow& RowOf(Command command);
-
-/// False for None too.
-bool IsBuilt(Command command);
 
 } // namespace tarvex::panel

@@ -4,7 +4,6 @@
 #include "panel/commands.h"
 
 #include <span>
-#include <string>
 #include <string_view>
 #include <variant>
 
@@ -63,8 +62,5 @@ bool StartsHidden(const ControlRow& row);
 
 /// What a person, or a screen reader, calls the control.
 std::string_view AccessibleNameOf(const ControlRow& row);
-
-/// The table as a page of the manual, in Markdown.
-std::string ControlPage();
 
 } // namespace tarvex::panel

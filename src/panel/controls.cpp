@@ -17,13 +17,6 @@ namespace tarvex::panel
 namespace
 {
 
-constexpr std::string_view kNotBuilt = "Not built yet";
-
-bool LacksItsCommand(const ControlRow& row)
-{
-    return row.command != Command::None && !IsBuilt(row.command);
-}
-
 QWidget& ParentOf(const ControlRow& row, QWidget& window)
 {
     auto* parent = window.findChild<QWidget*>(Literal(row.parent));
@@ -99,10 +92,10 @@ QWidget* MakeWidget(const ControlRow& row, Panel& panel, QWidget& parent)
 }
 
 /// Shown, hidden, enabled and disabled as the model says.
-void FollowControl(const ControlRow& row, Control& control, QWidget& widget)
+void FollowControl(Control& control, QWidget& widget)
 {
-    const auto follow = [&control, &widget, usable = !LacksItsCommand(row)] {
-        widget.setEnabled(control.Enabled() && usable);
+    const auto follow = [&control, &widget] {
+        widget.setEnabled(control.Enabled());
         if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
         widget.update();
     };
@@ -117,11 +110,9 @@ void BindToModel(const ControlRow& row, Panel& panel, QWidget& widget)
         edit->setReadOnly(row.locked);
         if (row.locked) ShowLocked(*edit);
     } else if (Control* control = ControlOf(row, panel)) {
-        FollowControl(row, *control, widget);
+        FollowControl(*control, widget);
     } else if (StartsHidden(row)) {
         widget.hide();
-    } else if (LacksItsCommand(row)) {
-        widget.setEnabled(false);
     }
 }
 
@@ -145,7 +136,7 @@ QWidget* MakeControl(const ControlRow& row, Panel& panel, QWidget& window)
     QWidget* widget = MakeWidget(row, panel, ParentOf(row, window));
     if (widget == nullptr) return nullptr;
     widget->setObjectName(Literal(row.name));
-    widget->setToolTip(Literal(LacksItsCommand(row) ? kNotBuilt : row.toolTip));
+    widget->setToolTip(Literal(row.toolTip));
     BindToModel(row, panel, *widget);
     BindToBox(row, window, *widget);
     return widget;

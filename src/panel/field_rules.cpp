@@ -54,26 +54,13 @@ void ShowDownloadBlock(Panel& panel, const WorkingState& state)
     panel.numblocco.SetText(TwoDigits(state.DownloadBlock));
 }
 
-constexpr std::string_view kBlockSummary =
-    "a box when it is empty, below 0 or above 29; the text stays";
-constexpr std::string_view kTextSummary = "filled with blanks to its width, in capitals";
-constexpr std::string_view kDepthSummary =
-    "zeros on its left; a depth above 100.0 m with step 0, or above 200.0 m with step 1, gives a "
-    "box and becomes that limit";
-
 constexpr std::array kRules = {
-    FieldRuleRow{"Text2", kBlockSummary, LeaveText2},
-    FieldRuleRow{"Text3", kTextSummary, LeaveText3},
-    FieldRuleRow{"Text4", kTextSummary, LeaveText4},
-    FieldRuleRow{"Text5", kTextSummary, LeaveText5},
-    FieldRuleRow{"Text6", kDepthSummary, LeaveText6},
-    FieldRuleRow{"Text13", "5 or 0, else a box and 0; then as `Text6`. A double click toggles it",
-                 LeaveText13},
-    FieldRuleRow{"Text7", "1 or 0, else a box and 0", LeaveText7},
-    FieldRuleRow{"Text8", "4 or 2, else a box and 2", LeaveText8},
-    FieldRuleRow{"Text9", "four characters, else a box and +000", LeaveText9},
-    FieldRuleRow{"Text10", "zeros on its left", LeaveText10},
-    FieldRuleRow{"numblocco", kBlockSummary, LeaveNumblocco},
+    FieldRuleRow{"Text2", LeaveText2},         FieldRuleRow{"Text3", LeaveText3},
+    FieldRuleRow{"Text4", LeaveText4},         FieldRuleRow{"Text5", LeaveText5},
+    FieldRuleRow{"Text6", LeaveText6},         FieldRuleRow{"Text13", LeaveText13},
+    FieldRuleRow{"Text7", LeaveText7},         FieldRuleRow{"Text8", LeaveText8},
+    FieldRuleRow{"Text9", LeaveText9},         FieldRuleRow{"Text10", LeaveText10},
+    FieldRuleRow{"numblocco", LeaveNumblocco},
 };
 
 } // namespace

@@ -17,8 +17,7 @@ using FieldRule = void (*)(Panel& panel, WorkingState& state, MessageBoxes& boxe
 
 /// A field and what happens when it is left.
 struct FieldRuleRow {
-    std::string_view field;   ///< the control's name
-    std::string_view summary; ///< for the manual
+    std::string_view field; ///< the control's name
     FieldRule leave;
 };
 

@@ -76,7 +76,7 @@ private:
     void HangOnButtons()
     {
         for (const ControlRow& row : ControlTable()) {
-            if (!IsBuilt(row.command)) continue;
+            if (row.command == Command::None) continue;
             auto* button = window_.findChild<QAbstractButton*>(Literal(row.name));
             QObject::connect(button, &QAbstractButton::clicked, &window_,
                              [this, command = row.command] { Run(command); });

@@ -34,8 +34,7 @@ ServiceList::ServiceList(QWidget* parent, const std::function<void(Command)>& ru
     setObjectName("ServiceList");
     setAccessibleName("Service list");
     const auto add = [&](std::string_view text, Command command) {
-        QAction* action = addAction(Literal(text), this, [run, command] { run(command); });
-        action->setEnabled(IsBuilt(command));
+        addAction(Literal(text), this, [run, command] { run(command); });
     };
     for (const char* name : kHiddenButtons)
         add(RowNamed(name).caption, RowNamed(name).command);
@@ -48,11 +47,7 @@ void ServiceList::PopUp()
 {
     const QWidget& window = *parentWidget();
     popup(window.mapToGlobal(window.rect().center() - QRect({}, sizeHint()).center()));
-    for (QAction* action : actions()) {
-        if (!action->isEnabled()) continue;
-        setActiveAction(action);
-        return;
-    }
+    setActiveAction(actions().constFirst());
 }
 
 } // namespace tarvex::panel

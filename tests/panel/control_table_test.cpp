@@ -1,5 +1,6 @@
 #include "panel/control_table.h"
 
+#include "panel/control_page.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -247,8 +248,9 @@ TEST(CommandTable, HoldsEveryCommandAtItsPlaceWithTheFileOfItsHandler)
     int place = static_cast<int>(Command::None);
     for (const CommandRow& row : CommandTable()) {
         EXPECT_EQ(static_cast<int>(row.command), ++place);
-        if (row.run == nullptr) continue;
-        EXPECT_TRUE(std::filesystem::exists(kSources / "src" / row.source)) << row.name;
+        ASSERT_NE(row.run, nullptr) << place;
+        const CommandEntry& entry = EntryOf(row.command);
+        EXPECT_TRUE(std::filesystem::exists(kSources / "src" / entry.source)) << entry.name;
     }
     EXPECT_EQ(place, static_cast<int>(Command::ShowDelayDialog));
 }

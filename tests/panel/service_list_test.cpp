@@ -78,24 +78,6 @@ TEST_F(ServiceListTest, LeavesTheFieldInWorkBeforeItsCommandRuns)
     EXPECT_EQ(panel.Text5.Text(), "T   ");
 }
 
-TEST_F(ServiceListTest, ListsWhatIsNotBuiltAsDisabled)
-{
-    const std::pair<const char*, Command> rows[] = {
-        {"Database Tar Vex", Command::OpenDatabase},
-        {"File", Command::ChooseHeaderFile},
-        {"Serial port RS232", Command::ShowPortDialog},
-        {"Set Clock", Command::ShowClockDialog},
-        {"Delay for Automatic Cycle", Command::ShowDelayDialog},
-    };
-    const QMenu& list = OpenList();
-    for (const auto& [text, command] : rows) {
-        for (const QAction* action : list.actions()) {
-            if (action->text() != text) continue;
-            EXPECT_EQ(action->isEnabled(), IsBuilt(command)) << text;
-        }
-    }
-}
-
 } // namespace
 
 } // namespace tarvex::tests

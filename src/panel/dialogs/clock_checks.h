@@ -16,9 +16,10 @@ struct ClockCheck {
     void (*left)(const ClockBoxes& clock, MessageBoxes& boxes); ///< never changes a text
 };
 
-/// The twelve checks: each warns with a critical box and lets the key or the text stand. They
-/// belong to the form and are attached to none of its controls: letters and impossible times go to
-/// the unit as they are typed, as they do from the panel.
+/// The twelve checks: each warns with a critical box and leaves the key or the text as it is. They
+/// are attached to none of the form's controls on purpose: the dialog has to send what the panel
+/// sends, and the panel's clock takes letters and impossible times as they are typed. They are kept
+/// as the form's exact rules, ready to be attached on the day that the unit is to be guarded.
 extern const std::array<ClockCheck, 6> kClockChecks;
 
 } // namespace tarvex::panel
