@@ -216,10 +216,10 @@ TEST(ReportNames, JoinFolderSeparatorAndName)
     values.cantiere = "S";
     values.tubo = "T";
     values.nlet = "01";
-    EXPECT_EQ(HeadReportFile("/dati", values).Path(), "/dati/C -S-T-01-dat.dat");
-    EXPECT_EQ(DataReportFile("/dati", values).Path(), "/dati/C -S-T-01-num.dat");
-    EXPECT_EQ(WorkFile("/dati").Path(), "/dati/datiram.dat");
-    EXPECT_EQ(HeadReportFile("/dati", values).Shown(), "/dati/C -S-T-01-dat.dat");
+    EXPECT_EQ(HeadReportFile("/srv/dati", values).Path(), "/srv/dati/C -S-T-01-dat.dat");
+    EXPECT_EQ(DataReportFile("/srv/dati", values).Path(), "/srv/dati/C -S-T-01-num.dat");
+    EXPECT_EQ(WorkFile("/srv/dati").Path(), "/srv/dati/datiram.dat");
+    EXPECT_EQ(HeadReportFile("/srv/dati", values).Shown(), "/srv/dati/C -S-T-01-dat.dat");
     EXPECT_EQ(HeadReportFile(std::filesystem::path(u8"/città"), values).Shown(),
               "/citt\xE0/C -S-T-01-dat.dat");
 }

@@ -53,28 +53,29 @@ TEST(MountPoints, AreNoneInATableThatIsNotThereOrCutShort)
 
 TEST(UnixPlaces, AreStartFolderHomeRemovableMediaAndFileSystem)
 {
-    const auto places = UnixPlaces("/surveys/2026", "/people/tech",
+    const auto places = UnixPlaces("/srv/surveys/2026", "/srv/people/tech",
                                    {"/", "/proc", "/media/tech/STICK", "/run/media/tech/CARD",
                                     "/mnt/server", "/mnt", "/mntother", "/media/tech/STICK"});
     EXPECT_THAT(Shown(places),
-                ElementsAre("Start folder = /surveys/2026", "Home = /people/tech",
+                ElementsAre("Start folder = /srv/surveys/2026", "Home = /srv/people/tech",
                             "STICK = /media/tech/STICK", "CARD = /run/media/tech/CARD",
                             "server = /mnt/server", "mnt = /mnt", "File system = /"));
 }
 
 TEST(UnixPlaces, HoldAFolderOnce)
 {
-    EXPECT_THAT(Shown(UnixPlaces("/people/tech", "/people/tech", {})),
-                ElementsAre("Start folder = /people/tech", "File system = /"));
+    EXPECT_THAT(Shown(UnixPlaces("/srv/people/tech", "/srv/people/tech", {})),
+                ElementsAre("Start folder = /srv/people/tech", "File system = /"));
     EXPECT_THAT(Shown(UnixPlaces("/", "", {})), ElementsAre("Start folder = /"));
 }
 
 TEST(NearestPlace, IsTheDeepestOneAboveTheFolder)
 {
-    const auto places = UnixPlaces("/people/tech/surveys", "/people/tech", {"/media/tech/STICK"});
-    EXPECT_EQ(NearestPlace(places, "/people/tech/surveys/dati"), 0U);
-    EXPECT_EQ(NearestPlace(places, "/people/tech/surveys"), 0U);
-    EXPECT_EQ(NearestPlace(places, "/people/tech/surveys2"), 1U);
+    const auto places =
+        UnixPlaces("/srv/people/tech/surveys", "/srv/people/tech", {"/media/tech/STICK"});
+    EXPECT_EQ(NearestPlace(places, "/srv/people/tech/surveys/dati"), 0U);
+    EXPECT_EQ(NearestPlace(places, "/srv/people/tech/surveys"), 0U);
+    EXPECT_EQ(NearestPlace(places, "/srv/people/tech/surveys2"), 1U);
     EXPECT_EQ(NearestPlace(places, "/media/tech/STICK/a/b"), 2U);
     EXPECT_EQ(NearestPlace(places, "/media/tech"), 3U);
 }
