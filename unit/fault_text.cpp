@@ -117,7 +117,7 @@ Fault ParseFault(std::string_view text)
         Refuse(text, "this trouble cannot happen at this moment");
 
     Fault fault{trouble.trouble, moment.moment};
-    if (trouble.argument == Argument::Text) fault.text = "?";
+    if (trouble.argument == Argument::Text) fault.text = '?';
     const auto number = TakeNumber(rest);
     if (!number || *number < 1 || *number > 1'000'000) Refuse(text, "the moments count from 1");
     fault.number = static_cast<int>(*number);

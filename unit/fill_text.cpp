@@ -95,7 +95,7 @@ void Set(Survey& survey, std::string_view name, std::string_view value)
 
 Survey UsualSurvey(int block)
 {
-    return {{"COMUNE", "PENDIO 1", "T" + std::to_string(block), "0200", "0", "2", "+000", "01",
+    return {{"COMUNE", "PENDIO 1", 'T' + std::to_string(block), "0200", "0", "2", "+000", "01",
              "140426", "100000"},
             static_cast<std::uint32_t>(block)};
 }

@@ -33,7 +33,7 @@ void DecodeSampleWord(std::string_view digits, std::string& result)
     const bool positive = (values[0] & kPositive) != 0;
     if (positive) values[0] -= kPositive;
     const int value = values[0] * 4096 + values[1] * 256 + values[2] * 16 + values[3];
-    result = (positive ? "+" : "-") + FiveDigits(value);
+    result = (positive ? '+' : '-') + FiveDigits(value);
 }
 
 } // namespace tarvex

@@ -25,7 +25,7 @@ bool ReadHeaderPages(DeviceLink& link, Panel& panel, WorkingState& state, const 
                      HeaderValues& values)
 {
     for (const HeaderPage& page : pages) {
-        state.ReadAddrBank = "0";
+        state.ReadAddrBank = '0';
         state.ReadAddrPage = page.page;
         if (&page != &pages.front()) {
             link.UntimedWake();

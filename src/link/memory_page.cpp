@@ -22,7 +22,7 @@ std::string ReadAddress(const WorkingState& state)
 void ReadPage(DeviceLink& link, Panel& panel, const WorkingState& state)
 {
     panel.Text17.SetText(ReadAddress(state));
-    link.SendFrame("a" + ReadAddress(state));
+    link.SendFrame('a' + ReadAddress(state));
     link.AwaitReply(kPageReplyLength);
 }
 

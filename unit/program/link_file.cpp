@@ -32,7 +32,7 @@ LinkFile::LinkFile(fs::path path, const fs::path& target) : path_(std::move(path
 {
     if (!MayReplace(path_)) throw Failure(path_, "something else of that name is there");
     auto fresh = path_;
-    fresh += "." + std::to_string(::getpid());
+    fresh += '.' + std::to_string(::getpid());
     std::error_code error;
     fs::create_symlink(target_, fresh, error);
     if (!error) fs::rename(fresh, path_, error);
