@@ -8,13 +8,16 @@
 namespace tarvex::platform
 {
 
-DeviceLock::DeviceLock(const std::filesystem::path&) {}
+DeviceLock::DeviceLock(const std::filesystem::path& device, const LockFolders&) : name_(device) {}
 
 void DeviceLock::Release() {}
 
 } // namespace tarvex::platform
 
 #else
+
+#include "platform/device_holder.h"
+#include "platform/exclusive_holder.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -44,6 +47,20 @@ std::string ReasonOf(int error)
     }
 }
 
+RunTimeFailure Refusal(int error, const std::filesystem::path& device)
+{
+    return RunTimeFailure(ReasonOf(error) + ": " + device.string());
+}
+
+void RequireUnheld(const std::filesystem::path& device, const LockFolders& folders)
+{
+    const auto holder = HolderByLock(device, folders);
+    if (!holder) return;
+    const std::string name = holder->Name();
+    throw RunTimeFailure(ReasonOf(EBUSY) + ": " + device.string() +
+                         (name.empty() ? name : ", by " + name));
+}
+
 /// Takes the lock on an open descriptor. 0, or the system's number for the failure.
 int Take(int descriptor)
 {
@@ -56,15 +73,30 @@ int Take(int descriptor)
     return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
 }
 
+int OpenHeedingTheFlag(const std::filesystem::path& device)
+{
+    const ExclusiveFlagHeeded asAnyUser;
+    return ::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+}
+
+std::filesystem::path ByDescriptor(int descriptor)
+{
+    return "/proc/" + std::to_string(::getpid()) + "/fd/" + std::to_string(descriptor);
+}
+
 } // namespace
 
-DeviceLock::DeviceLock(const std::filesystem::path& device)
+DeviceLock::DeviceLock(const std::filesystem::path& device, const LockFolders& folders)
+    : name_(device)
 {
-    descriptor_ = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    RequireUnheld(device, folders);
+    descriptor_ = OpenHeedingTheFlag(device);
     const int error = descriptor_ >= 0 ? Take(descriptor_) : errno;
-    if (error == 0) return;
-    Release();
-    throw RunTimeFailure(ReasonOf(error) + ": " + device.string());
+    if (error != 0) {
+        Release();
+        throw Refusal(error, device);
+    }
+    if (!RemoveLockFiles(device, folders)) name_ = ByDescriptor(descriptor_);
 }
 
 void DeviceLock::Release()

@@ -1,29 +1,37 @@
 #pragma once
 
+#include "platform/lock_file.h"
+
 #include <filesystem>
 
 namespace tarvex::platform
 {
 
 /// Holds a serial device against every other program, also against those of root, for whom the
-/// system's exclusive flag does not count. It is taken before the port is opened, so that a device
-/// that another program holds keeps its settings and its modem lines.
+/// system's exclusive flag does not count.
 class DeviceLock
 {
 public:
     /// Fails, with a text that says which, when there is no such device, when it is no serial
-    /// device, when it may not be opened, and when it is held: by another lock of this kind, or
-    /// with the exclusive flag.
-    explicit DeviceLock(const std::filesystem::path& device);
+    /// device, when it may not be opened, and when it is held: by an advisory lock, by a lock file,
+    /// or with the exclusive flag. A device that is held is not opened, for the opening alone
+    /// raises the modem lines of the program that holds it.
+    DeviceLock(const std::filesystem::path& device, const LockFolders& folders);
     ~DeviceLock() { Release(); }
     DeviceLock(const DeviceLock&) = delete;
     DeviceLock& operator=(const DeviceLock&) = delete;
+
+    /// The path by which the toolkit is to open the device. The toolkit makes a lock file of that
+    /// name and gives up when there is one; so it is another path to the same device where a lock
+    /// file stands that nobody holds and that this user may not remove.
+    const std::filesystem::path& NameToOpen() const { return name_; }
 
     /// Lets the device go; no effect the second time.
     void Release();
 
 private:
     int descriptor_ = -1;
+    std::filesystem::path name_;
 };
 
 } // namespace tarvex::platform

@@ -41,7 +41,7 @@ bool HasVanished(const QSerialPort& port, QSerialPort::SerialPortError error)
 class QtSerialPort::Opening
 {
 public:
-    explicit Opening(const std::filesystem::path& device);
+    Opening(const std::filesystem::path& device, const LockFolders& folders);
     ~Opening();
     Opening(const Opening&) = delete;
     Opening& operator=(const Opening&) = delete;
@@ -63,9 +63,10 @@ private:
     bool vanished_ = false;
 };
 
-QtSerialPort::Opening::Opening(const std::filesystem::path& device) : lock_(device)
+QtSerialPort::Opening::Opening(const std::filesystem::path& device, const LockFolders& folders)
+    : lock_(device, folders)
 {
-    port_.setPortName(QString::fromStdU16String(device.u16string()));
+    port_.setPortName(QString::fromStdU16String(lock_.NameToOpen().u16string()));
     Configure();
     if (!port_.open(QIODevice::ReadWrite)) {
         throw RunTimeFailure("Port cannot be opened: " + port_.errorString().toStdString());
@@ -154,7 +155,10 @@ void QtSerialPort::Opening::LetGo()
     lock_.Release();
 }
 
-QtSerialPort::QtSerialPort(PortFinder finder) : finder_(std::move(finder)) {}
+QtSerialPort::QtSerialPort(PortFinder finder, LockFolders folders)
+    : finder_(std::move(finder)), folders_(std::move(folders))
+{
+}
 
 QtSerialPort::~QtSerialPort() = default;
 
@@ -169,7 +173,7 @@ void QtSerialPort::Open()
     if (opening_) throw RunTimeFailure("Port already open");
     const PortChoice choice = finder_.Find(number_);
     if (choice.device.empty()) throw RunTimeFailure("No such port");
-    opening_ = std::make_unique<Opening>(choice.device);
+    opening_ = std::make_unique<Opening>(choice.device, folders_);
 }
 
 void QtSerialPort::Close()

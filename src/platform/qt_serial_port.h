@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/serial_port.h"
+#include "platform/lock_file.h"
 #include "platform/port_finder.h"
 
 #include <memory>
@@ -18,7 +19,8 @@ namespace tarvex::platform
 class QtSerialPort : public SerialPort
 {
 public:
-    explicit QtSerialPort(PortFinder finder);
+    /// `folders` are those of the lock files of serial devices.
+    explicit QtSerialPort(PortFinder finder, LockFolders folders = {});
     ~QtSerialPort() override;
 
     void SetCommPort(int number) override;
@@ -33,6 +35,7 @@ private:
     Opening& RequireOpen() const;
 
     PortFinder finder_;
+    LockFolders folders_;
     int number_ = 1;
     std::unique_ptr<Opening> opening_; // null when not open
 };

@@ -1,16 +1,12 @@
+#include "platform/other_program.h"
 #include "platform/port_test.h"
 
-#include <array>
 #include <cerrno>
 #include <fcntl.h>
-#include <functional>
-#include <grp.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <termios.h>
-#include <unistd.h>
 
 namespace tarvex::tests
 {
@@ -20,46 +16,6 @@ namespace
 using ::testing::StartsWith;
 
 using SerialPortOpening = PortTest;
-
-/// Another program that opens the device and does `hold` to it, for as long as this lives; the
-/// descriptor is -1 when it could not open it, with the reason in errno.
-class OtherProgram
-{
-public:
-    OtherProgram(const std::filesystem::path& device, const std::function<bool(int)>& hold)
-    {
-        std::array<int, 2> ready{};
-        std::array<int, 2> leave{};
-        EXPECT_EQ(::pipe(ready.data()), 0);
-        EXPECT_EQ(::pipe(leave.data()), 0);
-        child_ = ::fork();
-        char held = 0;
-        if (child_ == 0) {
-            ::close(leave[1]);
-            const int descriptor = ::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
-            held = hold(descriptor) ? 'y' : 'n';
-            if (::write(ready[1], &held, 1) != 1) ::_exit(1);
-            ::_exit(static_cast<int>(::read(leave[0], &held, 1)));
-        }
-        ::close(ready[1]);
-        ::close(leave[0]);
-        leave_ = leave[1];
-        EXPECT_EQ(::read(ready[0], &held, 1), 1);
-        ::close(ready[0]);
-        EXPECT_EQ(held, 'y');
-    }
-    ~OtherProgram()
-    {
-        ::close(leave_);
-        EXPECT_EQ(::waitpid(child_, nullptr, 0), child_);
-    }
-    OtherProgram(const OtherProgram&) = delete;
-    OtherProgram& operator=(const OtherProgram&) = delete;
-
-private:
-    pid_t child_ = -1;
-    int leave_ = -1;
-};
 
 termios SettingsOf(const PseudoTerminal& terminal)
 {
@@ -169,19 +125,9 @@ TEST_F(SerialPortOpening, FailsWhenTheLinkLeadsToAPlainFileWhichStaysAsItIs)
 TEST_F(SerialPortOpening, FailsWhenTheOperatorMayNotUseTheDevice)
 {
     ASSERT_EQ(::chmod(terminal.Device().c_str(), 0), 0);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        constexpr id_t kNobody = 65534;
-        if (::getuid() == 0 &&
-            (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)) {
-            ::_exit(2);
-        }
-        ::_exit(RefusalOf(port).starts_with("Port not permitted") ? 0 : 1);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    EXPECT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 0) << "2: no way to become another user";
+    EXPECT_EQ(
+        FailureForOrdinaryUser([&] { return RefusalOf(port).starts_with("Port not permitted"); }),
+        "");
 }
 
 TEST_F(SerialPortOpening, FailsWhenAlreadyOpenAndLeavesThePortAsItIs)
