@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
@@ -85,6 +86,25 @@ TEST_F(UnitProgram, OutlivesTheManagersOpeningAndClosing)
         const ManagersPort port(unit.Terminal());
         ASSERT_EQ(port.Exchange("a1E000\r", 50),
                   "00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 \r\n");
+    }
+}
+
+TEST_F(UnitProgram, HandsItsBytesOverThroughAnAdapter)
+{
+    const RunningUnit unit({"--fast", "--adapter", "200"});
+    const ManagersPort port(unit.Terminal());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(port.Exchange("H\r", 14).size(), 14U);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200))
+        << "a whole timer lies between the wake's answer and the clock";
+}
+
+TEST_F(UnitProgram, RefusesAnAdapterWithoutALatency)
+{
+    for (const std::string latency : {"0", "256", "-1", "soon"}) {
+        RunningUnit unit({"--fast", "--adapter", latency});
+        EXPECT_EQ(unit.Terminal(), "") << latency;
+        EXPECT_NE(unit.ExitStatus(), 0) << latency;
     }
 }
 

@@ -42,6 +42,19 @@ std::string CheckClock(const std::string& digits)
     return Clock().Set(digits, Time{0}) ? "" : "the clock is told as YYMMDDhhmmss";
 }
 
+void AddAdapter(CLI::App& app, Options& options)
+{
+    constexpr int kLongest = 255; // what such an adapter's timer holds
+    const auto take = [&options](int milliseconds) {
+        options.adapter = std::chrono::milliseconds(milliseconds);
+    };
+    app.add_option_function<int>("--adapter", take,
+                                 "hands its bytes over as a USB adapter does whose latency timer "
+                                 "runs for that many milliseconds, 16 as a rule")
+        ->type_name("MS")
+        ->check(CLI::Range(1, kLongest));
+}
+
 void Describe(CLI::App& app, Options& options, bool& fast)
 {
     app.add_option("--link", options.link, "symbolic link to the terminal, removed at the end");
@@ -52,6 +65,7 @@ void Describe(CLI::App& app, Options& options, bool& fast)
     AddParsed(app, "--fill", options.fills, ParseFill, kFillHelp);
     AddParsed(app, "--fault", options.faults, ParseFault, kFaultHelp);
     app.add_flag("--fast", fast, "as fast as possible, not at the pace of 9600 baud");
+    AddAdapter(app, options);
     app.add_option("--log", options.log, "file for the conversation, - for the standard output");
     app.add_option("--clock", options.clock,
                    "what the clock shows at the start, YYMMDDhhmmss; else the machine's time")

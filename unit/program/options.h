@@ -20,7 +20,8 @@ struct Options {
     std::vector<Fill> fills;
     std::vector<Fault> faults;
     Pace pace = Pace::Line;
-    std::string clock; ///< YYMMDDhhmmss; empty is the time of the machine
+    std::optional<Time> adapter; ///< latency of a USB adapter between the unit and the manager
+    std::string clock;           ///< YYMMDDhhmmss; empty is the time of the machine
     bool clockStopped = false;
 };
 

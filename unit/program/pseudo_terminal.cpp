@@ -4,6 +4,9 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
 #include <system_error>
 #include <termios.h>
 
@@ -45,6 +48,29 @@ void MakeRaw(const Descriptor& terminal)
     ::cfsetspeed(&settings, B9600);
     if (::tcsetattr(terminal.Number(), TCSANOW, &settings) != 0) throw Failure("terminal settings");
 }
+
+/// Tells of each closing of that path, whoever closes it and however it ends.
+Descriptor WatchClosings(const std::string& path)
+{
+    Descriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    if (::inotify_add_watch(watch.Number(), path.c_str(), IN_CLOSE) < 0) return Descriptor();
+    return watch;
+}
+
+bool IsExclusive(int terminal)
+{
+    int exclusive = 0;
+    return ::ioctl(terminal, TIOCGEXCL, &exclusive) == 0 && exclusive != 0;
+}
+
+/// A manager locks its end before it makes it exclusive and until it has given that back, and the
+/// system takes the lock from a killed one.
+void ReleaseUnlessLocked(int terminal)
+{
+    if (::flock(terminal, LOCK_EX | LOCK_NB) != 0) return;
+    ::ioctl(terminal, TIOCNXCL);
+    ::flock(terminal, LOCK_UN);
+}
 } // namespace
 
 PseudoTerminal::PseudoTerminal() : master_(OpenMaster()), path_(SlavePath(master_))
@@ -52,6 +78,15 @@ PseudoTerminal::PseudoTerminal() : master_(OpenMaster()), path_(SlavePath(master
     slave_ = Descriptor(::open(path_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
     if (slave_.Number() < 0) throw Failure(path_.c_str());
     MakeRaw(slave_);
+    closings_ = WatchClosings(path_);
+}
+
+void PseudoTerminal::NoteClosings() const
+{
+    std::array<char, 4096> events{};
+    while (::read(closings_.Number(), events.data(), events.size()) > 0) {
+    }
+    if (IsExclusive(slave_.Number())) ReleaseUnlessLocked(slave_.Number());
 }
 
 std::string PseudoTerminal::Read() const

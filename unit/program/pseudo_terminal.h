@@ -23,6 +23,15 @@ public:
     /// The descriptor to wait on for bytes.
     int Number() const { return master_.Number(); }
 
+    /// The descriptor to wait on for the manager's closing its end; -1 when the system tells of
+    /// none.
+    int Closings() const { return closings_.Number(); }
+
+    /// Takes note of the closings. A manager that was killed leaves its end exclusive, which would
+    /// keep the next one out for as long as the unit holds that end open: the flag of a manager
+    /// that no longer is there is taken away.
+    void NoteClosings() const;
+
     /// What the manager has written since; empty when nothing is there. Never waits.
     std::string Read() const;
 
@@ -36,6 +45,7 @@ public:
 private:
     Descriptor master_;
     Descriptor slave_;
+    Descriptor closings_;
     std::string path_;
 };
 

@@ -36,7 +36,10 @@ std::string MachineTime()
 } // namespace
 
 Session::Session(const Options& options)
-    : options_(options), unit_(MemoryFor(options), options.faults), pacer_(unit_, options.pace)
+    : options_(options),
+      unit_(MemoryFor(options), options.faults),
+      pacer_(unit_, options.pace),
+      adapter_(pacer_, options.adapter)
 {
     SetUpClock();
     SetUpLog();
@@ -73,15 +76,16 @@ void Session::Run()
 
 void Session::Serve()
 {
-    while (Exchange(waiter_.Wait(terminal_.Number(), pacer_.NextDue())))
+    while (Exchange(waiter_.Wait(terminal_.Number(), terminal_.Closings(), adapter_.NextDue())))
         if (unit_.CountOf(Moment::Written) != keptWrites_) KeepMemory();
 }
 
 bool Session::Exchange(Waiter::Woken woken)
 {
     if (woken == Waiter::Woken::ByEndRequest) return false;
-    if (woken == Waiter::Woken::ByBytes) pacer_.Receive(terminal_.Read(), waiter_.Now());
-    const auto delivery = pacer_.Deliver(waiter_.Now());
+    if (woken == Waiter::Woken::ByNotice) terminal_.NoteClosings();
+    if (woken == Waiter::Woken::ByBytes) adapter_.Receive(terminal_.Read(), waiter_.Now());
+    const auto delivery = adapter_.Deliver(waiter_.Now());
     terminal_.Write(delivery.bytes);
     if (delivery.hangUp) terminal_.HangUp();
     return !delivery.hangUp;

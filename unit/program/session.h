@@ -1,5 +1,6 @@
 #pragma once
 
+#include "unit/adapter.h"
 #include "unit/program/options.h"
 #include "unit/program/pseudo_terminal.h"
 #include "unit/program/waiter.h"
@@ -36,6 +37,7 @@ private:
     PseudoTerminal terminal_;
     Unit unit_;
     Pacer pacer_;
+    Adapter adapter_;
     std::ofstream logFile_;
     int keptWrites_ = 0;
 };

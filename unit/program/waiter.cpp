@@ -57,15 +57,18 @@ Time Waiter::Now() const
     return SystemTime() - origin_;
 }
 
-Waiter::Woken Waiter::Wait(int descriptor, std::optional<Time> deadline)
+Waiter::Woken Waiter::Wait(int descriptor, int notices, std::optional<Time> deadline)
 {
     Arm(deadline);
-    std::array<pollfd, 3> watched{
-        {{signals_.Number(), POLLIN, 0}, {descriptor, POLLIN, 0}, {timer_.Number(), POLLIN, 0}}};
+    std::array<pollfd, 4> watched{{{signals_.Number(), POLLIN, 0},
+                                   {notices, POLLIN, 0},
+                                   {descriptor, POLLIN, 0},
+                                   {timer_.Number(), POLLIN, 0}}};
     while (::poll(watched.data(), watched.size(), -1) < 0)
         if (errno != EINTR) throw Failure("wait");
     if (watched[0].revents != 0) return Woken::ByEndRequest;
-    return watched[1].revents != 0 ? Woken::ByBytes : Woken::ByDeadline;
+    if (watched[1].revents != 0) return Woken::ByNotice;
+    return watched[2].revents != 0 ? Woken::ByBytes : Woken::ByDeadline;
 }
 
 void Waiter::Arm(std::optional<Time> deadline)

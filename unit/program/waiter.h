@@ -8,13 +8,13 @@
 namespace tarvex::unit
 {
 
-/// Sleeps until something happens: bytes on a descriptor, a deadline, or a request to end the
-/// program (SIGTERM, SIGINT or SIGHUP). Deadlines are absolute and kept by the system's clock, so
-/// that they do not drift.
+/// Sleeps until something happens: a notice, bytes on a descriptor, a deadline, or a request to end
+/// the program (SIGTERM, SIGINT or SIGHUP). Deadlines are absolute and kept by the system's clock,
+/// so that they do not drift.
 class Waiter
 {
 public:
-    enum class Woken { ByBytes, ByDeadline, ByEndRequest };
+    enum class Woken { ByBytes, ByDeadline, ByEndRequest, ByNotice };
 
     /// Takes the three signals for itself from now on; moment 0 is now. Throws std::system_error
     /// when the system refuses.
@@ -23,9 +23,10 @@ public:
     /// Microseconds since this object was made.
     Time Now() const;
 
-    /// Sleeps until `descriptor` has bytes, `deadline` has come (never, when there is none) or the
-    /// end is requested; the last comes before the first, the first before the second.
-    Woken Wait(int descriptor, std::optional<Time> deadline);
+    /// Sleeps until the end is requested, `notices` has something to read (never, when it is -1),
+    /// `descriptor` has bytes, or `deadline` has come (never, when there is none); of several
+    /// together the first of this list counts.
+    Woken Wait(int descriptor, int notices, std::optional<Time> deadline);
 
 private:
     void Arm(std::optional<Time> deadline);
