@@ -10,7 +10,7 @@ namespace tarvex::platform
 struct DeviceAccess {
     bool there = false;     ///< false: nothing exists at that path
     bool permitted = false; ///< true: this user may read and write it
-    std::string group;      ///< the group whose members may; empty when there is no such group
+    std::string group = {}; ///< the group whose members may; empty when there is no such group
 };
 
 DeviceAccess AccessTo(const std::filesystem::path& device);

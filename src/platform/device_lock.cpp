@@ -1,7 +1,5 @@
 #include "platform/device_lock.h"
 
-#include "core/failure.h"
-
 #ifdef _WIN32
 
 // The system itself opens a port only once.
@@ -33,32 +31,21 @@ namespace tarvex::platform
 namespace
 {
 
-std::string ReasonOf(int error)
+[[noreturn]] void ThrowHeld(const std::filesystem::path& device, const std::string& holder)
 {
-    switch (error) {
-    case EACCES:
-    case EPERM:
-        return "Port not permitted";
-    case EBUSY:
-    case EWOULDBLOCK:
-        return "Port in use";
-    default:
-        return "No such port";
-    }
+    throw DeviceHeld("Port in use: " + device.string() + (holder.empty() ? "" : ", by " + holder));
 }
 
-RunTimeFailure Refusal(int error, const std::filesystem::path& device)
+[[noreturn]] void ThrowRefusal(int error, const std::filesystem::path& device)
 {
-    return RunTimeFailure(ReasonOf(error) + ": " + device.string());
+    if (error == EBUSY || error == EWOULDBLOCK) ThrowHeld(device, {});
+    const bool forbidden = error == EACCES || error == EPERM;
+    throw RunTimeFailure((forbidden ? "Port not permitted: " : "No such port: ") + device.string());
 }
 
 void RequireUnheld(const std::filesystem::path& device, const LockFolders& folders)
 {
-    const auto holder = HolderByLock(device, folders);
-    if (!holder) return;
-    const std::string name = holder->Name();
-    throw RunTimeFailure(ReasonOf(EBUSY) + ": " + device.string() +
-                         (name.empty() ? name : ", by " + name));
+    if (const auto holder = HolderByLock(device, folders)) ThrowHeld(device, holder->Name());
 }
 
 /// Takes the lock on an open descriptor. 0, or the system's number for the failure.
@@ -94,7 +81,7 @@ DeviceLock::DeviceLock(const std::filesystem::path& device, const LockFolders& f
     const int error = descriptor_ >= 0 ? Take(descriptor_) : errno;
     if (error != 0) {
         Release();
-        throw Refusal(error, device);
+        ThrowRefusal(error, device);
     }
     if (!RemoveLockFiles(device, folders)) name_ = ByDescriptor(descriptor_);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/failure.h"
 #include "platform/lock_file.h"
 
 #include <filesystem>
@@ -7,15 +8,22 @@
 namespace tarvex::platform
 {
 
+/// The failure of a device that another program holds.
+class DeviceHeld : public RunTimeFailure
+{
+public:
+    using RunTimeFailure::RunTimeFailure;
+};
+
 /// Holds a serial device against every other program, also against those of root, for whom the
 /// system's exclusive flag does not count.
 class DeviceLock
 {
 public:
     /// Fails, with a text that says which, when there is no such device, when it is no serial
-    /// device, when it may not be opened, and when it is held: by an advisory lock, by a lock file,
-    /// or with the exclusive flag. A device that is held is not opened, for the opening alone
-    /// raises the modem lines of the program that holds it.
+    /// device, when it may not be opened, and, as DeviceHeld, when it is held: by an advisory lock,
+    /// by a lock file, or with the exclusive flag. A device that is held is not opened, for the
+    /// opening alone raises the modem lines of the program that holds it.
     DeviceLock(const std::filesystem::path& device, const LockFolders& folders);
     ~DeviceLock() { Release(); }
     DeviceLock(const DeviceLock&) = delete;
@@ -25,6 +33,9 @@ public:
     /// name and gives up when there is one; so it is another path to the same device where a lock
     /// file stands that nobody holds and that this user may not remove.
     const std::filesystem::path& NameToOpen() const { return name_; }
+
+    /// An opening of the device that lives until the release; -1 where there is none.
+    int Descriptor() const { return descriptor_; }
 
     /// Lets the device go; no effect the second time.
     void Release();

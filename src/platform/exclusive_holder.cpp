@@ -90,8 +90,9 @@ std::optional<int> ExclusiveHolderOf(const fs::path& device)
     };
     if (::stat(device.c_str(), &status) != 0 || !S_ISCHR(status.st_mode)) return std::nullopt;
     const std::vector<int> processes = NumbersIn("/proc");
-    const auto holder = std::ranges::find_if(
-        processes, [&](int process) { return HoldsExclusively(process, status.st_rdev); });
+    const auto holder = std::ranges::find_if(processes, [&](int process) {
+        return process != ::getpid() && HoldsExclusively(process, status.st_rdev);
+    });
     return holder != processes.end() ? std::optional(*holder) : std::nullopt;
 }
 

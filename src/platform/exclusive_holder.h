@@ -6,8 +6,8 @@
 namespace tarvex::platform
 {
 
-/// A process that has the device open while it carries the exclusive flag; none when there is no
-/// flag, or only processes have it open that this user may not look into. Nothing is opened: the
+/// Another process that has the device open while it carries the exclusive flag; none when there is
+/// no flag, or only processes have it open that this user may not look into. Nothing is opened: the
 /// flag is read through a second descriptor of that process's own opening.
 std::optional<int> ExclusiveHolderOf(const std::filesystem::path& device);
 

@@ -36,11 +36,68 @@ std::string DeviceText(const PortFacts& facts)
     return product.empty() ? text : text + ", " + product;
 }
 
-std::string PermissionAdvice(const std::string& group)
+std::string AbsenceText()
 {
-    if (group.empty()) return "Only the device's owner may open it.";
-    return "Its users must be in the group " + group + ": run `sudo usermod -aG " + group +
+    return ", which is not there. Plug in the adapter, or make the link anew.";
+}
+
+/// For what is there and can never be a line to the unit.
+std::string DeadText(const PortFacts& facts)
+{
+    const std::string advice = facts.choice.link.empty()
+                                   ? "Choose another port."
+                                   : "Make the link " + facts.choice.link + " anew.";
+    if (facts.kind == DeviceKind::WithoutHardware) {
+        return ", a dead port: the machine has no hardware for it. " + advice;
+    }
+    return ", which is no serial device. " + advice;
+}
+
+std::string PermissionText(const std::string& group)
+{
+    const std::string text = ", not permitted. ";
+    if (group.empty()) {
+        return text + "Only the device's owner may open it: ask the machine's administrator.";
+    }
+    return text + "Its users must be in the group " + group + ": run `sudo usermod -aG " + group +
            " $USER`, then log in again.";
+}
+
+std::string HolderText(const DeviceHolder& holder)
+{
+    const std::string name = holder.Name();
+    const std::string text = ", in use by another program" + (name.empty() ? name : ": " + name);
+    if (holder.process == 0 && !holder.lockFile.empty()) {
+        return text + ". End that program; if none is left, remove the lock file.";
+    }
+    return text + ". End that program or wait for its end, then give the command again.";
+}
+
+std::string FormerHolderText()
+{
+    return ", in use by another program when a command last tried it. End that program or wait for "
+           "its end, then give the command again.";
+}
+
+std::string LatencyText(const PortFacts& facts)
+{
+    return ". Its adapter holds received bytes back for up to " +
+           std::to_string(facts.note.latencyMilliseconds) +
+           " ms, and the timer could not be shortened: reading takes longer. Run `echo 1 | sudo "
+           "tee /sys/class/tty/" +
+           Utf8(facts.choice.device.filename()) + "/device/latency_timer`.";
+}
+
+/// What keeps the device from its work, the first thing first; empty when nothing does.
+std::string TroubleText(const PortFacts& facts)
+{
+    if (!facts.access.there) return AbsenceText();
+    if (facts.kind != DeviceKind::Serial) return DeadText(facts);
+    if (!facts.access.permitted) return PermissionText(facts.access.group);
+    if (facts.holder) return HolderText(*facts.holder);
+    if (facts.note.held) return FormerHolderText();
+    if (facts.note.latencyMilliseconds > 1) return LatencyText(facts);
+    return {};
 }
 
 MachinePort ProductOf(const std::filesystem::path& device, const std::vector<MachinePort>& ports)
@@ -61,24 +118,30 @@ std::string DescribePort(const PortFacts& facts)
         return title + "no device. Plug in the adapter, or make a link com" + number +
                " in the folder " + facts.startFolder + ".";
     }
-    if (!facts.access.there) {
-        return title + DeviceText(facts) +
-               ", which is not there. Plug in the adapter, or make the link anew.";
-    }
-    if (!facts.access.permitted) {
-        return title + DeviceText(facts) + ", not permitted. " +
-               PermissionAdvice(facts.access.group);
-    }
-    return title + DeviceText(facts);
+    return title + DeviceText(facts) + TroubleText(facts);
 }
 
-QtPortNames::QtPortNames(PortFinder finder) : finder_(std::move(finder)) {}
+QtPortNames::QtPortNames(PortFinder finder, PortSurroundings surroundings)
+    : finder_(std::move(finder)), surroundings_(std::move(surroundings))
+{
+}
 
 std::string QtPortNames::Describe(int number)
 {
+    return DescribePort(FactsOf(number));
+}
+
+PortFacts QtPortNames::FactsOf(int number) const
+{
     const PortChoice choice = finder_.Find(number);
-    return DescribePort({number, choice, ProductOf(choice.device, finder_.MachinePorts()),
-                         AccessTo(choice.device), Utf8(finder_.StartFolder())});
+    PortFacts facts{number, choice, ProductOf(choice.device, finder_.MachinePorts()),
+                    AccessTo(choice.device), Utf8(finder_.StartFolder())};
+    if (!facts.access.there) return facts;
+    facts.kind = KindOf(choice.device, surroundings_.characterDevices);
+    facts.holder = HolderOf(choice.device, surroundings_.locks);
+    if (facts.holder && facts.holder->IsOurs()) facts.holder.reset();
+    facts.note = surroundings_.notes->Of(choice.device);
+    return facts;
 }
 
 } // namespace tarvex::platform

@@ -2,9 +2,13 @@
 
 #include "core/port_names.h"
 #include "platform/device_access.h"
+#include "platform/device_holder.h"
+#include "platform/device_kind.h"
 #include "platform/machine_ports.h"
 #include "platform/port_finder.h"
+#include "platform/port_surroundings.h"
 
+#include <optional>
 #include <string>
 
 namespace tarvex::platform
@@ -17,21 +21,27 @@ struct PortFacts {
     MachinePort product; ///< of the chosen device; empty when the machine does not list it
     DeviceAccess access;
     std::string startFolder; ///< UTF-8
+    DeviceKind kind = DeviceKind::Serial;
+    std::optional<DeviceHolder> holder = {}; ///< another program that keeps it to itself
+    OpeningNote note = {};                   ///< what the last opening has shown
 };
 
-/// Those facts as one sentence or two for the operator: the device, and, where it cannot be opened,
-/// what to do about it. UTF-8.
+/// Those facts as a few sentences for the operator: the device, and, where it cannot be opened or
+/// is slow, what to do about it. UTF-8.
 std::string DescribePort(const PortFacts& facts);
 
 /// The port numbers as the system knows them at the moment of asking. No device is opened for it.
 class QtPortNames : public PortNames
 {
 public:
-    explicit QtPortNames(PortFinder finder);
+    explicit QtPortNames(PortFinder finder, PortSurroundings surroundings = {});
     std::string Describe(int number) override;
 
 private:
+    PortFacts FactsOf(int number) const;
+
     PortFinder finder_;
+    PortSurroundings surroundings_;
 };
 
 } // namespace tarvex::platform

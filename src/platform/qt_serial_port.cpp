@@ -6,6 +6,7 @@
 #include <QSerialPort>
 #include <QSignalBlocker>
 
+#include <optional>
 #include <utility>
 
 #ifndef _WIN32
@@ -41,7 +42,7 @@ bool HasVanished(const QSerialPort& port, QSerialPort::SerialPortError error)
 class QtSerialPort::Opening
 {
 public:
-    Opening(const std::filesystem::path& device, const LockFolders& folders);
+    Opening(const std::filesystem::path& device, const PortSurroundings& surroundings);
     ~Opening();
     Opening(const Opening&) = delete;
     Opening& operator=(const Opening&) = delete;
@@ -60,11 +61,13 @@ private:
 
     DeviceLock lock_;
     QSerialPort port_;
+    std::optional<LowLatency> lowLatency_;
     bool vanished_ = false;
 };
 
-QtSerialPort::Opening::Opening(const std::filesystem::path& device, const LockFolders& folders)
-    : lock_(device, folders)
+QtSerialPort::Opening::Opening(const std::filesystem::path& device,
+                               const PortSurroundings& surroundings)
+    : lock_(device, surroundings.locks)
 {
     port_.setPortName(QString::fromStdU16String(lock_.NameToOpen().u16string()));
     Configure();
@@ -75,6 +78,7 @@ QtSerialPort::Opening::Opening(const std::filesystem::path& device, const LockFo
     port_.setDataTerminalReady(true);
     port_.setRequestToSend(false);
     Empty();
+    lowLatency_.emplace(lock_.Descriptor(), surroundings.driver);
     // Only from here on: opening, and a line that is refused, report errors that mean nothing.
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) { NoteError(error); });
@@ -151,12 +155,13 @@ void QtSerialPort::Opening::Recover()
 /// the adapter comes back under another one.
 void QtSerialPort::Opening::LetGo()
 {
+    lowLatency_.reset();
     port_.close();
     lock_.Release();
 }
 
-QtSerialPort::QtSerialPort(PortFinder finder, LockFolders folders)
-    : finder_(std::move(finder)), folders_(std::move(folders))
+QtSerialPort::QtSerialPort(PortFinder finder, PortSurroundings surroundings)
+    : finder_(std::move(finder)), surroundings_(std::move(surroundings))
 {
 }
 
@@ -173,7 +178,21 @@ void QtSerialPort::Open()
     if (opening_) throw RunTimeFailure("Port already open");
     const PortChoice choice = finder_.Find(number_);
     if (choice.device.empty()) throw RunTimeFailure("No such port");
-    opening_ = std::make_unique<Opening>(choice.device, folders_);
+    OpenDevice(choice.device);
+}
+
+void QtSerialPort::OpenDevice(const std::filesystem::path& device)
+{
+    OpeningNote note;
+    try {
+        opening_ = std::make_unique<Opening>(device, surroundings_);
+        note.latencyMilliseconds = LatencyMilliseconds(device, surroundings_.characterDevices);
+        surroundings_.notes->Put(device, note);
+    } catch (const DeviceHeld&) {
+        note.held = true;
+        surroundings_.notes->Put(device, note);
+        throw;
+    }
 }
 
 void QtSerialPort::Close()

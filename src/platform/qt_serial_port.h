@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/serial_port.h"
-#include "platform/lock_file.h"
 #include "platform/port_finder.h"
+#include "platform/port_surroundings.h"
 
 #include <memory>
 #include <string>
@@ -19,8 +19,7 @@ namespace tarvex::platform
 class QtSerialPort : public SerialPort
 {
 public:
-    /// `folders` are those of the lock files of serial devices.
-    explicit QtSerialPort(PortFinder finder, LockFolders folders = {});
+    explicit QtSerialPort(PortFinder finder, PortSurroundings surroundings = {});
     ~QtSerialPort() override;
 
     void SetCommPort(int number) override;
@@ -32,10 +31,11 @@ public:
 
 private:
     class Opening;
+    void OpenDevice(const std::filesystem::path& device);
     Opening& RequireOpen() const;
 
     PortFinder finder_;
-    LockFolders folders_;
+    PortSurroundings surroundings_;
     int number_ = 1;
     std::unique_ptr<Opening> opening_; // null when not open
 };

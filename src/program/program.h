@@ -56,8 +56,9 @@ private:
     platform::QtMessageBoxes boxes_{end_};
     Handlers handlers_{end_, boxes_};
     platform::PortFinder finder_;
-    platform::QtPortNames portNames_{finder_};
-    platform::QtSerialPort port_{finder_};
+    platform::PortSurroundings surroundings_;
+    platform::QtPortNames portNames_{finder_, surroundings_};
+    platform::QtSerialPort port_{finder_, surroundings_};
     platform::QtEventPump pump_{end_};
     platform::QtTickTimer timer_{[this] { CountTick(state_); }};
     platform::QtShell shell_;

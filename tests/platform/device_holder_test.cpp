@@ -88,8 +88,7 @@ TEST_F(DeviceHolding, ByTheExclusiveFlagNamesTheProgramThatHasItOpen)
     EXPECT_FALSE(HolderByLock(terminal.Device(), folders));
     const auto holder = HolderOf(terminal.Device(), folders);
     ASSERT_TRUE(holder);
-    EXPECT_TRUE(holder->process == other.Process() || holder->IsOurs())
-        << "this test has the terminal open too";
+    EXPECT_EQ(holder->process, other.Process());
 }
 
 TEST_F(DeviceHolding, OfNoDeviceIsNobodys)

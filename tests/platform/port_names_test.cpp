@@ -1,8 +1,16 @@
 #include "platform/qt_port_names.h"
 
+#include "platform/other_program.h"
+#include "platform/port_test.h"
+#include "platform/pseudo_terminal.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
+
+#include <linux/serial.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <termios.h>
 
 namespace tarvex::tests
 {
@@ -11,6 +19,8 @@ namespace
 
 using platform::DescribePort;
 using platform::DeviceAccess;
+using platform::DeviceHolder;
+using platform::DeviceKind;
 using platform::MachinePort;
 using platform::PortChoice;
 using platform::PortFacts;
@@ -78,20 +88,140 @@ INSTANTIATE_TEST_SUITE_P(
             "group dialout: run `sudo usermod -aG dialout $USER`, then log in again."},
         Row{"NotPermittedToAnyGroup",
             {1, kAdapter, kNoProduct, {true, false, {}}, "/srv/survey"},
-            "Com 1: /dev/ttyUSB0, not permitted. Only the device's owner may open it."}),
+            "Com 1: /dev/ttyUSB0, not permitted. Only the device's owner may open it: ask "
+            "the machine's administrator."},
+        Row{"LinkToADeadPort",
+            {1, {"com1", "/dev/ttyS3"}, kNoProduct, kUsable, "/srv", DeviceKind::WithoutHardware},
+            "Com 1: com1 -> /dev/ttyS3, a dead port: the machine has no hardware for it. Make the "
+            "link com1 anew."},
+        Row{"LinkToADisk",
+            {1, {"com1", "/dev/sda"}, kNoProduct, kUsable, "/srv", DeviceKind::Other},
+            "Com 1: com1 -> /dev/sda, which is no serial device. Make the link com1 anew."},
+        Row{"DeadDeviceOfThatNameInTheFolder",
+            {1, {{}, "/srv/com1"}, kNoProduct, kUsable, "/srv", DeviceKind::WithoutHardware},
+            "Com 1: /srv/com1, a dead port: the machine has no hardware for it. Choose another "
+            "port."},
+        Row{"HeldByAProgramOfAKnownName",
+            {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial,
+             DeviceHolder{1234, "minicom"}},
+            "Com 1: /dev/ttyUSB0, in use by another program: minicom (process 1234). End that "
+            "program or wait for its end, then give the command again."},
+        Row{"HeldByAProgramOfNoKnownName",
+            {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial, DeviceHolder{}},
+            "Com 1: /dev/ttyUSB0, in use by another program. End that program or wait for its end, "
+            "then give the command again."},
+        Row{"HeldByALockFileOfNobody",
+            {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial,
+             DeviceHolder{0, {}, "/var/lock/LCK..ttyUSB0"}},
+            "Com 1: /dev/ttyUSB0, in use by another program: lock file /var/lock/LCK..ttyUSB0. End "
+            "that program; if none is left, remove the lock file."},
+        Row{"HeldWhenLastTried",
+            {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial, {}, {true, 0}},
+            "Com 1: /dev/ttyUSB0, in use by another program when a command last tried it. End that "
+            "program or wait for its end, then give the command again."},
+        Row{"SlowAdapter",
+            {1,
+             kAdapter,
+             Product("FT232R", "", ""),
+             kUsable,
+             "/srv",
+             DeviceKind::Serial,
+             {},
+             {false, 16}},
+            "Com 1: /dev/ttyUSB0, FT232R. Its adapter holds received bytes back for up to 16 ms, "
+            "and the timer could not be shortened: reading takes longer. Run `echo 1 | sudo tee "
+            "/sys/class/tty/ttyUSB0/device/latency_timer`."},
+        Row{"QuickAdapter",
+            {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial, {}, {false, 1}},
+            "Com 1: /dev/ttyUSB0"}),
     [](const auto& row) { return row.param.situation; });
 
 TEST(PortNames, DescribeWhatTheFinderFindsAtThatMoment)
 {
     const TemporaryFolder folder;
-    platform::QtPortNames names(platform::PortFinder(folder.Path(), [] {
-        return std::vector<MachinePort>{{"ttyUSB0", "/dev/null", "FT232R USB UART", "FTDI", "A1"}};
+    const PseudoTerminal terminal;
+    const std::string device = terminal.Device().string();
+    platform::QtPortNames names(platform::PortFinder(folder.Path(), [device] {
+        return std::vector<MachinePort>{{"ttyUSB0", device, "FT232R USB UART", "FTDI", "A1"}};
     }));
-    EXPECT_EQ(names.Describe(1), "Com 1: /dev/null, FT232R USB UART (FTDI), serial A1");
+    EXPECT_EQ(names.Describe(1), "Com 1: " + device + ", FT232R USB UART (FTDI), serial A1");
     EXPECT_THAT(names.Describe(2),
                 ::testing::EndsWith("in the folder " + folder.Path().string() + "."));
-    std::filesystem::create_symlink("/dev/null", folder / "com2");
-    EXPECT_EQ(names.Describe(2), "Com 2: com2 -> /dev/null, FT232R USB UART (FTDI), serial A1");
+    std::filesystem::create_symlink(device, folder / "com2");
+    EXPECT_EQ(names.Describe(2),
+              "Com 2: com2 -> " + device + ", FT232R USB UART (FTDI), serial A1");
+    std::filesystem::create_symlink("/dev/null", folder / "com3");
+    EXPECT_THAT(names.Describe(3), ::testing::HasSubstr("which is no serial device"));
+}
+
+/// The port com1 of the program and its tool tip, in surroundings of the test's own.
+class HeldPortTip : public PortTest
+{
+protected:
+    HeldPortTip() { std::filesystem::create_directory(folder / "locks"); }
+
+    std::string Tip() { return names.Describe(1); }
+    std::string Free() const { return "Com 1: com1 -> " + terminal.Device().string(); }
+    std::string Held(const OtherProgram& other) const
+    {
+        return Free() + ", in use by another program: platform_test (process " +
+               std::to_string(other.Process()) +
+               "). End that program or wait for its end, then give the command again.";
+    }
+
+    platform::PortSurroundings surroundings{{folder / "locks", {}}};
+    platform::QtPortNames names{LinksOf(folder), surroundings};
+    platform::QtSerialPort ours{LinksOf(folder), surroundings};
+};
+
+TEST_F(HeldPortTip, NamesTheProgramWithAnAdvisoryLock)
+{
+    EXPECT_EQ(Tip(), Free());
+    {
+        const OtherProgram other(terminal.Device(), [](int descriptor) {
+            return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+        });
+        EXPECT_EQ(Tip(), Held(other));
+    }
+    EXPECT_EQ(Tip(), Free());
+}
+
+TEST_F(HeldPortTip, NamesTheProgramOfALockFile)
+{
+    const OtherProgram other("/dev/null", Opens);
+    WriteFile(folder / "locks" / ("LCK..pts_" + terminal.Device().filename().string()),
+              std::to_string(other.Process()) + "\n");
+    EXPECT_EQ(Tip(), Held(other));
+}
+
+TEST_F(HeldPortTip, TellsOfTheExclusiveFlag)
+{
+    const OtherProgram other(terminal.Device(),
+                             [](int descriptor) { return ::ioctl(descriptor, TIOCEXCL) == 0; });
+    EXPECT_EQ(Tip(), Held(other));
+    EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
+    EXPECT_EQ(Tip(), Free());
+}
+
+TEST_F(HeldPortTip, TellsNothingOfAPortThatThisProgramHasOpen)
+{
+    ours.Open();
+    EXPECT_EQ(Tip(), Free());
+}
+
+TEST_F(HeldPortTip, RemembersTheLastOpeningThatWasRefused)
+{
+    {
+        const OtherProgram other(terminal.Device(), [](int descriptor) {
+            return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+        });
+        EXPECT_NE(RefusalOf(ours), "");
+    }
+    EXPECT_EQ(Tip(), Free() + ", in use by another program when a command last tried it. End that "
+                              "program or wait for its end, then give the command again.");
+    ours.Open();
+    ours.Close();
+    EXPECT_EQ(Tip(), Free());
 }
 
 } // namespace

@@ -1,0 +1,53 @@
+#include "platform/device_kind.h"
+
+#ifdef _WIN32
+
+namespace tarvex::platform
+{
+
+DeviceKind KindOf(const std::filesystem::path&, const std::filesystem::path&)
+{
+    return DeviceKind::Serial;
+}
+
+} // namespace tarvex::platform
+
+#else
+
+#include "platform/device_number.h"
+
+#include <fstream>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace tarvex::platform
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+/// A chip type of 0 is "unknown": the driver found nothing at the port's address.
+bool HasNoChip(const fs::path& description)
+{
+    int type = -1;
+    std::ifstream(description / "type") >> type;
+    return type == 0;
+}
+
+} // namespace
+
+DeviceKind KindOf(const fs::path& device, const fs::path& characterDevices)
+{
+    if (!fs::is_character_file(device)) return DeviceKind::Other;
+    const fs::path description = characterDevices / DeviceNumberOf(device);
+    std::error_code untold; // a pseudo terminal is described nowhere
+    const fs::path subsystem = fs::read_symlink(description / "subsystem", untold);
+    if (!untold && subsystem.filename() != "tty") return DeviceKind::Other;
+    return HasNoChip(description) ? DeviceKind::WithoutHardware : DeviceKind::Serial;
+}
+
+} // namespace tarvex::platform
+
+#endif

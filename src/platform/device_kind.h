@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tarvex::platform
+{
+
+/// What there is at the end of a device's path.
+enum class DeviceKind {
+    Serial,          ///< a serial line, as far as the system tells
+    WithoutHardware, ///< a built-in port that the machine has a node for, but no chip
+    Other,           ///< a file, a folder, a disk: nothing that opens as a serial line
+};
+
+/// The kind of an existing device, asked without opening it. `characterDevices` is where the system
+/// describes its devices by their numbers.
+DeviceKind KindOf(const std::filesystem::path& device,
+                  const std::filesystem::path& characterDevices = "/sys/dev/char");
+
+} // namespace tarvex::platform
