@@ -102,6 +102,20 @@ void MeasureDownload(int runs, bool hogged)
     }
 }
 
+/// The unit behind a USB adapter whose latency timer runs for so many milliseconds: the answers
+/// wait for the timer, twice an exchange.
+void MeasureThroughAdapter(int runs, const char* milliseconds, double bound)
+{
+    std::vector<double> ratios;
+    for (int run = 0; run < runs; ++run) {
+        BenchWorld world({"--paced", "--adapter", milliseconds});
+        ratios.push_back(Download(world).wall / LineTime(210));
+    }
+    const std::string what =
+        "download of 200 pages, USB adapter of " + std::string(milliseconds) + " ms";
+    Row(what.c_str(), Median(ratios), "x line", bound);
+}
+
 void MeasureReadBlock(int runs)
 {
     BenchWorld world({"--paced"});
@@ -234,6 +248,8 @@ int main(int argc, char* argv[])
         const Hogs hogs;
         MeasureDownload(runs, true);
     }
+    MeasureThroughAdapter(runs, "16", 1.43);
+    MeasureThroughAdapter(runs, "1", 1.03);
     MeasureReadAllBlocks();
     MeasureHeaderWriting();
     MeasureEndlessWait();

@@ -1,11 +1,16 @@
 #include "program/program_test.h"
 
 #include <QPushButton>
+#include <QTest>
 #include <QTimer>
 
+#include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace tarvex::tests
@@ -117,6 +122,56 @@ TEST_F(LineFaultTest, APortHeldByAnotherProgramBlanksTheFieldsWithoutAWord)
     close(other);
 
     AtPanel().Click("Command3");
+    EXPECT_EQ(AtPanel().Text("Text3").size(), 8);
+}
+
+TEST_F(LineFaultTest, ALockFileKeepsThePortOnlyWhileItsProgramLives)
+{
+    if (access("/var/lock", W_OK) != 0) GTEST_SKIP() << "/var/lock may not be written";
+    Start();
+    const auto line = std::filesystem::read_symlink(folder / "com1");
+    const auto lockFile =
+        std::filesystem::path("/var/lock") / ("LCK..pts_" + line.filename().string());
+    WriteFile(lockFile, std::to_string(getppid()) + "\n");
+
+    AtPanel().Click("Command3");
+
+    EXPECT_TRUE(boxes.texts.isEmpty());
+    EXPECT_EQ(AtPanel().Text("Text3"), "");
+    ASSERT_TRUE(std::filesystem::exists(lockFile));
+    const pid_t child = fork();
+    if (child == 0) _exit(0);
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    WriteFile(lockFile, std::to_string(child) + " minicom root\n");
+
+    AtPanel().Click("Command3");
+    EXPECT_EQ(AtPanel().Text("Text3").size(), 8);
+    EXPECT_FALSE(std::filesystem::exists(lockFile));
+}
+
+TEST_F(LineFaultTest, AKilledManagerLeavesThePortToTheNextOne)
+{
+    Start();
+    const std::string port = (folder / "com1").string();
+    const int onlooker = open(port.c_str(), O_RDWR | O_NOCTTY);
+    const pid_t killed = fork();
+    if (killed == 0) {
+        const int line = open(port.c_str(), O_RDWR | O_NOCTTY);
+        if (flock(line, LOCK_EX | LOCK_NB) == 0 && ioctl(line, TIOCEXCL) == 0) raise(SIGKILL);
+        _exit(1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(killed, &status, 0), killed);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    int exclusive = 1;
+    for (int tries = 0; exclusive != 0 && tries < 500; ++tries) {
+        QTest::qWait(10);
+        ASSERT_EQ(ioctl(onlooker, TIOCGEXCL, &exclusive), 0);
+    }
+    close(onlooker);
+
+    AtPanel().Click("Command3");
+
     EXPECT_EQ(AtPanel().Text("Text3").size(), 8);
 }
 
