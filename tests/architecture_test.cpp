@@ -49,6 +49,12 @@ const std::vector<Room>& Plan()
           "program/"},
          true},
         {"unit", {}, true},
+        {"survey/window", {"survey/"}, true},
+        {"survey/program", {"survey/", "survey/window/"}, true},
+        {"survey/report_file", {"survey/"}, true}, // the one door to the system's files
+        {"survey/json", {"survey/", "nlohmann/json.hpp"}},
+        {"survey/xlsx", {"survey/", "xlsxwriter.h"}},
+        {"survey", {}}, // reading, checking and comparing know no toolkit
     };
     return plan;
 }
@@ -87,15 +93,33 @@ bool IsOfTheToolkit(std::string_view header, bool quoted)
 bool IsOfTheProject(std::string_view header)
 {
     static const std::vector<std::string_view> folders = {
-        "core/",     "link/",  "blocks/",   "download/", "settings/",
-        "database/", "panel/", "platform/", "program/",  "unit/"};
+        "core/",  "link/",     "blocks/",  "download/", "settings/", "database/",
+        "panel/", "platform/", "program/", "unit/",     "survey/"};
     return std::any_of(folders.begin(), folders.end(),
                        [&](std::string_view folder) { return header.starts_with(folder); });
+}
+
+/// Whether a header lies in a room within the folder of another: the folder's own files and those
+/// that may include the folder are not meant for it.
+bool IsOfAnInnerRoom(std::string_view header)
+{
+    return header.starts_with("survey/window/") || header.starts_with("survey/program/");
 }
 
 bool MayInclude(const Room& room, std::string_view path, std::string_view header, bool quoted)
 {
     if (header.find("..") != std::string_view::npos || header.starts_with("/")) return false;
+    if (IsOfAnInnerRoom(header)) {
+        const std::string own = std::string(room.folder) + "/";
+        return (IsOfAnInnerRoom(own) && header.starts_with(own)) ||
+               std::any_of(room.mayInclude.begin(), room.mayInclude.end(),
+                           [&](std::string_view allowed) {
+                               return IsOfAnInnerRoom(allowed) && header.starts_with(allowed);
+                           });
+    }
+    if (!quoted &&
+        std::find(room.mayInclude.begin(), room.mayInclude.end(), header) != room.mayInclude.end())
+        return true;
     if (IsOfTheProject(header)) {
         if (header.starts_with(OwnFolder(path))) return true;
         return std::any_of(
@@ -157,12 +181,13 @@ std::string Read(const std::filesystem::path& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The files below src/ and unit/ whose names end so, by their paths from the top of the project.
+/// The files below src/, unit/ and survey/ whose names end so, by their paths from the top of the
+/// project.
 std::vector<std::string> FilesOfTheProject(const std::vector<std::string_view>& endings)
 {
     const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
     std::vector<std::string> files;
-    for (const std::string_view folder : {"src", "unit"}) {
+    for (const std::string_view folder : {"src", "unit", "survey"}) {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(top / folder)) {
             const std::string name = entry.path().lexically_relative(top).generic_string();
             if (std::any_of(endings.begin(), endings.end(),
@@ -192,8 +217,9 @@ TEST(Architecture, EveryFolderLinksOnlyWhatItsRoomMay)
 TEST(Architecture, LooksAtTheSourcesThatThereAre)
 {
     const std::vector<std::string> files = FilesOfTheProject({".h", ".cpp"});
-    for (const std::string file : {"src/core/panel.h", "src/link/device_link.cpp",
-                                   "src/blocks/read_block.cpp", "src/download/block_download.cpp"})
+    for (const std::string file :
+         {"src/core/panel.h", "src/link/device_link.cpp", "src/blocks/read_block.cpp",
+          "src/download/block_download.cpp", "survey/reader.cpp"})
         EXPECT_THAT(files, ::testing::Contains(file));
 }
 
@@ -256,6 +282,19 @@ INSTANTIATE_TEST_SUITE_P(
                 "#include \"program/program.h\""},
         Example{"UnitIntoTheProgram", "unit/memory.cpp", "#include \"core/block_header.h\""},
         Example{"ProgramIntoTheUnit", "src/core/panel.cpp", "#include \"unit/memory.h\""},
+        Example{"ManagerIntoTheSurvey", "survey/reader.cpp", "#include \"core/records.h\""},
+        Example{"ManagerIntoTheSurveysWindow", "survey/window/main_window.cpp",
+                "#include \"panel/main_window.h\""},
+        Example{"UnitIntoTheSurvey", "survey/reader.cpp", "#include \"unit/memory.h\""},
+        Example{"SurveyIntoTheProgram", "src/download/work_file.cpp",
+                "#include \"survey/reader.h\""},
+        Example{"ToolkitInTheSurvey", "survey/checks.cpp", "#include <QString>"},
+        Example{"SystemInTheSurvey", "survey/load.cpp", "#include <fcntl.h>"},
+        Example{"SurveysLogicOntoItsWindow", "survey/load.cpp",
+                "#include \"survey/window/main_window.h\""},
+        Example{"SurveysWindowOntoItsProgram", "survey/window/main_window.cpp",
+                "#include \"survey/program/options.h\""},
+        Example{"SpreadsheetsInTheReader", "survey/reader.cpp", "#include <xlsxwriter.h>"},
         Example{"ProjectInAngles", "src/core/panel.cpp", "#include <link/device_link.h>"},
         Example{"ARoundaboutPath", "src/core/panel.cpp", "#include \"../link/device_link.h\""},
         Example{"ThroughTheOwnFolder", "src/core/panel.cpp",
@@ -289,6 +328,12 @@ INSTANTIATE_TEST_SUITE_P(
         Example{"FieldRules", "src/panel/field_rules.cpp", "#include \"panel/field_rules.h\""},
         Example{"WholeProgram", "src/main.cpp", "#include \"program/program.h\""},
         Example{"Unit", "unit/memory.cpp", "#include \"unit/memory.h\""},
+        Example{"SurveysReader", "survey/reader.cpp", "#include \"survey/records.h\""},
+        Example{"SurveysWindow", "survey/window/main_window.cpp", "#include \"survey/load.h\""},
+        Example{"SurveysProgram", "survey/program/main.cpp",
+                "#include \"survey/window/main_window.h\""},
+        Example{"SurveysFiles", "survey/report_file.cpp", "#include <fcntl.h>"},
+        Example{"SurveysJson", "survey/json_values.h", "#include <nlohmann/json.hpp>"},
         Example{"NoInclude", "src/core/panel.cpp", "// #include <QString>"}),
     ExampleName());
 

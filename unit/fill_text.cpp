@@ -43,8 +43,8 @@ std::optional<std::uint32_t> WholeNumber(std::string_view text)
     return value;
 }
 
-/// Four digits of tenths from metres.
-std::string DepthText(std::string_view metres)
+/// Tenths of a metre from metres; refusals name the setting.
+std::uint32_t Tenths(std::string_view name, std::string_view metres)
 {
     const auto point = metres.find('.');
     const auto tenth = point == std::string_view::npos ? "0" : metres.substr(point + 1);
@@ -52,8 +52,15 @@ std::string DepthText(std::string_view metres)
     const auto part = WholeNumber(tenth);
     if (!whole || !part || tenth.size() != 1 || *whole > kMostTenths / 10 ||
         *whole * 10 + *part > kMostTenths)
-        throw Refusal("depth is a number of metres up to 200, with at most one decimal");
-    auto digits = std::to_string(*whole * 10 + *part);
+        throw Refusal(std::string(name) +
+                      " is a number of metres up to 200, with at most one decimal");
+    return *whole * 10 + *part;
+}
+
+/// Four digits of tenths from metres.
+std::string DepthText(std::string_view metres)
+{
+    auto digits = std::to_string(Tenths("depth", metres));
     return digits.insert(0, 4 - digits.size(), '0');
 }
 
@@ -76,6 +83,45 @@ std::uint32_t Seed(std::string_view text)
     throw Refusal("seed is a whole number");
 }
 
+struct DepthSetting {
+    std::string_view name;
+    std::optional<int> Mishaps::*depth;
+};
+
+constexpr std::array<DepthSetting, 4> kDepthSettings{{
+    {"frozen", &Mishaps::frozen},
+    {"spike", &Mishaps::spike},
+    {"swapped", &Mishaps::swapped},
+    {"unread", &Mishaps::unread},
+}};
+
+/// A whole number up to `most`.
+int Amount(std::string_view name, std::string_view text, std::uint32_t most)
+{
+    const auto amount = WholeNumber(text);
+    if (amount && *amount <= most) return static_cast<int>(*amount);
+    throw Refusal(std::string(name) + " is a whole number up to " + std::to_string(most));
+}
+
+/// Whether the setting is one of a mishap.
+bool SetMishap(Mishaps& mishaps, std::string_view name, std::string_view value)
+{
+    constexpr std::uint32_t kMostDrift = 1000;
+    constexpr std::uint32_t kMostReadouts = 25;
+    const auto* const depth = std::ranges::find(kDepthSettings, name, &DepthSetting::name);
+    if (depth != kDepthSettings.end())
+        mishaps.*(depth->depth) = static_cast<int>(Tenths(name, value));
+    else if (name == "unturned")
+        mishaps.unturned = Amount(name, value, 1) == 1;
+    else if (name == "drift")
+        mishaps.drift = Amount(name, value, kMostDrift);
+    else if (name == "moved")
+        mishaps.moved = Amount(name, value, kMostReadouts);
+    else
+        return false;
+    return true;
+}
+
 void Set(Survey& survey, std::string_view name, std::string_view value)
 {
     const auto* const text = std::ranges::find(kTextSettings, name, &TextSetting::name);
@@ -89,7 +135,7 @@ void Set(Survey& survey, std::string_view name, std::string_view value)
         survey.header.guides = Guides(value);
     else if (name == "seed")
         survey.seed = Seed(value);
-    else
+    else if (!SetMishap(survey.mishaps, name, value))
         throw Refusal("no such setting: \"" + std::string(name) + "\"");
 }
 

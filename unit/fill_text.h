@@ -18,7 +18,9 @@ struct Fill {
 ///
 /// Settings are client, site, tube, north, nlet, date and time (texts, kept as they stand), depth
 /// in metres up to 200 with at most one decimal, step 0.5 or 1, guides 2 or 4, and seed, a whole
-/// number. What is not set is a plausible survey of 20.0 m at 0.5 m with two guides, and the block
+/// number. What may have gone wrong is frozen, spike, swapped and unread with a depth in metres,
+/// unturned with 1, drift with counts up to 1000, moved with a number of readouts up to 25. What is
+/// not set is a plausible survey of 20.0 m at 0.5 m with two guides, and the block
 /// number for seed. Anything else throws std::invalid_argument with the reason.
 Fill ParseFill(std::string_view text);
 

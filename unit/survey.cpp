@@ -16,6 +16,7 @@ namespace
 constexpr std::uint32_t kDataOffset = 0x100;
 constexpr int kMostPages = 240;
 constexpr double kCountsPerSine = 20000.0;
+constexpr unsigned long long kDrawsOfASurvey = 2000; // more than its readings
 
 /// Lean of the tube at one depth, as the sine of its angle in the two directions of the first
 /// guides.
@@ -83,24 +84,38 @@ std::string Word(int reading)
 }
 
 /// One reading in counts: the lean, the probe's offset and the unrest of its last digit.
-std::string Reading(double lean, int offset, std::mt19937& random)
+int Reading(int lean, int offset, std::mt19937& random)
 {
     const int unrest = static_cast<int>(random() % 5U) - 2;
-    return Word(static_cast<int>(std::lround(lean * kCountsPerSine)) + offset + unrest);
+    return lean + offset + unrest;
 }
 
-std::string PageOf(const Lean& lean, bool fourGuides, std::mt19937& random)
+int Counts(double sine)
+{
+    return static_cast<int>(std::lround(sine * kCountsPerSine));
+}
+
+/// The readings at one depth where the tube leans by `a` and `b` counts.
+Readings ReadingsOf(int a, int b, const Survey& survey, std::mt19937& random)
 {
     constexpr int kOffsetA = 12;
     constexpr int kOffsetB = -7;
+    const int face = survey.mishaps.unturned ? 1 : -1;
     // Guides 1 and 3 face each other; 2 and 4 stand a quarter turn from them.
-    const std::array<Lean, 4> faces{
-        {{lean.a, lean.b}, {-lean.a, -lean.b}, {lean.b, -lean.a}, {-lean.b, lean.a}}};
-    std::string page;
-    for (std::size_t i = 0; i < (fourGuides ? 4U : 2U); ++i) {
-        page += Reading(faces[i].a, kOffsetA, random);
-        page += Reading(faces[i].b, kOffsetB, random);
+    const std::array<std::array<int, 2>, 4> faces{{{a, b}, {face * a, face * b}, {b, -a}, {-b, a}}};
+    Readings readings{};
+    for (std::size_t i = 0; i < (survey.header.guides == "4" ? 4U : 2U); ++i) {
+        readings[2 * i] = Reading(faces[i][0], kOffsetA, random);
+        readings[2 * i + 1] = Reading(faces[i][1], kOffsetB, random);
     }
+    return readings;
+}
+
+std::string PageOf(const Readings& readings, bool fourGuides)
+{
+    std::string page;
+    for (std::size_t i = 0; i < (fourGuides ? 8U : 4U); ++i)
+        page += Word(readings[i]);
     page.resize(kPageBytes, '\0');
     return page;
 }
@@ -124,12 +139,20 @@ void FillBlock(Memory& memory, int block, const Survey& survey)
 
     std::mt19937 random(survey.seed);
     const Tube tube(random);
+    // The same tube at a later readout, with an unrest of its own.
+    random.discard(static_cast<unsigned long long>(survey.mishaps.moved) * kDrawsOfASurvey);
     const int bottom = Tenths(survey.header);
+    const int step = StepTenths(survey.header);
+    MishapMaker maker(survey.mishaps, bottom);
     for (int page = 0; page < PageCount(survey.header); ++page) {
-        const double depth = (bottom - page * StepTenths(survey.header)) / 10.0;
-        const auto text =
-            PageOf(tube.At(depth, bottom / 10.0), survey.header.guides == "4", random);
-        memory.Put(data + static_cast<std::uint32_t>(page) * kPageBytes, text);
+        const int depth = bottom - page * step;
+        const auto lean = tube.At(depth / 10.0, bottom / 10.0);
+        const int shear = survey.mishaps.moved * ShearCounts(depth, bottom);
+        const auto readings =
+            ReadingsOf(Counts(lean.a) + shear, Counts(lean.b) + shear / 3, survey, random);
+        if (const auto stored = maker.Stored(depth, readings, step))
+            memory.Put(data + static_cast<std::uint32_t>(page) * kPageBytes,
+                       PageOf(*stored, survey.header.guides == "4"));
     }
 }
 

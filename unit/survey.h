@@ -2,6 +2,7 @@
 
 #include "unit/block_header.h"
 #include "unit/memory.h"
+#include "unit/mishaps.h"
 
 #include <cstdint>
 
@@ -13,6 +14,7 @@ namespace tarvex::unit
 struct Survey {
     BlockHeader header;
     std::uint32_t seed = 1;
+    Mishaps mishaps = {};
 };
 
 /// Number of pages that a survey fills: one for each depth from the bottom up, 240 at most. With a

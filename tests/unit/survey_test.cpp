@@ -256,6 +256,84 @@ TEST(ParseFill, TurnsMetresIntoTenths)
     EXPECT_EQ(ParseFill("1:step=0.5").survey.header.step, "0");
 }
 
+/// Readings of a column over all pages of a block filled so; deepest first.
+std::vector<int> ColumnOf(const std::string& fill, int column)
+{
+    const auto parsed = ParseFill(fill);
+    Memory memory;
+    FillBlock(memory, parsed.block, parsed.survey);
+    std::vector<int> readings;
+    for (int page = 0; page < PageCount(parsed.survey.header); ++page)
+        readings.push_back(Reading(memory, parsed.block, page, column));
+    return readings;
+}
+
+TEST(Mishaps, FreezeGuideOneForTwoMoreDepthsOnly)
+{
+    const auto usual = ColumnOf("1:depth=10", 0);
+    auto expected = usual;
+    expected[9] = expected[10] = usual[8]; // 6.0 m is page 8
+    EXPECT_EQ(ColumnOf("1:depth=10,frozen=6", 0), expected);
+    EXPECT_EQ(ColumnOf("1:depth=10,frozen=6", 2), ColumnOf("1:depth=10", 2));
+}
+
+TEST(Mishaps, RaiseOneReadingByASpike)
+{
+    auto expected = ColumnOf("1:depth=10", 0);
+    expected[8] += 300;
+    EXPECT_EQ(ColumnOf("1:depth=10,spike=6", 0), expected);
+}
+
+TEST(Mishaps, ExchangeTheGuidesAtOneDepth)
+{
+    auto first = ColumnOf("1:depth=10", 1);
+    auto third = ColumnOf("1:depth=10", 3);
+    std::swap(first[8], third[8]);
+    EXPECT_EQ(ColumnOf("1:depth=10,swapped=6", 1), first);
+    EXPECT_EQ(ColumnOf("1:depth=10,swapped=6", 3), third);
+}
+
+TEST(Mishaps, LeaveADepthUnread)
+{
+    auto expected = ColumnOf("1:depth=10,guides=4", 7);
+    expected[8] = 0;
+    EXPECT_EQ(ColumnOf("1:depth=10,guides=4,unread=6", 7), expected);
+}
+
+TEST(Mishaps, ReadTheThirdGuideLikeTheFirstWithoutATurn)
+{
+    const auto first = ColumnOf("1:unturned=1", 0);
+    const auto third = ColumnOf("1:unturned=1", 2);
+    ASSERT_EQ(first.size(), third.size());
+    for (std::size_t i = 0; i < first.size(); ++i)
+        EXPECT_LE(std::abs(first[i] - third[i]), 4);
+}
+
+TEST(Mishaps, DriftTheZeroOfTheThirdGuideUpTheTube)
+{
+    const auto usual = ColumnOf("1:depth=10", 2);
+    const auto drifted = ColumnOf("1:depth=10,drift=40", 2);
+    EXPECT_EQ(drifted.front(), usual.front());
+    EXPECT_EQ(drifted[10], usual[10] + 20); // half way
+    EXPECT_EQ(drifted.back(), usual.back() + 38);
+    EXPECT_EQ(ColumnOf("1:depth=10,drift=40", 0), ColumnOf("1:depth=10", 0));
+}
+
+TEST(Mishaps, MoveTheTubeByItsShearFromReadoutToReadout)
+{
+    const auto usual = ColumnOf("1:depth=20", 0);
+    const auto moved = ColumnOf("1:depth=20,moved=3", 0);
+    ASSERT_EQ(usual.size(), moved.size());
+    int sheared = 0;
+    for (std::size_t i = 0; i < usual.size(); ++i) {
+        const int shear = 3 * ShearCounts(200 - static_cast<int>(i) * 5, 200);
+        EXPECT_LE(std::abs(moved[i] - usual[i] - shear), 4) << i;
+        sheared += shear > 0 ? 1 : 0;
+    }
+    EXPECT_EQ(sheared, 9); // 6.0 to 10.0 m
+    EXPECT_NE(ColumnOf("1:depth=20,moved=1", 0), ColumnOf("1:depth=20,moved=2", 0));
+}
+
 TEST(ParseFill, RefusesEverythingElse)
 {
     for (const auto* text : {"",
@@ -282,6 +360,12 @@ TEST(ParseFill, RefusesEverythingElse)
                              "1:seed=x",
                              "1:seed=-1",
                              "1:depth=1,,guides=4",
+                             "1:spike=x",
+                             "1:frozen=200.1",
+                             "1:unturned=2",
+                             "1:drift=-1",
+                             "1:drift=1001",
+                             "1:moved=26",
                              "1:Depth=1"})
         EXPECT_THROW(ParseFill(text), std::invalid_argument) << text;
 }

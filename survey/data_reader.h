@@ -1,0 +1,16 @@
+#pragma once
+
+#include "survey/anomalies.h"
+#include "survey/reader.h"
+#include "survey/records.h"
+#include "survey/text.h"
+
+namespace tarvex::survey
+{
+
+/// The rows of a data report or a work file, told apart by the place of their title. Of the records
+/// that are no rows, those that the manager writes are passed over in silence.
+Contents ReadDataReport(const std::vector<Record>& records, Encoding encoding,
+                        AnomalyList& anomalies);
+
+} // namespace tarvex::survey
