@@ -29,7 +29,9 @@ endif()
 
 find_program(TARVEX_CCACHE ccache)
 if(TARVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER "${TARVEX_CCACHE}")
+    # Its word that headers compiled in advance may be kept too.
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${TARVEX_CCACHE}")
 endif()
 
 # tarvex_library(NAME SOURCES ... LINKS ...): the static library tarvex_NAME, known as tarvex::NAME,
@@ -42,10 +44,29 @@ function(tarvex_library name)
     target_link_libraries(tarvex_${name} PUBLIC ${ARG_LINKS} PRIVATE tarvex::options)
 endfunction()
 
-# tarvex_test(NAME SOURCES ... LINKS ...): one program of GoogleTest cases, run as one test of that name.
+# tarvex_test_target(NAME [TOOLKIT]): what is tested is optimised as in the program, the tests
+# themselves are not; their common headers are compiled once (tests/headers). TOOLKIT for a program
+# that links Qt.
+function(tarvex_test_target name)
+    cmake_parse_arguments(ARG "TOOLKIT" "" "" ${ARGN})
+    target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+    if(ARG_TOOLKIT)
+        target_precompile_headers(${name} REUSE_FROM tarvex_window_test_headers)
+    else()
+        target_precompile_headers(${name} REUSE_FROM tarvex_test_headers)
+    endif()
+endfunction()
+
+# tarvex_test(NAME [TOOLKIT] SOURCES ... LINKS ...): one program of GoogleTest cases, run as one test of
+# that name.
 function(tarvex_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main tarvex::options)
+    if(ARG_TOOLKIT)
+        tarvex_test_target(${name} TOOLKIT)
+    else()
+        tarvex_test_target(${name})
+    endif()
     add_test(NAME ${name} COMMAND ${name})
 endfunction()
