@@ -9,6 +9,8 @@
 #include <QStyleOptionFrame>
 #include <QValidator>
 
+#include <utility>
+
 namespace tarvex::panel
 {
 
@@ -97,27 +99,49 @@ QSize BoxEdit::sizeHint() const
     return {width, usual.height()};
 }
 
+void BoxEdit::EnterWhole(Qt::FocusReason reason)
+{
+    if (!left_) return;
+    left_ = false;
+    entering_ = reason == Qt::MouseFocusReason || reason == Qt::ActiveWindowFocusReason;
+    selectAll();
+}
+
+void BoxEdit::Leave(Qt::FocusReason reason)
+{
+    if (std::exchange(left_, true)) return;
+    if (leave_) leave_(reason);
+}
+
+void BoxEdit::CatchUp(Qt::FocusReason reason)
+{
+    if (window()->focusWidget() != this) Leave(reason);
+}
+
 void BoxEdit::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    if (!left_) return;
-    left_ = false;
-    entering_ =
-        event->reason() == Qt::MouseFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
-    selectAll();
+    EnterWhole(event->reason());
 }
 
 void BoxEdit::focusOutEvent(QFocusEvent* event)
 {
     const Qt::FocusReason reason = event->reason();
     QLineEdit::focusOutEvent(event);
-    if (!IsLeaving(reason)) return;
-    left_ = true;
-    if (leave_) leave_(reason);
+    if (IsLeaving(reason)) Leave(reason);
+}
+
+// A press or a key can come before the activation, and so before the focus.
+
+void BoxEdit::keyPressEvent(QKeyEvent* event)
+{
+    left_ = false;
+    QLineEdit::keyPressEvent(event);
 }
 
 void BoxEdit::mousePressEvent(QMouseEvent* event)
 {
+    if (window()->focusWidget() == this) EnterWhole(Qt::MouseFocusReason);
     const bool selects = entering_ && event->button() == Qt::LeftButton;
     QLineEdit::mousePressEvent(event);
     entering_ = selects;

@@ -12,18 +12,21 @@ namespace tarvex::panel
 {
 
 /// The line edit of one TextBox. It shows the box's text, takes what the operator types into it
-/// ("?" for a character without a byte of its own), and is hidden, disabled and cut as the box is.
-/// Entering it selects its whole text, so that typing replaces a padded field.
+/// ("?" for a character without a byte of its own), and is hidden, disabled and cut as
+/// the box is. Entering it selects its whole text, so that typing replaces a padded field.
 class BoxEdit final : public QLineEdit
 {
 public:
     BoxEdit(TextBox& box, QWidget* parent);
     ~BoxEdit() override;
 
-    /// Run when the focus has gone to another control of this window: not when a message box,
+    /// Run once when the focus has gone to another control of this window: not when a message box,
     /// another window or a menu takes it over.
     void OnLeave(std::function<void(Qt::FocusReason)> leave) { leave_ = std::move(leave); }
     void OnDoubleClick(std::function<void()> act) { doubleClick_ = std::move(act); }
+
+    /// Leaves the box now if its window, while it was not active, has passed the focus on.
+    void CatchUp(Qt::FocusReason reason);
 
     /// Ends the bond with the box, and drops what is run.
     void Detach();
@@ -35,6 +38,7 @@ public:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -43,11 +47,13 @@ protected:
 private:
     void ShowBox();
     void TakeTyped(const QString& text);
+    void EnterWhole(Qt::FocusReason reason);
+    void Leave(Qt::FocusReason reason);
 
     TextBox& box_;
     std::function<void(Qt::FocusReason)> leave_;
     std::function<void()> doubleClick_;
-    bool left_ = true;      // the focus was elsewhere in this window
+    bool left_ = true;      // the focus is elsewhere in this window, and that has been noticed
     bool entering_ = false; // a click that brings the focus has selected everything
     QPoint pressedAt_;
 };

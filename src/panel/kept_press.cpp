@@ -1,7 +1,6 @@
 #include "panel/kept_press.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
 #include <QMouseEvent>
 
 #include <utility>
@@ -9,19 +8,11 @@
 namespace tarvex::panel
 {
 
-KeptPress::KeptPress()
+bool KeptPress::Takes(QObject& widget, const QEvent& press)
 {
-    QCoreApplication::instance()->installEventFilter(this);
-}
-
-bool KeptPress::eventFilter(QObject* watched, QEvent* event)
-{
-    const bool press =
-        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
-    if (!boxShown_ || !press || !watched->isWidgetType()) return false;
-    boxShown_ = false;
-    auto* button = qobject_cast<QAbstractButton*>(watched);
-    if (button == nullptr || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+    if (!std::exchange(boxShown_, false)) return false;
+    auto* button = qobject_cast<QAbstractButton*>(&widget);
+    if (button == nullptr || static_cast<const QMouseEvent&>(press).button() != Qt::LeftButton)
         return false;
     button->click();
     return true;

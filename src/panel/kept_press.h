@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QObject>
+class QEvent;
+class QObject;
 
 namespace tarvex::panel
 {
@@ -9,16 +10,15 @@ namespace tarvex::panel
 /// takes the release (and one that comes after the box is lost as well), so that the press would
 /// come to nothing. This keeps such a press: it becomes the whole click, once, when the box is
 /// gone.
-class KeptPress final : public QObject
+class KeptPress final
 {
 public:
-    /// Watches the presses of the whole program.
-    KeptPress();
-
     /// To be told when a rule has shown a box in a change of focus by the mouse.
     void BoxShownInPress() { boxShown_ = true; }
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// To be asked with each press before the widget gets it. True when the press has become a
+    /// click here, and must not reach the widget any more.
+    bool Takes(QObject& widget, const QEvent& press);
 
 private:
     bool boxShown_ = false;

@@ -3,12 +3,11 @@
 #include "panel/box_edit.h"
 #include "panel/control_table.h"
 #include "panel/controls.h"
+#include "panel/field_leaving.h"
 #include "panel/field_rules.h"
 #include "panel/focus_mark.h"
-#include "panel/kept_press.h"
 #include "panel/layouts.h"
 #include "panel/look.h"
-#include "panel/noted_boxes.h"
 #include "panel/port_options.h"
 #include "panel/service_list.h"
 #include "panel/window_text.h"
@@ -19,6 +18,7 @@
 #include <QShortcut>
 #include <QTabBar>
 
+#include <functional>
 #include <vector>
 
 namespace tarvex::panel
@@ -30,7 +30,10 @@ class MainWindow::Parts
 public:
     Parts(MainWindow& window, const CommandContext& context, PortNames& portNames,
           Handlers& handlers)
-        : window_(window), context_(context), handlers_(handlers)
+        : window_(window),
+          context_(context),
+          handlers_(handlers),
+          leaving_(handlers, context.line.boxes)
     {
         MakeControls();
         LayOut(window_);
@@ -67,10 +70,14 @@ private:
     void HangOnBox(const ControlRow& row, BoxEdit* edit)
     {
         edits_.push_back(edit);
-        if (const FieldRule rule = RuleOf(row.name))
-            edit->OnLeave([this, rule](Qt::FocusReason reason) { Leave(rule, reason); });
+        leaving_.Watch(*edit);
+        if (const FieldRule rule = RuleOf(row.name)) {
+            leaving_.RunOnLeaving(*edit, [this, rule](MessageBoxes& boxes) {
+                rule(context_.panel, context_.line.state, boxes);
+            });
+        }
         if (row.name == "Text13")
-            edit->OnDoubleClick([this] { handlers_.Run([&] { ToggleText13(context_.panel); }); });
+            edit->OnDoubleClick([this] { Run([&] { ToggleText13(context_.panel); }); });
     }
 
     void HangOnButtons()
@@ -79,7 +86,7 @@ private:
             if (row.command == Command::None) continue;
             auto* button = window_.findChild<QAbstractButton*>(Literal(row.name));
             QObject::connect(button, &QAbstractButton::clicked, &window_,
-                             [this, command = row.command] { Run(command); });
+                             [this, command = row.command] { RunCommand(command); });
         }
     }
 
@@ -88,7 +95,7 @@ private:
         auto* strip = window_.findChild<QTabBar*>("TabStrip1");
         QObject::connect(strip, &QTabBar::currentChanged, &window_, [this, strip](int index) {
             if (window_.focusWidget() != strip) strip->setFocus(); // turned by the wheel
-            handlers_.Run([&] { SelectTab(context_.panel, index + 1); });
+            Run([&] { SelectTab(context_.panel, index + 1); });
         });
     }
 
@@ -103,29 +110,29 @@ private:
         }
     }
 
-    void Run(Command command)
+    /// The field in work is left before a handler reads the boxes.
+    void Run(const std::function<void()>& handler)
     {
-        handlers_.Run([&] { RowOf(command).run(context_); });
+        leaving_.CatchUp();
+        handlers_.Run(handler);
     }
 
-    /// As its button would: the field in work is left first.
+    void RunCommand(Command command)
+    {
+        Run([&] { RowOf(command).run(context_); });
+    }
+
+    /// As its button would: the list is no control of the window, and the focus goes to one.
     void RunFromList(Command command)
     {
         ControlNamed(window_, "TabStrip1").setFocus();
-        Run(command);
-    }
-
-    void Leave(FieldRule rule, Qt::FocusReason reason)
-    {
-        NotedBoxes boxes(context_.line.boxes);
-        handlers_.Run([&] { rule(context_.panel, context_.line.state, boxes); });
-        if (boxes.shown && reason == Qt::MouseFocusReason) keptPress_.BoxShownInPress();
+        RunCommand(command);
     }
 
     MainWindow& window_;
     CommandContext context_;
     Handlers& handlers_;
-    KeptPress keptPress_;
+    FieldLeaving leaving_;
     std::unique_ptr<PortOptions> portOptions_;
     std::vector<BoxEdit*> edits_;
 };

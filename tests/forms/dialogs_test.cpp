@@ -143,5 +143,25 @@ TEST_F(SettingsDialogs, TheDelayDialogWritesThePlainNumber)
     EXPECT_THAT(port.sent, ElementsAre("}", "b000F05\r"));
 }
 
+TEST_F(SettingsDialogs, TheDelayDialogChecksBeforeItWritesWhenAPressComesBeforeTheActivation)
+{
+    forms.ShowDelayDialog();
+    QWidget& dialog = Window("Form3");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    TypeOver("Form3", "Text16rt", "2");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+
+    boxes.Expect("Attention: Delay is too low");
+    const auto& button = Control<QAbstractButton>("Form3", "Command6scrivi");
+    QTest::mouseClick(dialog.windowHandle(), Qt::LeftButton, {},
+                      button.mapTo(&dialog, button.rect().center()));
+
+    EXPECT_EQ(boxes.shown, 1);
+    EXPECT_THAT(port.sent, ElementsAre("}", "b000F03\r"));
+}
+
 } // namespace
 } // namespace tarvex::tests

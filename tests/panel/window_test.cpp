@@ -30,7 +30,8 @@ void WindowTest::TypeInto(const std::string& name, const QString& text)
 {
     QLineEdit& edit = Edit(name);
     Enter(name);
-    QTest::keyClick(&edit, Qt::Key_Delete); // the whole text is selected
+    edit.selectAll(); // as it is on entering
+    QTest::keyClick(&edit, Qt::Key_Delete);
     QTest::keyClicks(&edit, text);
 }
 

@@ -4,7 +4,6 @@
 #include "panel/controls.h"
 #include "panel/dialogs/delay_check.h"
 #include "panel/layouts.h"
-#include "panel/noted_boxes.h"
 #include "settings/cycle_delay.h"
 
 #include <QVBoxLayout>
@@ -21,10 +20,8 @@ DelayDialog::DelayDialog(const DialogContext& context, QWidget* parent)
     LayOutParameters(*this);
     (new QVBoxLayout(this))->addWidget(&ControlNamed(*this, "Frame1parametri"));
 
-    findChild<BoxEdit*>("Text16rt")->OnLeave([this](Qt::FocusReason reason) {
-        NotedBoxes boxes(context_.line.boxes);
-        context_.handlers.Run([&] { LeaveDelay(boxes_->Text16rt, boxes); });
-        if (boxes.shown && reason == Qt::MouseFocusReason) keptPress_.BoxShownInPress();
+    leaving_.RunOnLeaving(*findChild<BoxEdit*>("Text16rt"), [form = boxes_](MessageBoxes& boxes) {
+        LeaveDelay(form->Text16rt, boxes);
     });
     OnClickOnLine("Command6scrivi",
                   [boxes = boxes_](DeviceLink& link) { WriteCycleDelay(boxes->Text16rt, link); });

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "panel/dialogs/settings_dialog.h"
-#include "panel/kept_press.h"
 
 namespace tarvex::panel
 {
@@ -12,9 +11,6 @@ class DelayDialog final : public SettingsDialog
 {
 public:
     DelayDialog(const DialogContext& context, QWidget* parent);
-
-private:
-    KeptPress keptPress_;
 };
 
 } // namespace tarvex::panel

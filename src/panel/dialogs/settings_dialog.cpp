@@ -15,7 +15,7 @@ namespace tarvex::panel
 
 SettingsDialog::SettingsDialog(const DialogContext& context, const char* name, const char* title,
                                QWidget* parent)
-    : QWidget(parent, Qt::Dialog), context_(context)
+    : QWidget(parent, Qt::Dialog), context_(context), leaving_(context.handlers, context.line.boxes)
 {
     context_.line.indicator = nullptr;
     setObjectName(name);
@@ -40,7 +40,8 @@ void SettingsDialog::MakeFrame(std::string_view frame,
     for (ControlRow row : ControlTable()) {
         if (row.name != frame && row.parent != frame) continue;
         adapt(row);
-        MakeControl(row, *boxes_, *this);
+        QWidget* control = MakeControl(row, *boxes_, *this);
+        if (auto* edit = dynamic_cast<BoxEdit*>(control)) leaving_.Watch(*edit);
     }
     SizeButtons(*this);
 }
@@ -48,7 +49,10 @@ void SettingsDialog::MakeFrame(std::string_view frame,
 void SettingsDialog::OnClick(const char* button, std::function<void()> command)
 {
     connect(findChild<QAbstractButton*>(button), &QAbstractButton::clicked, this,
-            [this, command = std::move(command)] { context_.handlers.Run(command); });
+            [this, command = std::move(command)] {
+                leaving_.CatchUp();
+                context_.handlers.Run(command);
+            });
 }
 
 void SettingsDialog::OnClickOnLine(const char* button, std::function<void(DeviceLink&)> command)

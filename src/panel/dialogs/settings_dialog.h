@@ -6,6 +6,7 @@
 #include "core/port_names.h"
 #include "link/device_link.h"
 #include "panel/control_table.h"
+#include "panel/field_leaving.h"
 
 #include <QWidget>
 
@@ -46,6 +47,7 @@ protected:
     void OnClickOnLine(const char* button, std::function<void(DeviceLink&)> command);
 
     DialogContext context_;
+    FieldLeaving leaving_;
 
     /// The state of this dialog's controls. A command that waits on the line keeps it, for the
     /// operator may close the dialog meanwhile.
