@@ -1,5 +1,6 @@
 #include "panel/box_edit.h"
 
+#include "panel/one_line.h"
 #include "panel/window_text.h"
 
 #include <QApplication>
@@ -7,7 +8,6 @@
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
-#include <QValidator>
 
 #include <utility>
 
@@ -19,13 +19,14 @@ namespace
 
 /// Puts "?" for what the code page does not hold while it is being typed, so that the cursor stays
 /// where it is. A letter and its accent typed apart become one character first.
-class CodePageValidator final : public QValidator
+class CodePageValidator final : public OneLineValidator
 {
 public:
-    using QValidator::QValidator;
+    using OneLineValidator::OneLineValidator;
 
     State validate(QString& input, int& position) const override
     {
+        OneLineValidator::validate(input, position);
         const QString held = ToWindow(FromWindow(input.normalized(QString::NormalizationForm_C)));
         if (held != input) {
             position -= static_cast<int>(input.size() - held.size());
@@ -50,7 +51,7 @@ BoxEdit::BoxEdit(TextBox& box, QWidget* parent) : QLineEdit(parent), box_(box)
 {
     if (box.MaximumLength() != TextBox::kAnyLength)
         setMaxLength(static_cast<int>(box.MaximumLength()));
-    setValidator(new CodePageValidator(this));
+    setValidator(new CodePageValidator(*this));
     setFocusPolicy(Qt::StrongFocus);
     if (box.MaximumLength() <= kWidestCounted)
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -165,6 +166,14 @@ void BoxEdit::mouseReleaseEvent(QMouseEvent* event)
 {
     entering_ = false;
     QLineEdit::mouseReleaseEvent(event);
+}
+
+/// What was dropped is in a field in work, which is left as any other.
+void BoxEdit::dropEvent(QDropEvent* event)
+{
+    setFocus(Qt::OtherFocusReason);
+    left_ = false;
+    QLineEdit::dropEvent(event);
 }
 
 void BoxEdit::mouseDoubleClickEvent(QMouseEvent* event)

@@ -12,7 +12,7 @@ namespace tarvex::panel
 {
 
 /// The line edit of one TextBox. It shows the box's text, takes what the operator types into it
-/// ("?" for a character without a byte of its own), and is hidden, disabled and cut as
+/// (one line; "?" for a character without a byte of its own), and is hidden, disabled and cut as
 /// the box is. Entering it selects its whole text, so that typing replaces a padded field.
 class BoxEdit final : public QLineEdit
 {
@@ -43,6 +43,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void ShowBox();

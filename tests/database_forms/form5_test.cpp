@@ -2,6 +2,7 @@
 #include "sqlite/raw_database.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -139,6 +140,15 @@ TEST_F(Form5Test, TypingADigitEditsTheMarkAndEnterCommitsIt)
     EXPECT_EQ(Mark(0), "12");
     EXPECT_EQ(Cell(0, "b"), "12");
     EXPECT_EQ(QApplication::focusWidget(), &Grid());
+}
+
+TEST_F(Form5Test, APastedMarkIsCutAtItsFirstLineEnd)
+{
+    QGuiApplication::clipboard()->setText("12\nROSSI\n");
+    Type(Qt::Key_F2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
+    Type(Qt::Key_Return);
+    EXPECT_EQ(Cell(0, "b"), "12");
 }
 
 TEST_F(Form5Test, F2AndEnterEditWhatIsThere)

@@ -3,9 +3,11 @@
 #include "panel/forms/texts.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -309,6 +311,17 @@ TEST_F(FolderChooser, MakesANewFolderAndStandsOnIt)
     question.accept();
     EXPECT_TRUE(fs::is_directory(dati / "Foro Ω 3"));
     EXPECT_EQ(ShownPath(), dati / "Foro Ω 3");
+}
+
+TEST_F(FolderChooser, CutsAPastedNameAtItsFirstLineEnd)
+{
+    QGuiApplication::clipboard()->setText("Foro 3\nVIA ROMA\n");
+    forms.ShowFolderChooser();
+    Press("Form6", "NewFolder");
+    auto& question = Control<QInputDialog>("Form6", "NewFolderName");
+    QTest::keyClick(question.findChild<QLineEdit*>(), Qt::Key_V, Qt::ControlModifier);
+    question.accept();
+    EXPECT_EQ(ShownPath(), dati / "Foro 3");
 }
 
 TEST_F(FolderChooser, SaysSoWhenANewFolderCannotBeMade)

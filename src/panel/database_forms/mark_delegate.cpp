@@ -1,5 +1,9 @@
 #include "panel/database_forms/mark_delegate.h"
 
+#include "panel/one_line.h"
+
+#include <QLineEdit>
+
 namespace tarvex::panel
 {
 
@@ -7,6 +11,7 @@ QWidget* MarkDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
                                     const QModelIndex& index) const
 {
     editor_ = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto* line = qobject_cast<QLineEdit*>(editor_.data())) KeepToOneLine(*line);
     if (editor_) editor_->setAccessibleName("Block for this row");
     return editor_;
 }

@@ -6,6 +6,7 @@
 #include "panel/forms/path_label.h"
 #include "panel/forms/report_folder.h"
 #include "panel/forms/texts.h"
+#include "panel/one_line.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <QFormLayout>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -165,6 +167,7 @@ void Form6::AskNewFolder()
         world_.handlers.Run([this, name] { AddFolder(name); });
     });
     question->open();
+    KeepToOneLine(*question->findChild<QLineEdit*>());
 }
 
 void Form6::AddFolder(const QString& name)
