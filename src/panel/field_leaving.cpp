@@ -4,7 +4,7 @@
 #include "panel/noted_boxes.h"
 
 #include <QCoreApplication>
-#include <QEvent>
+#include <QFocusEvent>
 
 #include <utility>
 
@@ -58,7 +58,8 @@ bool FieldLeaving::eventFilter(QObject* watched, QEvent* event)
         CatchUp(Qt::MouseFocusReason);
         return keptPress_.Takes(*watched, *event);
     }
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::KeyPress) CatchUp();
+    if (event->type() == QEvent::FocusIn) CatchUp(static_cast<QFocusEvent*>(event)->reason());
+    if (event->type() == QEvent::KeyPress) CatchUp();
     return false;
 }
 

@@ -1,12 +1,16 @@
 #include "panel/window_test.h"
 
 #include <QAction>
+#include <QFocusEvent>
 #include <QMenu>
+#include <QMessageBox>
 #include <QTabBar>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 namespace tarvex::tests
@@ -18,7 +22,7 @@ namespace
 constexpr const char* kWrongBlock = "Attention: Incorrect block number";
 constexpr const char* kInvalidValue = "Attention: Invalid value";
 
-enum class Event { Activation, Press, Release };
+enum class Event { Activation, Focus, Press, Release };
 
 struct Order {
     const char* name;
@@ -48,6 +52,23 @@ protected:
         ASSERT_FALSE(window->isActiveWindow());
     }
 
+    /// A real modal box, under which the hand comes up from the control.
+    void StandModalOverTheRelease(const QWidget& widget)
+    {
+        QMessageBox box(window.get());
+        QTimer::singleShot(0, &box, [&] {
+            Release(widget.mapTo(window.get(), widget.rect().center()));
+            box.accept();
+        });
+        box.exec();
+    }
+
+    void Release(QPoint inWindow)
+    {
+        if (!std::exchange(isUp_, true))
+            QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, inWindow);
+    }
+
     void Activate()
     {
         window->activateWindow();
@@ -59,6 +80,7 @@ protected:
 
 private:
     QWidget other_;
+    bool isUp_ = false; // the hand, after its one press
 };
 
 /// The operator comes back by a click straight on a control. Each desktop has an order of its own
@@ -66,20 +88,30 @@ private:
 class ComingBack : public Away, public ::testing::WithParamInterface<Order>
 {
 protected:
-    void ClickInOrder(const QWidget& widget, QPoint at)
+    /// As by a press on a window that knows of its activation before its focus does: the control is
+    /// told of the focus, and the field that had it is not.
+    static void FocusByMouse(QWidget& widget)
+    {
+        if (!widget.isEnabled()) return;
+        widget.setFocus(Qt::MouseFocusReason);
+        QFocusEvent focus(QEvent::FocusIn, Qt::MouseFocusReason);
+        QCoreApplication::sendEvent(&widget, &focus);
+    }
+
+    void ClickInOrder(QWidget& widget, QPoint at)
     {
         const QPoint inWindow = widget.mapTo(window.get(), at);
         for (const Event event : GetParam().events) {
             if (event == Event::Activation) Activate();
+            if (event == Event::Focus) FocusByMouse(widget);
             if (event == Event::Press)
                 QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, inWindow);
-            if (event == Event::Release)
-                QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, inWindow);
+            if (event == Event::Release) Release(inWindow);
         }
     }
     void ClickInOrder(const std::string& name)
     {
-        const QWidget& widget = Named(name);
+        QWidget& widget = Named(name);
         ClickInOrder(widget, widget.rect().center());
     }
 };
@@ -107,11 +139,20 @@ TEST_P(ComingBack, RunsACommandOnceAfterTheOneBoxOfTheRule)
     EXPECT_EQ(Openings(), 1);
 }
 
+TEST_P(ComingBack, RunsACommandOnceWhenTheBoxHasTakenTheRelease)
+{
+    TypeAndGoAway("Text2", "30");
+    boxes.Expect(kWrongBlock, [this] { StandModalOverTheRelease(Button("Command3")); });
+    ClickInOrder("Command3");
+    EXPECT_EQ(Openings(), 1);
+    EXPECT_FALSE(Button("Command3").isDown());
+}
+
 TEST_P(ComingBack, RunsTheRuleBeforeTheTabTurns)
 {
     TypeAndGoAway("Text9", "+1");
     boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.Frame1.Visible()); });
-    const auto& strip = Named<QTabBar>("TabStrip1");
+    auto& strip = Named<QTabBar>("TabStrip1");
     ClickInOrder(strip, strip.tabRect(1).center());
     EXPECT_TRUE(panel.Frame2.Visible());
     EXPECT_EQ(panel.Text9.Text(), "+000");
@@ -170,6 +211,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Order{"ActivationFirst", {Event::Activation, Event::Press, Event::Release}},
                       Order{"PressFirst", {Event::Press, Event::Activation, Event::Release}},
                       Order{"ActivationLast", {Event::Press, Event::Release, Event::Activation}},
+                      Order{"FocusFirst",
+                            {Event::Focus, Event::Press, Event::Activation, Event::Release}},
                       Order{"NoActivation", {Event::Press, Event::Release}}),
     [](const auto& order) { return std::string(order.param.name); });
 
