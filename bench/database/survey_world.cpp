@@ -5,10 +5,6 @@
 #include "database/read_headers.h"
 #include "database/write_headers.h"
 
-#include <QSqlError>
-#include <QSqlQuery>
-#include <QVariant>
-
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -22,18 +18,44 @@ namespace tarvex::bench
 namespace
 {
 
-constexpr auto kConnection = "bench";
-
 [[noreturn]] void GiveUp(const std::string& reason)
 {
     (void)std::fprintf(stderr, "survey_bench: %s\n", reason.c_str());
     std::exit(1);
 }
 
-void Require(bool done, const QSqlQuery& query)
+void Execute(sqlite3* database, const std::string& sql)
 {
-    if (!done) GiveUp(query.lastError().text().toStdString());
+    char* message = nullptr;
+    if (sqlite3_exec(database, sql.c_str(), nullptr, nullptr, &message) != SQLITE_OK) {
+        GiveUp(message);
+    }
 }
+
+/// A prepared statement of a program that uses nothing but SQLite.
+class Prepared
+{
+public:
+    Prepared(sqlite3* database, const char* sql)
+    {
+        if (sqlite3_prepare_v2(database, sql, -1, &statement_, nullptr) != SQLITE_OK) GiveUp(sql);
+    }
+    ~Prepared() { sqlite3_finalize(statement_); }
+    Prepared(const Prepared&) = delete;
+    Prepared& operator=(const Prepared&) = delete;
+
+    operator sqlite3_stmt*() const { return statement_; }
+
+    bool Step()
+    {
+        const int result = sqlite3_step(statement_);
+        if (result != SQLITE_ROW && result != SQLITE_DONE) GiveUp(sqlite3_errstr(result));
+        return result == SQLITE_ROW;
+    }
+
+private:
+    sqlite3_stmt* statement_ = nullptr;
+};
 
 double Seconds(const std::function<void()>& work)
 {
@@ -54,7 +76,7 @@ bool SurveyWorld::NoBoxes::AskOkCancel(std::string_view text)
     GiveUp("a question: " + std::string(text));
 }
 
-SurveyWorld::SurveyWorld(const std::filesystem::path& parent, int rows, const QString& mark)
+SurveyWorld::SurveyWorld(const std::filesystem::path& parent, int rows, const std::string& mark)
     : folder_(parent / ("survey-bench-" + std::to_string(std::random_device()()))), rows_(rows)
 {
     std::filesystem::create_directory(folder_);
@@ -63,7 +85,7 @@ SurveyWorld::SurveyWorld(const std::filesystem::path& parent, int rows, const QS
     engine_.OpenTable(survey_.DatabasePath)->Close();
     Run("INSERT INTO tar_vex (cliente, cantiere, tubo, [profondità], passo, guide, nord, nlet, l0, "
         "l1, b) WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
-        QString::number(rows) +
+        std::to_string(rows) +
         ") SELECT printf('C%07d', i), 'DIGA A  ', printf('T%03d', i % 1000), '0500', '1', '4', "
         "'+015', 1, '150926  080000  ', '160926  093015  ', " +
         mark + " FROM n");
@@ -107,29 +129,24 @@ void SurveyWorld::PutHeaders(std::string_view client, int step)
 
 void SurveyWorld::MarkRows()
 {
-    const QString step = QString::number(rows_ / 29);
+    const std::string step = std::to_string(rows_ / 29);
     Run("UPDATE tar_vex SET b = (rowid - 1) / " + step + " + 1 WHERE (rowid - 1) % " + step +
         " = 0 AND (rowid - 1) / " + step + " < 29");
 }
 
-QSqlDatabase SurveyWorld::Open()
+SurveyWorld::Database SurveyWorld::Open()
 {
-    auto database = QSqlDatabase::addDatabase("QSQLITE", kConnection);
-    database.setDatabaseName(QString::fromStdString(survey_.DatabasePath.string()));
-    if (!database.open()) GiveUp("no database");
-    QSqlQuery pragma(database);
-    Require(pragma.exec("PRAGMA synchronous = EXTRA"), pragma);
-    return database;
+    sqlite3* database = nullptr;
+    const int result = sqlite3_open(survey_.DatabasePath.c_str(), &database);
+    Database owned(database);
+    if (result != SQLITE_OK) GiveUp("no database");
+    Execute(database, "PRAGMA synchronous = EXTRA");
+    return owned;
 }
 
-void SurveyWorld::Run(const QString& statement)
+void SurveyWorld::Run(const std::string& statement)
 {
-    {
-        const QSqlDatabase database = Open();
-        QSqlQuery query(database);
-        Require(query.exec(statement), query);
-    }
-    QSqlDatabase::removeDatabase(kConnection);
+    Execute(Open().get(), statement);
 }
 
 double SurveyWorld::ReadHeadersSeconds()
@@ -152,21 +169,16 @@ double SurveyWorld::WriteHeadersSeconds()
 double SurveyWorld::PlainPassSeconds()
 {
     const double seconds = Seconds([&] {
-        {
-            const QSqlDatabase database = Open();
-            QSqlQuery select(database);
-            select.setForwardOnly(true);
-            Require(select.prepare("SELECT rowid, b FROM tar_vex ORDER BY rowid"), select);
-            QSqlQuery update(database);
-            Require(update.prepare("UPDATE tar_vex SET b = '' WHERE rowid = ?"), update);
-            Require(select.exec(), select);
-            while (select.next()) {
-                if (!select.value(1).isNull() && select.value(1).toString().isEmpty()) continue;
-                update.bindValue(0, select.value(0));
-                Require(update.exec(), update);
-            }
+        const Database database = Open();
+        Prepared select(database.get(), "SELECT rowid, b FROM tar_vex ORDER BY rowid");
+        Prepared update(database.get(), "UPDATE tar_vex SET b = '' WHERE rowid = ?");
+        while (select.Step()) {
+            const auto* mark = sqlite3_column_text(select, 1);
+            if (mark != nullptr && *mark == 0) continue;
+            sqlite3_bind_int64(update, 1, sqlite3_column_int64(select, 0));
+            update.Step();
+            sqlite3_reset(update);
         }
-        QSqlDatabase::removeDatabase(kConnection);
     });
     RequireEmptyMarks();
     return seconds;
@@ -174,13 +186,9 @@ double SurveyWorld::PlainPassSeconds()
 
 void SurveyWorld::RequireEmptyMarks()
 {
-    {
-        const QSqlDatabase database = Open();
-        QSqlQuery query(database);
-        Require(query.exec("SELECT count(*) FROM tar_vex WHERE b = ''") && query.next(), query);
-        if (query.value(0).toInt() != rows_) GiveUp("a mark was left");
-    }
-    QSqlDatabase::removeDatabase(kConnection);
+    const Database database = Open();
+    Prepared count(database.get(), "SELECT count(*) FROM tar_vex WHERE b = ''");
+    if (!count.Step() || sqlite3_column_int(count, 0) != rows_) GiveUp("a mark was left");
 }
 
 } // namespace tarvex::bench

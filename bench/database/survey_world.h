@@ -6,10 +6,11 @@
 #include "database/survey_database.h"
 #include "platform/sqlite/sqlite_engine.h"
 
-#include <QSqlDatabase>
-#include <QString>
+#include <sqlite3.h>
 
 #include <filesystem>
+#include <memory>
+#include <string>
 
 namespace tarvex::bench
 {
@@ -21,7 +22,7 @@ class SurveyWorld
 public:
     /// Makes the table of `rows` tubes, each with two readings and with `mark` (in SQL) as its
     /// mark.
-    SurveyWorld(const std::filesystem::path& parent, int rows, const QString& mark);
+    SurveyWorld(const std::filesystem::path& parent, int rows, const std::string& mark);
     ~SurveyWorld();
     SurveyWorld(const SurveyWorld&) = delete;
     SurveyWorld& operator=(const SurveyWorld&) = delete;
@@ -36,7 +37,7 @@ public:
     void MarkRows();
 
     /// Runs statements on a connection that is as durable as the program's.
-    void Run(const QString& statement);
+    void Run(const std::string& statement);
 
     const std::filesystem::path& DatabasePath() const { return survey_.DatabasePath; }
 
@@ -48,8 +49,13 @@ public:
     double PlainPassSeconds();
 
 private:
+    struct Close {
+        void operator()(sqlite3* database) const { sqlite3_close(database); }
+    };
+    using Database = std::unique_ptr<sqlite3, Close>;
+
     void PutHeaders(std::string_view client, int step);
-    QSqlDatabase Open();
+    Database Open();
     void RequireEmptyMarks();
 
     /// The first thing said or asked ends the measurement.

@@ -76,7 +76,9 @@ void UpdateTube(SurveyHandle& row, const BlockHeader& header, MessageBoxes& boxe
 
     row.SetField("nlet", NumericValue(header.nlet.View()));
     if (Holds([&] { return Greater(row.Fields("nlet"), kLastSlot); })) {
+        row.LetOthersWrite();
         boxes.Critical(kNoMoreReadings);
+        row.KeepOthersFromWriting();
         row.SetField("nlet", kLastSlot);
     }
     Value number;
@@ -101,6 +103,8 @@ void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& boxe
     file.Open();
     for (int recordNumber = 1; recordNumber <= kBlockCount; ++recordNumber) {
         file.Get(recordNumber);
+        // Or another program could add the same tube between the look-up and the update.
+        if (!survey.SurveyTable.KeepOthersFromWriting()) continue;
         NoMatchFlag = false;
         survey.SurveyTable.SetFilter(TubeCriterion(state.BlockHeader));
         survey.OpenMatch();
@@ -111,6 +115,7 @@ void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& boxe
             UpdateTube(survey.SurveyMatch, state.BlockHeader, boxes);
         }
         survey.SurveyMatch.Close();
+        survey.SurveyTable.LetOthersWrite();
     }
     file.Close();
     survey.SurveyTable.Close();

@@ -10,8 +10,10 @@ namespace tarvex
 {
 
 /// A handle over survey rows in the order in which they were added. A handle that has just been
-/// opened stands on its first row, or behind the end when it has none. Every operation raises
-/// RunTimeFailure when it cannot be done; after Close none can.
+/// opened stands on its first row, or behind the end when it has none. The mark of a
+/// row is the one that it has when it becomes the current row. Every operation raises
+/// RunTimeFailure when it cannot be done, also when another program has held the file for a second;
+/// after Close none can.
 class RecordSet
 {
 public:
@@ -43,7 +45,10 @@ public:
     virtual void Edit() = 0;
 
     /// Commits the edit buffer: when it returns the row is on the disk. Fails without a buffer, and
-    /// when the row cannot be written; the row is then as it was.
+    /// when the row cannot be written or its mark is no longer the one that was read; the row is
+    /// then as it was. A Null mark that becomes empty text, and nothing else, may wait for its
+    /// neighbours of the same kind, at most until the handle comes to a row with a mark, to the end
+    /// or to Close.
     virtual void Update() = 0;
 
     /// A field of the edit buffer, or else of the current row. The name is taken without regard to
@@ -53,6 +58,14 @@ public:
     /// Sets a field of the edit buffer. `nlet` keeps a number and a text apart, every other field
     /// turns a number into its text. Fails for an unknown name and without a buffer.
     virtual void SetField(std::string_view name, const Value& value) = 0;
+
+    /// Keeps other programs from writing to the table until the next Update or LetOthersWrite of a
+    /// handle on it: what a look-up finds is still true when it is written. A field read later is
+    /// what the row holds then.
+    virtual void KeepOthersFromWriting() = 0;
+
+    /// Other programs may write again. Goes before whatever may take long, such as a box.
+    virtual void LetOthersWrite() = 0;
 
     /// Closes the handle; an edit buffer is dropped.
     virtual void Close() = 0;
@@ -66,7 +79,7 @@ public:
 
     /// A writable handle over all rows of the table `tar_vex`; file and table are made when
     /// missing. Fails, without a change to the file, when it holds anything else than such a
-    /// database, or cannot be opened for writing at once.
+    /// database, or cannot be opened for writing within a second.
     virtual std::unique_ptr<RecordSet> OpenTable(const std::filesystem::path& file) = 0;
 };
 

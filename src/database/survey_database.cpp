@@ -38,6 +38,16 @@ void SurveyHandle::SetField(std::string_view name, const Value& value)
     Attempt([&] { Opened().SetField(name, value); });
 }
 
+bool SurveyHandle::KeepOthersFromWriting()
+{
+    return Attempt([&] { Opened().KeepOthersFromWriting(); });
+}
+
+void SurveyHandle::LetOthersWrite()
+{
+    Attempt([&] { Opened().LetOthersWrite(); });
+}
+
 void SurveyHandle::Close()
 {
     Attempt([&] { Opened().Close(); });

@@ -26,6 +26,11 @@ public:
     void Update();
     void SetField(std::string_view name, const Value& value);
 
+    void LetOthersWrite();
+
+    /// False when it fails.
+    bool KeepOthersFromWriting();
+
     /// The handle is spent, and must be opened anew for the next operation.
     void Close();
 

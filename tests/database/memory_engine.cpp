@@ -96,6 +96,8 @@ public:
         const std::size_t field = FieldIndex(name);
         Buffer()[field] = StoredForm(field, value);
     }
+    void KeepOthersFromWriting() override { RequireOpen(); }
+    void LetOthersWrite() override { RequireOpen(); }
     void Close() override
     {
         RequireOpen();

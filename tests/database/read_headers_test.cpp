@@ -269,13 +269,13 @@ TEST_F(ReadHeadersTest, ANewTubeIsOneWalkThroughTheHandles)
     PutHeader(1, kReading);
     Read();
     EXPECT_THAT(
-        std::vector(engine.calls.begin(), engine.calls.begin() + 18),
-        ElementsAre("OpenTable",
+        std::vector(engine.calls.begin(), engine.calls.begin() + 21),
+        ElementsAre("OpenTable", "KeepOthersFromWriting",
                     "Filter [cliente] = 'ROSSI   ' and [cantiere] = 'DIGA A  ' and [Tubo] = 'T1  '",
                     "OpenRecordset", "MoveFirst", "AddNew", "SetField cliente", "SetField cantiere",
                     "SetField tubo", "SetField profondità", "SetField passo", "SetField guide",
                     "SetField nord", "SetField nlet", "SetField l0", "SetField nlet", "Update",
-                    "Close",
+                    "Close", "LetOthersWrite", "KeepOthersFromWriting",
                     "Filter [cliente] = 'CLIENT 2' and [cantiere] = 'SITE0000' and [Tubo] = "
                     "'T   '"));
     EXPECT_EQ(engine.calls.back(), "Close");

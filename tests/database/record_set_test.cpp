@@ -228,6 +228,8 @@ TEST_F(RecordSetTest, NothingWorksOnAClosedHandle)
     EXPECT_THROW(table->Update(), RunTimeFailure);
     EXPECT_THROW(table->Fields("b"), RunTimeFailure);
     EXPECT_THROW(table->SetField("b", "2"), RunTimeFailure);
+    EXPECT_THROW(table->KeepOthersFromWriting(), RunTimeFailure);
+    EXPECT_THROW(table->LetOthersWrite(), RunTimeFailure);
 }
 
 TEST_F(RecordSetTest, AMatchOutlivesTheHandleItWasOpenedFrom)

@@ -68,6 +68,16 @@ public:
         watcher_.Note("SetField " + std::string(name));
         inner_->SetField(name, value);
     }
+    void KeepOthersFromWriting() override
+    {
+        watcher_.Note("KeepOthersFromWriting");
+        inner_->KeepOthersFromWriting();
+    }
+    void LetOthersWrite() override
+    {
+        watcher_.Note("LetOthersWrite");
+        inner_->LetOthersWrite();
+    }
     void Close() override
     {
         watcher_.Note("Close");

@@ -40,6 +40,20 @@ protected:
                            [](const QLineEdit* edit) { return edit->isVisible(); });
     }
 
+    static std::string EditedText()
+    {
+        for (const QLineEdit* edit : Grid().findChildren<QLineEdit*>())
+            if (edit->isVisible()) return edit->text().toStdString();
+        return {};
+    }
+
+    /// The line that tells why a mark is not stored, while it is on view.
+    static std::string Notice()
+    {
+        const auto& notice = Control<QLabel>("Form5", "notice");
+        return notice.isVisible() ? notice.text().toStdString() : "";
+    }
+
     static int CurrentRow() { return Grid().currentIndex().row(); }
 
     static std::string CurrentField()
@@ -314,15 +328,123 @@ TEST_F(Form5Test, AnOpenEditIsNotLostToRowsThatCome)
     EXPECT_EQ(Cell(3, "tubo"), "T4  ");
 }
 
-TEST_F(Form5Test, AMarkThatCannotBeWrittenGoesBack)
+TEST_F(Form5Test, AMarkThatCannotBeWrittenStaysInItsEditorAndIsTold)
 {
     RawDatabase raw(survey.DatabasePath);
     raw.Run("BEGIN IMMEDIATE");
     Type("8");
     Type(Qt::Key_Return);
     EXPECT_EQ(Cell(0, "b"), "");
+    EXPECT_EQ(EditedText(), "8");
+    EXPECT_EQ(Notice(), "The mark \"8\" is not stored: another program is writing to the "
+                        "database. Enter tries again, Escape drops the mark.");
     raw.Run("ROLLBACK");
     EXPECT_EQ(Mark(0), Value());
+    Type(Qt::Key_Return);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(Notice(), "");
+    EXPECT_EQ(Mark(0), "8");
+}
+
+TEST_F(Form5Test, EscapeDropsAMarkThatCannotBeWritten)
+{
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("BEGIN IMMEDIATE");
+    Type("8");
+    Type(Qt::Key_Return);
+    Type(Qt::Key_Escape);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(Notice(), "");
+    raw.Run("ROLLBACK");
+    Window("Form5").close();
+    EXPECT_EQ(Find("Form5"), nullptr);
+    EXPECT_EQ(Mark(0), Value());
+}
+
+TEST_F(Form5Test, StaysOpenAsLongAsAMarkCannotBeWritten)
+{
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("BEGIN IMMEDIATE");
+    Type("8");
+    Press("Form5", "ssCommand2");
+    EXPECT_EQ(EditedText(), "8");
+    EXPECT_NE(Notice(), "");
+    raw.Run("ROLLBACK");
+    Press("Form5", "ssCommand2");
+    EXPECT_EQ(Find("Form5"), nullptr);
+    EXPECT_EQ(Mark(0), "8");
+}
+
+TEST_F(Form5Test, AnotherMarkBeginsOnlyWhenTheRefusedOneIsStored)
+{
+    RawDatabase raw(survey.DatabasePath);
+    raw.Run("BEGIN IMMEDIATE");
+    Type("8");
+    DoubleClick(1, "b");
+    EXPECT_EQ(EditedText(), "8");
+    raw.Run("ROLLBACK");
+    DoubleClick(1, "b");
+    Type("9");
+    Type(Qt::Key_Return);
+    EXPECT_THAT((std::vector{Mark(0), Mark(1)}), ElementsAre("8", "9"));
+}
+
+TEST_F(Form5Test, AMarkForAFileThatIsGoneIsToldAndTheRowsGo)
+{
+    Type("8");
+    std::filesystem::rename(survey.DatabasePath, folder / "away.mdb");
+    Type(Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Notice(), "The mark \"8\" is not stored: the database has changed or cannot be "
+                        "written. Look at its rows and type the mark again.");
+    EXPECT_EQ(Grid().model()->rowCount(), 0);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_FALSE(std::filesystem::exists(survey.DatabasePath));
+    EXPECT_THAT(RawDatabase(folder / "away.mdb").Run("SELECT count(b) FROM tar_vex"),
+                ElementsAre("0"));
+}
+
+TEST_F(Form5Test, AMarkIsNotWrittenToATubeThatWasNotShown)
+{
+    Type("8");
+    std::filesystem::copy(survey.DatabasePath, folder / "new.mdb");
+    RawDatabase(folder / "new.mdb").Run("UPDATE tar_vex SET tubo = 'NEW '");
+    std::filesystem::rename(folder / "new.mdb", survey.DatabasePath);
+    Type(Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Mark(0), Value());
+    EXPECT_EQ(Cell(0, "tubo"), "NEW ");
+    EXPECT_NE(Notice(), "");
+}
+
+TEST_F(Form5Test, ReadHeadersShowsTheFileThatIsInPlace)
+{
+    forms.ShowPanel();
+    std::filesystem::remove(survey.DatabasePath);
+    Press("Form4", "ssCommand2");
+    EXPECT_EQ(Grid().model()->rowCount(), 30);
+    EXPECT_EQ(Cell(0, "cliente"), "CLIENT 1");
+}
+
+TEST_F(Form5Test, IsCurrentWhenTheGridGetsTheKeyboard)
+{
+    Control<QPushButton>("Form5", "ssCommand2").setFocus();
+    RawDatabase(survey.DatabasePath).Run("UPDATE tar_vex SET b = '6'");
+    Grid().setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Cell(0, "b"), "6");
+}
+
+TEST_F(Form5Test, OneFileIsThereWhileItIsShown)
+{
+    Type("8");
+    Type(Qt::Key_Return);
+    std::vector<std::string> files = NamesIn(folder.Path());
+    std::erase(files, "intestazione");
+    EXPECT_THAT(files, ElementsAre("tar_vex.mdb"));
+    std::filesystem::copy(survey.DatabasePath, folder / "copy.mdb");
+    EXPECT_THAT(RawDatabase(folder / "copy.mdb").Run("SELECT b FROM tar_vex LIMIT 1"),
+                ElementsAre("8"));
 }
 
 TEST_F(Form5Test, LastOfManyRowsIsShownAndEdited)

@@ -75,7 +75,7 @@ TEST_F(DurabilityTest, AWriterKilledAtAnyMomentLeavesWholeRowsAndAllItHadDone)
 {
     for (unsigned round = 0; round < 25; ++round) {
         std::filesystem::remove(survey.DatabasePath);
-        std::filesystem::remove(folder / "tar_vex.mdb-wal");
+        std::filesystem::remove(folder / "tar_vex.mdb-journal");
         const int done = KillWriter(1 + static_cast<int>(round % 4), round * 173 % 2000);
 
         const auto rows = Rows();
@@ -102,6 +102,80 @@ TEST_F(DurabilityTest, AProgramThatMadeTheTableAndWasKilledLeavesADatabase)
         AddRow({{"b", "5"}});
         EXPECT_EQ(Rows().back(), (SurveyRow{{"b", "5"}}));
     }
+}
+
+/// Write Headers over many rows, most of them with a Null mark.
+class KilledWalkTest : public SurveyTest
+{
+protected:
+    KilledWalkTest()
+    {
+        AddRow({});
+        RawDatabase(survey.DatabasePath)
+            .Run("INSERT INTO tar_vex (cliente, cantiere, tubo, [profondità], passo, guide, nord, "
+                 "b) WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < "
+                 "3000) SELECT 'ROSSI', 'DIGA', i, '0500', '1', '4', '+015', "
+                 "iif(i % 500 = 0, i / 500, NULL) FROM n");
+    }
+
+    /// A row of the walk has been handled; `block` is that of its mark, 0 without one.
+    struct Handled {
+        bool done;
+        int block;
+    };
+
+    std::vector<Handled> Walked()
+    {
+        std::vector<Handled> walked;
+        for (const QString& row : RawDatabase(survey.DatabasePath)
+                                      .Run("SELECT b IS '', rowid FROM tar_vex ORDER BY rowid")) {
+            const int number = row.section('|', 1).toInt();
+            walked.push_back({row.startsWith('1'), number % 500 == 0 ? number / 500 : 0});
+        }
+        return walked;
+    }
+};
+
+TEST_F(KilledWalkTest, LeavesTheRowsBeforeItsMomentHandledAndThoseAfterItUntouched)
+{
+    const std::string before = FileBytes(survey.DatabasePath);
+    for (useconds_t delay = 0; delay < 20'000; delay += 400) {
+        WriteFile(survey.DatabasePath, before);
+        std::filesystem::remove(folder / "tar_vex.mdb-journal");
+        const pid_t walker = ::fork();
+        if (walker == 0) {
+            Write();
+            ::_exit(0);
+        }
+        ::usleep(delay);
+        ::kill(walker, SIGKILL);
+        ASSERT_EQ(::waitpid(walker, nullptr, 0), walker);
+
+        backend->OpenTable(survey.DatabasePath)->Close(); // takes in what is left beside it
+        bool done = true;
+        for (const Handled& row : Walked()) {
+            EXPECT_TRUE(done || !row.done) << delay;
+            done = row.done;
+            if (done && row.block > 0) {
+                EXPECT_EQ(StoredHeader(row.block).cliente.Text(), "ROSSI   ") << delay;
+            }
+        }
+    }
+}
+
+TEST_F(KilledWalkTest, NeighboursShareACommitAndARowThatIsEmptyCostsNone)
+{
+    const auto commits = [&] {
+        const std::string bytes = FileBytes(survey.DatabasePath);
+        return static_cast<unsigned char>(bytes[26]) * 256 + static_cast<unsigned char>(bytes[27]);
+    };
+    const int before = commits();
+    Write();
+    EXPECT_EQ(commits() - before, 6 + 6); // the marks, and what lies before and between them
+    Write();
+    EXPECT_EQ(commits() - before, 6 + 6);
+    for (const Handled& row : Walked())
+        EXPECT_TRUE(row.done);
 }
 
 /// No file grows beyond that many bytes while it lives, as on a full disk.

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <sqlite3.h>
 
 #include <filesystem>
 
@@ -22,7 +23,7 @@ public:
     QStringList Run(const QString& statement);
 
 private:
-    QString name_;
+    sqlite3* handle_ = nullptr;
 };
 
 } // namespace tarvex::tests

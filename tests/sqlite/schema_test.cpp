@@ -126,8 +126,8 @@ TEST_F(SchemaTest, TheLookUpGoesByItsIndexOnly)
 {
     AddRow(TubeRow(DamHeader("00", "", "")));
     const auto conditions = ParseCriterion(TubeCriterion(DefaultHeader(0)));
-    const auto plan =
-        Raw().Run("EXPLAIN QUERY PLAN " + platform::SelectKeysSql(conditions).replace("?", "1"));
+    const QString lookUp = QString::fromStdString(platform::SelectKeysSql(conditions));
+    const auto plan = Raw().Run("EXPLAIN QUERY PLAN " + QString(lookUp).replace("?", "1"));
     ASSERT_EQ(plan.size(), 1) << plan.join("\n").toStdString();
     EXPECT_TRUE(plan.front().contains("SEARCH tar_vex USING INDEX tar_vex_tube"))
         << plan.front().toStdString();

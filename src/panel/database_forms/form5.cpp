@@ -43,7 +43,10 @@ QIcon ClosePicture(qreal scale)
 } // namespace
 
 Form5::Form5(Handlers& handlers, std::unique_ptr<QAbstractItemModel> rows, QWidget* parent)
-    : QWidget(parent, Qt::Dialog), rows_(std::move(rows)), DataGrid1(new SurveyGrid(this))
+    : QWidget(parent, Qt::Dialog),
+      rows_(std::move(rows)),
+      DataGrid1(new SurveyGrid(this)),
+      notice_(new QLabel(this))
 {
     setObjectName("Form5");
     setWindowTitle("DATABASE Tar Vex ");
@@ -62,6 +65,18 @@ void Form5::Build(Handlers& handlers)
 {
     DataGrid1->setObjectName("DataGrid1");
     DataGrid1->setAccessibleName("Survey rows");
+    DataGrid1->OnCommit([this](const QString& mark, const QString& reason) { Tell(mark, reason); });
+    // Queued, for an editor that closes gives the grid the keyboard in the middle of it.
+    DataGrid1->onFocus = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { rows_->revert(); }, Qt::QueuedConnection);
+    };
+
+    notice_->setObjectName("notice");
+    notice_->setTextFormat(Qt::PlainText);
+    notice_->setWordWrap(true);
+    notice_->setStyleSheet("font-weight: bold; color: #7a0000; background: #ffe3e0; padding: 6px");
+    notice_->hide();
 
     auto* instruction = new QLabel(kInstruction, this);
     instruction->setObjectName("Label1");
@@ -81,9 +96,16 @@ void Form5::Build(Handlers& handlers)
     foot->addWidget(close);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(DataGrid1, 1);
+    layout->addWidget(notice_);
     layout->addLayout(foot);
     resize(1000, 520);
     DataGrid1->setFocus();
+}
+
+void Form5::Tell(const QString& mark, const QString& reason)
+{
+    notice_->setText(QString("The mark \"%1\" is not stored: %2").arg(mark, reason));
+    notice_->setVisible(!reason.isEmpty());
 }
 
 void Form5::CommitEdit()
@@ -105,7 +127,7 @@ bool Form5::event(QEvent* event)
 
 void Form5::closeEvent(QCloseEvent* event)
 {
-    CommitEdit();
+    if (!DataGrid1->CommitEdit()) return event->ignore();
     QWidget::closeEvent(event);
 }
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tarvex::panel
 {
@@ -78,9 +79,39 @@ void SurveyGrid::SizeColumns()
     }
 }
 
-void SurveyGrid::CommitEdit()
+bool SurveyGrid::CommitEdit()
 {
     delegate_->Commit();
+    return !delegate_->IsRefused();
+}
+
+void SurveyGrid::OnCommit(std::function<void(const QString& mark, const QString& reason)> tell)
+{
+    delegate_->onCommit = std::move(tell);
+}
+
+/// Two editors at once would leave one of them behind.
+bool SurveyGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
+{
+    if ((editTriggers() & trigger) != 0 && delegate_->IsRefused() && !CommitEdit()) {
+        delegate_->FocusEditor();
+        return false;
+    }
+    return QTableView::edit(index, trigger, event);
+}
+
+void SurveyGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool dropped = hint == QAbstractItemDelegate::RevertModelCache;
+    if (delegate_->IsRefused() && !dropped) return;
+    if (dropped) delegate_->onCommit({}, {});
+    QTableView::closeEditor(editor, hint);
+}
+
+void SurveyGrid::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    onFocus();
 }
 
 void SurveyGrid::keyPressEvent(QKeyEvent* event)

@@ -1,29 +1,40 @@
 #include "platform/sqlite/row_walk.h"
 
-#include "core/failure.h"
-
-#include <QSqlError>
+#include "platform/sqlite/sqlite_connection.h"
+#include "platform/sqlite/survey_sql.h"
 
 #include <limits>
-#include <utility>
 
 namespace tarvex::platform
 {
 
-RowWalk::RowWalk(const SqliteConnection& connection, std::vector<Condition> conditions)
-    : conditions_(std::move(conditions)), select_(connection.Prepare(SelectKeysSql(conditions_)))
+namespace
 {
-    First();
+
+RowWalk::Mark MarkOf(sqlite3_int64 kind)
+{
+    if (kind == 0) return RowWalk::Mark::Null;
+    return kind == 1 ? RowWalk::Mark::Empty : RowWalk::Mark::Set;
+}
+
+} // namespace
+
+RowWalk::RowWalk(const SqliteConnection& connection, const std::vector<Condition>& conditions)
+    : connection_(connection), select_(connection, SelectKeysSql(conditions))
+{
+    for (const Condition& condition : conditions)
+        select_.Bind(++places_, Value(Folded(condition.text)));
 }
 
 void RowWalk::First()
 {
-    Fetch(std::numeric_limits<qlonglong>::min());
+    Fetch(std::numeric_limits<sqlite3_int64>::min());
 }
 
 void RowWalk::Next()
 {
-    const qlonglong number = Current().number;
+    const sqlite3_int64 number = Number();
+    given_.reset();
     if (++position_ == rows_.size()) Fetch(number);
 }
 
@@ -33,10 +44,39 @@ bool RowWalk::AtEnd() const
     return position_ == rows_.size();
 }
 
-RowWalk::Row& RowWalk::Current()
+const RowWalk::Row& RowWalk::Current() const
 {
     if (AtEnd()) throw RunTimeFailure("No current record");
     return rows_[position_];
+}
+
+Value RowWalk::MarkValue() const
+{
+    switch (KindOfMark()) {
+    case Mark::Null:
+        return {};
+    case Mark::Empty:
+        return "";
+    default:
+        return given_.value_or(lastMark_);
+    }
+}
+
+void RowWalk::BindMark(Statement& statement, int place) const
+{
+    if (KindOfMark() == Mark::Set && !given_) {
+        statement.Bind(place, lastStored_);
+    } else {
+        statement.Bind(place, MarkValue());
+    }
+}
+
+void RowWalk::SetMark(const Value& mark)
+{
+    Current();
+    const bool empty = mark == Value("");
+    rows_[position_].mark = mark.IsNull() ? Mark::Null : empty ? Mark::Empty : Mark::Set;
+    given_ = mark;
 }
 
 void RowWalk::RequireUsable() const
@@ -44,21 +84,27 @@ void RowWalk::RequireUsable() const
     if (broken_) throw RunTimeFailure("The rows can no longer be read");
 }
 
-void RowWalk::Fetch(qlonglong after)
+/// Up to the first row with a mark.
+void RowWalk::Fetch(sqlite3_int64 after)
 {
     rows_.clear();
+    given_.reset();
     position_ = 0;
     broken_ = true;
-    int bound = 0;
-    for (const Condition& condition : conditions_)
-        select_.bindValue(bound++, ToSql(Folded(condition.text)));
-    select_.bindValue(bound, after);
-    Run(select_);
-    while (select_.next())
-        rows_.push_back({select_.value(0).toLongLong(), FromSql(select_.value(1))});
-    broken_ = select_.lastError().isValid();
-    select_.finish();
-    RequireUsable();
+    connection_.RequireInPlace();
+    select_.Bind(places_ + 1, after);
+    while (select_.Step()) {
+        const Row row{select_.Number(0), MarkOf(select_.Number(1))};
+        if (row.number <= after) throw RunTimeFailure("The database is damaged");
+        after = row.number;
+        rows_.push_back(row);
+        if (row.mark != Mark::Set) continue;
+        lastMark_ = select_.At(2);
+        lastStored_ = select_.Stored(2);
+        break;
+    }
+    select_.Reset();
+    broken_ = false;
 }
 
 } // namespace tarvex::platform

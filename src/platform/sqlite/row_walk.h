@@ -1,31 +1,24 @@
 #pragma once
 
-#include "platform/sqlite/sqlite_connection.h"
-#include "platform/sqlite/survey_sql.h"
+#include "database/criterion.h"
+#include "platform/sqlite/statement.h"
 
-#include <QSqlQuery>
-
-#include <memory>
+#include <optional>
 #include <vector>
 
 namespace tarvex::platform
 {
 
 /// A position that moves over the rows that meet some conditions, in the order in which they were
-/// added. It reads a few hundred rows at a time and holds no lock in between, so that a box may
-/// stand open and other programs may write meanwhile.
+/// added. The mark of a row is the one that it has when it becomes the current row: only rows
+/// without a mark, at which nothing stops, are read ahead. No lock is held in between.
 class RowWalk
 {
 public:
-    /// What is known of a row without another look at it. Nearly every row of a walk is passed over
-    /// for its mark alone.
-    struct Row {
-        qlonglong number = 0;
-        Value mark;
-    };
+    enum class Mark { Null, Empty, Set };
 
-    /// Stands on the first row, or at the end.
-    RowWalk(const SqliteConnection& connection, std::vector<Condition> conditions);
+    /// Stands nowhere until First.
+    RowWalk(const SqliteConnection& connection, const std::vector<Condition>& conditions);
 
     /// To the first row, if there is one.
     void First();
@@ -36,17 +29,39 @@ public:
 
     bool AtEnd() const;
 
-    /// The row under the position. Fails past the last one.
-    Row& Current();
+    /// The number of the current row. It and all below fail past the last row.
+    sqlite3_int64 Number() const { return Current().number; }
+
+    /// Whether the current row has a mark.
+    Mark KindOfMark() const { return Current().mark; }
+
+    /// The mark of the current row.
+    Value MarkValue() const;
+
+    /// Binds the mark of the current row to a statement, as it is in the file.
+    void BindMark(Statement& statement, int place) const;
+
+    /// The current row has been given another mark.
+    void SetMark(const Value& mark);
 
 private:
-    void Fetch(qlonglong after);
+    struct Row {
+        sqlite3_int64 number = 0;
+        Mark mark = Mark::Null;
+    };
+
+    void Fetch(sqlite3_int64 after);
+    const Row& Current() const;
     void RequireUsable() const;
 
-    std::vector<Condition> conditions_;
-    QSqlQuery select_;
+    const SqliteConnection& connection_;
+    Statement select_;
+    int places_ = 0; // to bind
     std::vector<Row> rows_;
     std::size_t position_ = 0;
+    Value lastMark_; // of the last of rows_, if it is set
+    StoredValue lastStored_;
+    std::optional<Value> given_; // by SetMark
     bool broken_ = false;
 };
 

@@ -1,37 +1,100 @@
 #pragma once
 
-#include <QSqlQuery>
-#include <QString>
+#include "core/failure.h"
 
+#include <sqlite3.h>
+
+#include <chrono>
 #include <filesystem>
+#include <memory>
+#include <string>
 
 namespace tarvex::platform
 {
 
-/// One connection to an SQLite file. Every operation raises RunTimeFailure when it cannot be done;
-/// none waits for a lock, since the window has to stay alive. All queries made here are gone before
-/// the connection is.
+/// Another program has held the file for longer than an operation waits.
+class DatabaseLocked : public RunTimeFailure
+{
+public:
+    using RunTimeFailure::RunTimeFailure;
+};
+
+/// One connection to an SQLite file. A lock of another program is waited for up to a second, and no
+/// step of a statement takes longer than ten; both end in a failure. Between transactions there is
+/// one file, whole and current. All statements are gone before the connection is.
 class SqliteConnection
 {
 public:
-    /// Opens `file`, made when missing. Fails, without touching it, when it is anything else than
-    /// an SQLite database or an empty file.
-    explicit SqliteConnection(const std::filesystem::path& file);
-    ~SqliteConnection();
+    enum class When { Missing, Exists };
+
+    /// Opens `file` for reading and writing. A missing one is made for When::Missing. Fails,
+    /// without touching it, when it is anything else than an SQLite database or an empty file, and
+    /// when it may not be written. What a killed program has left beside the file is taken in if it
+    /// belongs to it, and removed if not.
+    explicit SqliteConnection(const std::filesystem::path& file, When make = When::Missing);
     SqliteConnection(const SqliteConnection&) = delete;
     SqliteConnection& operator=(const SqliteConnection&) = delete;
+    ~SqliteConnection() = default;
 
-    /// A statement to be run any number of times.
-    QSqlQuery Prepare(const QString& statement) const;
+    sqlite3* Handle() const { return handle_.get(); }
+
+    /// The file as SQLite itself has it open: a second opening by other means would, when closed,
+    /// take away the locks that this program has on it.
+    sqlite3_file* File() const;
 
     /// Runs a statement once; what it gives is dropped.
-    void Execute(const QString& statement) const;
+    void Execute(const std::string& sql) const;
+
+    /// True between BEGIN and its end.
+    bool InTransaction() const;
+
+    /// True when the name no longer leads to the file that was opened.
+    bool HasMoved() const;
+
+    /// Fails when HasMoved.
+    void RequireInPlace() const;
+
+    /// Raises the failure of `result`.
+    [[noreturn]] void Fail(int result) const;
+
+    /// A step begins: the time allowed for it starts anew.
+    void StartPatience() const { stepChecks_ = 0; }
 
 private:
-    QString name_;
+    static int OnBusy(void* self, int calls);
+    static int OnProgress(void* self);
+    void Protect() const;
+    void RequireSqlite() const;
+    void KeepJournal();
+
+    struct Close {
+        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+    };
+    using Clock = std::chrono::steady_clock;
+
+    std::unique_ptr<sqlite3, Close> handle_;
+    bool waits_ = true;
+    Clock::time_point busySince_;
+    mutable int stepChecks_ = 0;
+    Clock::time_point stepSince_;
 };
 
-/// Runs a prepared statement with what has been bound to it.
-void Run(QSqlQuery& query);
+/// A transaction that is the only one to write, from its beginning on. Without Commit nothing of it
+/// remains.
+class Transaction
+{
+public:
+    /// Begins one, or takes over the one that is open.
+    explicit Transaction(const SqliteConnection& connection);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// All of it is on the disk when this returns.
+    void Commit();
+
+private:
+    const SqliteConnection& connection_;
+};
 
 } // namespace tarvex::platform

@@ -1,7 +1,12 @@
 #include "platform/sqlite/sqlite_engine.h"
 
 #include "core/failure.h"
+#include "platform/sqlite/ordinary_table.h"
 #include "platform/sqlite/sqlite_record_set.h"
+#include "platform/sqlite/survey_sql.h"
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace tarvex::platform
 {
@@ -11,36 +16,38 @@ namespace
 
 /// In one transaction, so that a file in which a step fails stays as it is. Asking for the right to
 /// write first leaves out a file that is locked or may not be written.
-void MakeTable(const std::shared_ptr<SqliteConnection>& connection)
+void MakeTable(const SqliteConnection& connection)
 {
-    connection->Execute("BEGIN IMMEDIATE");
-    connection->Execute(CreateTableSql());
-    SqliteRecordSet(connection, {}).Close(); // fails when the table lacks a field
-    connection->Execute(CreateIndexSql());
-    connection->Execute("COMMIT");
+    Transaction transaction(connection);
+    connection.Execute(CreateTableSql());
+    RequireOrdinaryTable(connection);
+    RowReader reader(connection); // fails when the table lacks a field
+    connection.Execute(CreateIndexSql());
+    transaction.Commit();
 }
 
-/// A commit is on the disk when it returns. With a write-ahead log it costs one wait for the disk
-/// instead of six, and readers do not stand in its way. Where a file system has no such log, the
-/// file keeps its journal.
-void KeepLog(const SqliteConnection& connection)
+/// SQLite finds out only when it writes, and that would be after the header of a row has gone.
+void RequireWritableFolder(const SqliteConnection& connection)
 {
-    try {
-        connection.Execute("PRAGMA journal_mode = WAL");
-    } catch (const RunTimeFailure&) {
-        // Somebody is reading at this very moment: the journal it is.
+    const std::filesystem::path file = sqlite3_db_filename(connection.Handle(), "main");
+    if (::faccessat(AT_FDCWD, file.parent_path().c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
+        throw RunTimeFailure("Path/File access error");
     }
+}
+
+std::shared_ptr<SqliteConnection> Connect(const std::filesystem::path& file)
+{
+    auto connection = std::make_shared<SqliteConnection>(file);
+    RequireWritableFolder(*connection);
+    MakeTable(*connection);
+    return connection;
 }
 
 } // namespace
 
 std::unique_ptr<RecordSet> SqliteEngine::OpenTable(const std::filesystem::path& file)
 {
-    const auto connection = std::make_shared<SqliteConnection>(file);
-    connection->Execute("PRAGMA synchronous = EXTRA");
-    MakeTable(connection);
-    KeepLog(*connection);
-    return std::make_unique<SqliteRecordSet>(connection, std::vector<Condition>{});
+    return std::make_unique<SqliteRecordSet>(file, Connect);
 }
 
 } // namespace tarvex::platform

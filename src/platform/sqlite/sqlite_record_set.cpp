@@ -1,8 +1,7 @@
 #include "platform/sqlite/sqlite_record_set.h"
 
 #include "core/failure.h"
-
-#include <QSqlError>
+#include "platform/sqlite/survey_sql.h"
 
 #include <utility>
 
@@ -11,6 +10,8 @@ namespace tarvex::platform
 
 namespace
 {
+
+using Mark = RowWalk::Mark;
 
 const std::size_t kMark = FieldIndex(kMarkField);
 
@@ -25,23 +26,61 @@ std::vector<std::size_t> Indexes(const FieldSet& fields)
 } // namespace
 
 SqliteRecordSet::Opened::Opened(std::shared_ptr<SqliteConnection> c,
-                                std::vector<Condition> conditions)
+                                const std::vector<Condition>& conditions)
     : connection(std::move(c)),
-      walk(*connection, std::move(conditions)),
-      selectRow(connection->Prepare(SelectRowSql()))
+      reader(*connection),
+      walk(*connection, conditions),
+      clearing(*connection)
 {
 }
 
-SqliteRecordSet::SqliteRecordSet(std::shared_ptr<SqliteConnection> connection,
-                                 std::vector<Condition> conditions)
-    : opened_(std::in_place, std::move(connection), std::move(conditions))
+SqliteRecordSet::SqliteRecordSet(std::filesystem::path file, Connect connect)
+    : file_(std::move(file)), connect_(connect)
 {
+    Open(connect_(file_), {});
+}
+
+SqliteRecordSet::SqliteRecordSet(const SqliteRecordSet& table,
+                                 const std::vector<Condition>& conditions)
+    : file_(table.file_), connect_(table.connect_)
+{
+    Open(table.opened_->connection, conditions);
+}
+
+void SqliteRecordSet::Open(std::shared_ptr<SqliteConnection> connection,
+                           const std::vector<Condition>& conditions)
+{
+    opened_.emplace(std::move(connection), conditions);
+    opened_->walk.First();
 }
 
 SqliteRecordSet::Opened& SqliteRecordSet::RequireOpen()
 {
     if (!opened_) throw RunTimeFailure("Object invalid or no longer set");
     return *opened_;
+}
+
+/// A look-up goes to the file that is in place now.
+void SqliteRecordSet::GoToFileInPlace()
+{
+    if (!RequireOpen().connection->HasMoved()) return;
+    Leave();
+    Open(connect_(file_), {});
+}
+
+void SqliteRecordSet::KeepOthersFromWriting()
+{
+    GoToFileInPlace();
+    row_.reset();
+    const SqliteConnection& connection = *opened_->connection;
+    if (!connection.InTransaction()) connection.Execute("BEGIN IMMEDIATE");
+}
+
+void SqliteRecordSet::LetOthersWrite()
+{
+    const SqliteConnection& connection = *RequireOpen().connection;
+    row_.reset();
+    if (connection.InTransaction()) Transaction(connection).Commit();
 }
 
 void SqliteRecordSet::SetFilter(std::string_view criterion)
@@ -52,7 +91,8 @@ void SqliteRecordSet::SetFilter(std::string_view criterion)
 
 std::unique_ptr<RecordSet> SqliteRecordSet::OpenRecordset()
 {
-    return std::make_unique<SqliteRecordSet>(RequireOpen().connection, ParseCriterion(filter_));
+    GoToFileInPlace();
+    return std::make_unique<SqliteRecordSet>(*this, ParseCriterion(filter_));
 }
 
 void SqliteRecordSet::Leave()
@@ -65,6 +105,7 @@ void SqliteRecordSet::MoveFirst()
 {
     Opened& opened = RequireOpen();
     Leave();
+    opened.clearing.Finish();
     opened.walk.First();
     if (opened.walk.AtEnd()) throw RunTimeFailure("No current record");
 }
@@ -79,6 +120,8 @@ void SqliteRecordSet::MoveNext()
     Opened& opened = RequireOpen();
     Leave();
     opened.walk.Next();
+    // What a row with a mark sets off comes after all that was before it.
+    if (opened.walk.AtEnd() || opened.walk.KindOfMark() == Mark::Set) opened.clearing.Finish();
 }
 
 void SqliteRecordSet::AddNew()
@@ -89,7 +132,7 @@ void SqliteRecordSet::AddNew()
 
 void SqliteRecordSet::Edit()
 {
-    RequireOpen().walk.Current();
+    RequireOpen().walk.Number(); // fails without a row
     buffer_.emplace();
 }
 
@@ -112,78 +155,97 @@ void SqliteRecordSet::SetField(std::string_view name, const Value& value)
 
 void SqliteRecordSet::Update()
 {
-    RequireOpen();
+    Opened& opened = RequireOpen();
     if (!buffer_) throw RunTimeFailure("Update or CancelUpdate without AddNew or Edit");
     if (buffer_->newRow) {
         Insert();
-    } else {
-        WriteChanges();
+    } else if (const FieldSet changed = Changes(); ClearsNullMark(changed)) {
+        opened.walk.SetMark("");
+        opened.clearing.Add(opened.walk.Number());
+    } else if (changed.any()) {
+        Write(changed);
     }
     buffer_.reset();
 }
 
 void SqliteRecordSet::Close()
 {
-    RequireOpen();
+    Opened& opened = RequireOpen();
     Leave();
+    opened.clearing.Finish();
     opened_.reset();
 }
 
-const Value& SqliteRecordSet::CurrentValue(std::size_t field)
+Value SqliteRecordSet::CurrentValue(std::size_t field)
 {
-    RowWalk::Row& current = opened_->walk.Current();
-    if (field == kMark && !row_) return current.mark;
-    if (!row_) ReadCurrentRow();
+    if (field == kMark) return opened_->walk.MarkValue();
+    const sqlite3_int64 number = opened_->walk.Number();
+    if (!row_) {
+        opened_->connection->RequireInPlace();
+        row_ = opened_->reader.Read(number);
+    }
+    if (!row_) throw RunTimeFailure("Record is deleted");
     return (*row_)[field];
 }
 
-void SqliteRecordSet::ReadCurrentRow()
-{
-    QSqlQuery& select = opened_->selectRow;
-    select.bindValue(0, opened_->walk.Current().number);
-    Run(select);
-    if (!select.next()) throw RunTimeFailure("Record is deleted");
-    SurveyValues row;
-    for (std::size_t field = 0; field < row.size(); ++field)
-        row[field] = FromSql(select.value(static_cast<int>(field)));
-    select.finish();
-    row_ = std::move(row);
-}
-
-void SqliteRecordSet::Insert()
-{
-    QSqlQuery insert = opened_->connection->Prepare(InsertSql());
-    for (std::size_t field = 0; field < buffer_->values.size(); ++field)
-        insert.bindValue(static_cast<int>(field), ToSql(buffer_->values[field]));
-    Run(insert);
-}
-
-void SqliteRecordSet::WriteChanges()
+FieldSet SqliteRecordSet::Changes()
 {
     FieldSet changed;
     for (const std::size_t field : Indexes(buffer_->set))
         changed[field] = !(CurrentValue(field) == buffer_->values[field]);
-    if (changed.none()) return;
+    return changed;
+}
 
-    RowWalk::Row& current = opened_->walk.Current();
-    QSqlQuery& update = UpdateOf(changed);
-    int bound = 0;
+bool SqliteRecordSet::ClearsNullMark(const FieldSet& changed) const
+{
+    return changed.count() == 1 && changed[kMark] && buffer_->values[kMark] == Value("") &&
+           opened_->walk.KindOfMark() == Mark::Null && !opened_->connection->InTransaction();
+}
+
+void SqliteRecordSet::Insert()
+{
+    SqliteConnection& connection = *opened_->connection;
+    opened_->clearing.Finish();
+    connection.RequireInPlace();
+    Transaction transaction(connection);
+    Statement insert(connection, InsertSql());
+    for (std::size_t field = 0; field < buffer_->values.size(); ++field)
+        insert.Bind(static_cast<int>(field) + 1, buffer_->values[field]);
+    insert.Run();
+    transaction.Commit();
+}
+
+/// A mark that was written meanwhile has not been handled, and stays.
+void SqliteRecordSet::Write(const FieldSet& changed)
+{
+    Opened& opened = *opened_;
+    opened.clearing.Finish();
+    opened.connection->RequireInPlace();
+    Transaction transaction(*opened.connection);
+    Statement& update = UpdateOf(changed);
+    int place = 0;
     for (const std::size_t field : Indexes(changed))
-        update.bindValue(bound++, ToSql(buffer_->values[field]));
-    update.bindValue(bound, current.number);
-    Run(update);
-    if (update.numRowsAffected() == 0) throw RunTimeFailure("Record is deleted");
+        update.Bind(++place, buffer_->values[field]);
+    update.Bind(++place, opened.walk.Number());
+    if (changed[kMark]) opened.walk.BindMark(update, ++place);
+    update.Run();
+    if (sqlite3_changes(opened.connection->Handle()) == 0) {
+        throw RunTimeFailure("Another program has changed or deleted the record");
+    }
+    transaction.Commit();
 
-    if (changed[kMark]) current.mark = buffer_->values[kMark];
+    if (changed[kMark]) opened.walk.SetMark(buffer_->values[kMark]);
     row_.reset();
 }
 
-QSqlQuery& SqliteRecordSet::UpdateOf(const FieldSet& changed)
+Statement& SqliteRecordSet::UpdateOf(const FieldSet& changed)
 {
     const auto known = opened_->updates.find(changed.to_ullong());
     if (known != opened_->updates.end()) return known->second;
-    QSqlQuery update = opened_->connection->Prepare(UpdateSql(Indexes(changed)));
-    return opened_->updates.emplace(changed.to_ullong(), std::move(update)).first->second;
+    std::string sql = UpdateSql(Indexes(changed));
+    if (changed[kMark]) sql += WhileMarkIs();
+    return opened_->updates.emplace(changed.to_ullong(), Statement(*opened_->connection, sql))
+        .first->second;
 }
 
 } // namespace tarvex::platform

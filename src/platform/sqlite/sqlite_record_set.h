@@ -1,10 +1,13 @@
 #pragma once
 
 #include "database/record_set.h"
+#include "platform/sqlite/mark_clearing.h"
+#include "platform/sqlite/row_reader.h"
 #include "platform/sqlite/row_walk.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 #include <bitset>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
@@ -29,10 +32,15 @@ struct EditBuffer {
 class SqliteRecordSet : public RecordSet
 {
 public:
-    /// Over the rows that meet `conditions`. Fails when one names an unknown field, and when the
-    /// table lacks a field.
-    SqliteRecordSet(std::shared_ptr<SqliteConnection> connection,
-                    std::vector<Condition> conditions);
+    /// Opens the database for a new handle.
+    using Connect = std::shared_ptr<SqliteConnection> (*)(const std::filesystem::path& file);
+
+    /// Over all rows of `file`.
+    SqliteRecordSet(std::filesystem::path file, Connect connect);
+
+    /// Over the rows of the same table that meet `conditions`. Fails when one names an unknown
+    /// field.
+    SqliteRecordSet(const SqliteRecordSet& table, const std::vector<Condition>& conditions);
 
     void SetFilter(std::string_view criterion) override;
     std::unique_ptr<RecordSet> OpenRecordset() override;
@@ -44,27 +52,37 @@ public:
     void Update() override;
     Value Fields(std::string_view name) override;
     void SetField(std::string_view name, const Value& value) override;
+    void KeepOthersFromWriting() override;
+    void LetOthersWrite() override;
     void Close() override;
 
 private:
     /// What is open between OpenRecordset and Close.
     struct Opened {
-        Opened(std::shared_ptr<SqliteConnection> c, std::vector<Condition> conditions);
+        Opened(std::shared_ptr<SqliteConnection> c, const std::vector<Condition>& conditions);
 
         std::shared_ptr<SqliteConnection> connection;
+        RowReader reader;
         RowWalk walk;
-        QSqlQuery selectRow;
-        std::map<unsigned long long, QSqlQuery> updates; // by the set of fields
+        MarkClearing clearing;
+        std::map<unsigned long long, Statement> updates; // by the set of fields
     };
 
     Opened& RequireOpen();
+    void Open(std::shared_ptr<SqliteConnection> connection,
+              const std::vector<Condition>& conditions);
+    void GoToFileInPlace();
     void Leave();
-    const Value& CurrentValue(std::size_t field);
-    void ReadCurrentRow();
+    void ArriveAtRow();
+    Value CurrentValue(std::size_t field);
+    bool ClearsNullMark(const FieldSet& changed) const;
+    FieldSet Changes();
     void Insert();
-    void WriteChanges();
-    QSqlQuery& UpdateOf(const FieldSet& changed);
+    void Write(const FieldSet& changed);
+    Statement& UpdateOf(const FieldSet& changed);
 
+    std::filesystem::path file_;
+    Connect connect_;
     std::optional<Opened> opened_;
     std::string filter_;
     std::optional<SurveyValues> row_; // the current row, once more than its mark was asked for

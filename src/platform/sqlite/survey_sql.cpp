@@ -1,11 +1,5 @@
 #include "platform/sqlite/survey_sql.h"
 
-#include "core/code_page.h"
-
-#include <QStringList>
-
-#include <cmath>
-
 namespace tarvex::platform
 {
 
@@ -13,129 +7,119 @@ namespace
 {
 
 /// Rows that one statement of a walk gives at most.
-constexpr int kKeysAtOnce = 256;
-constexpr double kLargestWholeNumber = 9007199254740992.0; // beyond it a double has gaps
-
-QString FromUtf8(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
+constexpr int kKeysAtOnce = 4096;
 
 /// In brackets: a name that is missing from the table is then an error and never a text.
-QString Bracketed(std::string_view field)
+std::string Bracketed(std::string_view field)
 {
-    return "[" + FromUtf8(field) + "]";
+    return "[" + std::string(field) + "]";
 }
 
-QString Table()
+std::string Table()
 {
-    return FromUtf8(kSurveyTable);
+    return std::string(kSurveyTable);
 }
 
-QString AllFields()
+std::string AllFields()
 {
-    QStringList fields;
+    std::string fields;
     for (const auto field : kSurveyFields)
-        fields += Bracketed(field);
-    return fields.join(", ");
+        fields += (fields.empty() ? "" : ", ") + Bracketed(field);
+    return fields;
 }
 
 /// The field with the letters a to z, and no others, as capitals. Plain replacements keep a text at
 /// its full length, whatever bytes it holds, and need nothing that SQLite has not got built in.
-QString FoldedSql(std::string_view field)
+std::string FoldedSql(std::string_view field)
 {
-    QString folded = Bracketed(field);
+    std::string folded = Bracketed(field);
     for (char letter = 'a'; letter <= 'z'; ++letter) {
-        const QChar small = QLatin1Char(letter);
-        folded = "replace(" + folded + ",'" + small + "','" + small.toUpper() + "')";
+        const auto capital = static_cast<char>(letter - 'a' + 'A');
+        folded = "replace(" + folded + ",'" + letter + "','" + capital + "')";
     }
     return folded;
 }
 
+std::string IndexOnTable()
+{
+    return std::string(kTubeIndex) + " ON " + Table() + " (" + FoldedSql("cliente") + ", " +
+           FoldedSql("cantiere") + ", " + FoldedSql("tubo") + ")";
+}
+
 } // namespace
 
-QString CreateTableSql()
+std::string CreateTableSql()
 {
-    QStringList columns;
+    std::string columns;
     for (const auto field : kSurveyFields) {
-        columns += Bracketed(field) + (field == kReadoutField ? "" : " TEXT");
+        columns += (columns.empty() ? "" : ", ") + Bracketed(field);
+        if (field != kReadoutField) columns += " TEXT";
     }
-    return "CREATE TABLE IF NOT EXISTS " + Table() + " (" + columns.join(", ") + ")";
+    return "CREATE TABLE IF NOT EXISTS " + Table() + " (" + columns + ")";
 }
 
-QString CreateIndexSql()
+std::string CreateIndexSql()
 {
-    return "CREATE INDEX IF NOT EXISTS tar_vex_tube ON " + Table() + " (" + FoldedSql("cliente") +
-           ", " + FoldedSql("cantiere") + ", " + FoldedSql("tubo") + ")";
+    return "CREATE INDEX IF NOT EXISTS " + IndexOnTable();
 }
 
-QString SelectRowSql()
+std::string TubeIndexSql()
+{
+    return "CREATE INDEX " + IndexOnTable();
+}
+
+std::string SelectRowSql()
 {
     return "SELECT " + AllFields() + " FROM " + Table() + " WHERE rowid = ?";
 }
 
-QString SelectNumbersSql()
+std::string SelectNumbersSql()
 {
     return "SELECT rowid FROM " + Table() + " ORDER BY rowid";
 }
 
-QString SelectRangeSql()
+std::string SelectRangeSql()
 {
     return "SELECT rowid, " + AllFields() + " FROM " + Table() +
            " WHERE rowid BETWEEN ? AND ? ORDER BY rowid";
 }
 
-QString SelectKeysSql(const std::vector<Condition>& conditions)
+std::string SelectKeysSql(const std::vector<Condition>& conditions)
 {
-    QString where;
-    for (const Condition& condition : conditions) {
+    std::string where;
+    for (const Condition& condition : conditions)
         where += FoldedSql(kSurveyFields.at(FieldIndex(condition.field))) + " = ? AND ";
-    }
-    return QStringLiteral("SELECT rowid, %1 FROM %2 WHERE %3 rowid > ? ORDER BY rowid LIMIT %4")
-        .arg(Bracketed(kMarkField), Table(), where)
-        .arg(kKeysAtOnce);
+    const std::string mark = Bracketed(kMarkField);
+    return "SELECT rowid, CASE WHEN " + mark + " IS NULL THEN 0 WHEN " + mark +
+           " = '' THEN 1 ELSE 2 END, " + mark + " FROM " + Table() + " WHERE " + where +
+           "rowid > ? ORDER BY rowid LIMIT " + std::to_string(kKeysAtOnce);
 }
 
-QString InsertSql()
+std::string InsertSql()
 {
-    const QStringList values(static_cast<qsizetype>(kSurveyFields.size()), QStringLiteral("?"));
-    return "INSERT INTO " + Table() + " (" + AllFields() + ") VALUES (" + values.join(", ") + ")";
+    std::string values;
+    for (std::size_t field = 0; field < kSurveyFields.size(); ++field)
+        values += field == 0 ? "?" : ", ?";
+    return "INSERT INTO " + Table() + " (" + AllFields() + ") VALUES (" + values + ")";
 }
 
-QString UpdateSql(std::span<const std::size_t> fields)
+std::string UpdateSql(std::span<const std::size_t> fields)
 {
-    QStringList assignments;
+    std::string assignments;
     for (const std::size_t field : fields)
-        assignments += Bracketed(kSurveyFields.at(field)) + " = ?";
-    return "UPDATE " + Table() + " SET " + assignments.join(", ") + " WHERE rowid = ?";
+        assignments +=
+            (assignments.empty() ? "" : ", ") + Bracketed(kSurveyFields.at(field)) + " = ?";
+    return "UPDATE " + Table() + " SET " + assignments + " WHERE rowid = ?";
 }
 
-QVariant ToSql(const Value& value)
+std::string_view WhileMarkIs()
 {
-    if (const std::string* text = value.Text()) {
-        const std::u8string utf8 = code_page::ToUtf8(*text);
-        return QString::fromUtf8(reinterpret_cast<const char*>(utf8.data()),
-                                 static_cast<qsizetype>(utf8.size()));
-    }
-    const double* number = value.Number();
-    if (number == nullptr) return {};
-    const bool whole = std::trunc(*number) == *number && std::abs(*number) <= kLargestWholeNumber;
-    return whole ? QVariant(static_cast<qlonglong>(*number)) : QVariant(*number);
+    return " AND [b] IS ?";
 }
 
-Value FromSql(const QVariant& value)
+std::string ClearNullMarkSql()
 {
-    if (value.isNull()) return {};
-    switch (value.typeId()) {
-    case QMetaType::LongLong:
-    case QMetaType::Double:
-        return value.toDouble();
-    default: {
-        const QByteArray utf8 = value.toString().toUtf8();
-        return code_page::FromUtf8({reinterpret_cast<const char8_t*>(utf8.constData()),
-                                    static_cast<std::size_t>(utf8.size())});
-    }
-    }
+    return "UPDATE " + Table() + " SET [b] = '' WHERE rowid = ? AND [b] IS NULL";
 }
 
 } // namespace tarvex::platform

@@ -2,54 +2,53 @@
 
 #include "database/criterion.h"
 #include "database/survey_fields.h"
-#include "database/value.h"
 
-#include <QSqlQuery>
-#include <QString>
-#include <QVariant>
-
-#include <array>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
-/// The statements on the survey table, and the way of its values into SQLite and back.
+/// The statements on the survey table.
 namespace tarvex::platform
 {
 
-/// One row, in the order of kSurveyFields.
-using SurveyValues = std::array<Value, kSurveyFields.size()>;
+/// The look-up's index: client, site and tube with a to z as capitals, at their full widths.
+/// SQLite's own comparison without case would end at a NUL.
+inline constexpr std::string_view kTubeIndex = "tar_vex_tube";
 
 /// Makes the table when it is missing.
-QString CreateTableSql();
+std::string CreateTableSql();
 
-/// Makes the look-up's index when it is missing: client, site and tube with a to z as capitals, at
-/// their full widths. SQLite's own comparison without case would end at a NUL.
-QString CreateIndexSql();
+/// Makes kTubeIndex when it is missing.
+std::string CreateIndexSql();
+
+/// The text under which the file keeps kTubeIndex.
+std::string TubeIndexSql();
 
 /// All fields of the row with a given number: one value to bind.
-QString SelectRowSql();
+std::string SelectRowSql();
 
 /// The numbers of all rows, in order.
-QString SelectNumbersSql();
+std::string SelectNumbersSql();
 
 /// Number and fields of the rows from one number to another, in order: the two to bind.
-QString SelectRangeSql();
+std::string SelectRangeSql();
 
-/// Number and mark of the rows that meet `conditions` and come after a given number, in order: the
-/// conditions' texts and that number to bind.
-QString SelectKeysSql(const std::vector<Condition>& conditions);
+/// Number, kind of mark (0 Null, 1 empty, 2 any other) and mark of the rows that meet `conditions`
+/// and come after a given number, in order: the conditions' texts and that number to bind.
+std::string SelectKeysSql(const std::vector<Condition>& conditions);
 
 /// A new row: all its fields to bind.
-QString InsertSql();
+std::string InsertSql();
 
 /// Sets `fields`, given as indexes of kSurveyFields, of one row: their values and the row's number
 /// to bind.
-QString UpdateSql(std::span<const std::size_t> fields);
+std::string UpdateSql(std::span<const std::size_t> fields);
 
-/// Text goes as Unicode, a whole number as an integer.
-QVariant ToSql(const Value& value);
+/// Further condition of an UpdateSql: the mark is still a given one, which is bound last.
+std::string_view WhileMarkIs();
 
-/// What the code page does not hold becomes "?".
-Value FromSql(const QVariant& value);
+/// Makes the mark of one row an empty text, if it is Null: the row's number to bind.
+std::string ClearNullMarkSql();
 
 } // namespace tarvex::platform

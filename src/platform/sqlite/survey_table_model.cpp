@@ -1,9 +1,11 @@
 #include "platform/sqlite/survey_table_model.h"
 
-#include "core/failure.h"
+#include "core/code_page.h"
+#include "platform/sqlite/ordinary_table.h"
+#include "platform/sqlite/statement.h"
+#include "platform/sqlite/survey_sql.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 namespace tarvex::platform
@@ -14,17 +16,33 @@ namespace
 
 constexpr int kRowsOfAPage = 128;
 constexpr int kPagesKept = 32;
-constexpr qlonglong kNoVersion = -1;
+constexpr std::size_t kLongestShown = 100; // bytes; no field is as long
 
 constexpr int kColumns = static_cast<int>(kSurveyFields.size());
 const int kMarkColumn = static_cast<int>(FieldIndex(kMarkField));
+constexpr int kTubeColumns = 3; // client, site and tube come first
+
+QString Shown(std::string_view utf8)
+{
+    const bool whole = utf8.size() <= kLongestShown;
+    const auto size = static_cast<qsizetype>(whole ? utf8.size() : kLongestShown);
+    return QString::fromUtf8(utf8.data(), size) + (whole ? "" : "...");
+}
+
+/// What the code page does not hold becomes "?".
+Value StoredMark(const QString& mark)
+{
+    const QByteArray utf8 = mark.toUtf8();
+    return code_page::FromUtf8({reinterpret_cast<const char8_t*>(utf8.constData()),
+                                static_cast<std::size_t>(utf8.size())});
+}
 
 } // namespace
 
 SurveyTableModel::SurveyTableModel(DatabasePath path, QObject* parent)
     : QAbstractTableModel(parent), path_(std::move(path)), pages_(kPagesKept)
 {
-    Open();
+    revert();
 }
 
 int SurveyTableModel::rowCount(const QModelIndex& parent) const
@@ -39,7 +57,9 @@ int SurveyTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant SurveyTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::EditRole)) return {};
+    if (!index.isValid()) return {};
+    if (role == Qt::StatusTipRole) return refusal_;
+    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
     const auto place = static_cast<std::size_t>(index.row() % kRowsOfAPage);
     const Page& page = PageOf(index.row());
     return place < page.size() ? page[place].value(index.column()) : QString();
@@ -63,9 +83,21 @@ Qt::ItemFlags SurveyTableModel::flags(const QModelIndex& index) const
 bool SurveyTableModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (!(flags(index) & Qt::ItemIsEditable) || role != Qt::EditRole) return false;
+    refusal_.clear();
     const QString mark = value.toString();
     if (mark == data(index).toString()) return true; // an untouched Null stays one
-    if (!WriteMark(index.row(), mark)) return false;
+    try {
+        WriteMark(index.row(), mark);
+    } catch (const DatabaseLocked&) {
+        refusal_ = QStringLiteral("another program is writing to the database. Enter tries again, "
+                                  "Escape drops the mark.");
+    } catch (const RunTimeFailure&) {
+        refusal_ = QStringLiteral("the database has changed or cannot be written. Look at its rows "
+                                  "and type the mark again.");
+        QMetaObject::invokeMethod(
+            this, [this] { revert(); }, Qt::QueuedConnection);
+    }
+    if (!refusal_.isEmpty()) return false;
     pages_.remove(index.row() / kRowsOfAPage);
     emit dataChanged(index, index);
     return true;
@@ -73,58 +105,50 @@ bool SurveyTableModel::setData(const QModelIndex& index, const QVariant& value, 
 
 void SurveyTableModel::revert()
 {
-    if (!connection_ || path_() != openedPath_) return Open();
     try {
-        if (DataVersion() != dataVersion_) Load();
+        Load();
+    } catch (const DatabaseLocked&) {
+        version_.Forget();
     } catch (const RunTimeFailure&) {
-        Open();
+        TakeNumbers({}, {});
     }
 }
 
-void SurveyTableModel::Open()
+/// Fails when there is no file, or none of ours.
+std::unique_ptr<SqliteConnection> SurveyTableModel::Connect() const
 {
-    connection_.reset();
-    try {
-        openedPath_ = path_();
-        std::error_code error;
-        if (!std::filesystem::exists(openedPath_, error)) return TakeNumbers({});
-        connection_ = std::make_unique<SqliteConnection>(openedPath_);
-        connection_->Execute("PRAGMA synchronous = EXTRA");
-        connection_->Prepare(SelectRangeSql()); // fails when the table is not ours
-        Load();
-    } catch (const RunTimeFailure&) {
-        connection_.reset();
-        TakeNumbers({});
-    }
+    auto connection = std::make_unique<SqliteConnection>(path_(), SqliteConnection::When::Exists);
+    RequireOrdinaryTable(*connection);
+    const Statement allFields(*connection, SelectRangeSql()); // fails when the table lacks one
+    return connection;
 }
 
 void SurveyTableModel::Load()
 {
-    dataVersion_ = DataVersion(); // before the rows: a write in between is seen the next time
-    QSqlQuery select = connection_->Prepare(SelectNumbersSql());
-    Run(select);
-    std::vector<qlonglong> numbers;
-    while (select.next())
-        numbers.push_back(select.value(0).toLongLong());
-    TakeNumbers(std::move(numbers));
-}
-
-/// Changes with every commit of another connection.
-qlonglong SurveyTableModel::DataVersion() const
-{
-    QSqlQuery query = connection_->Prepare("PRAGMA data_version");
-    Run(query);
-    query.next();
-    return query.value(0).toLongLong();
+    const auto connection = Connect();
+    Statement select(*connection, SelectNumbersSql());
+    bool more = select.Step(); // from here on nobody writes
+    const FileVersion version(*connection);
+    if (version == version_) return;
+    std::vector<sqlite3_int64> numbers;
+    for (; more; more = select.Step()) {
+        const sqlite3_int64 number = select.Number(0);
+        if (!numbers.empty() && number <= numbers.back()) {
+            throw RunTimeFailure("The database is damaged");
+        }
+        numbers.push_back(number);
+    }
+    TakeNumbers(version, std::move(numbers));
 }
 
 /// Rows are only ever added by this program: what the grid shows and where it stands then survives.
-void SurveyTableModel::TakeNumbers(std::vector<qlonglong> numbers)
+void SurveyTableModel::TakeNumbers(const FileVersion& version, std::vector<sqlite3_int64> numbers)
 {
     const std::size_t before = numbers_.size();
-    const bool grown =
-        numbers.size() >= before && std::equal(numbers_.begin(), numbers_.end(), numbers.begin());
-    if (!grown) {
+    const bool goesOn = version.IsOfSameFile(version_) && ShowsGrowing(numbers);
+    version_ = version;
+    pages_.clear();
+    if (!goesOn) {
         beginResetModel();
         Replace(std::move(numbers));
         return endResetModel();
@@ -134,16 +158,21 @@ void SurveyTableModel::TakeNumbers(std::vector<qlonglong> numbers)
         Replace(std::move(numbers));
         endInsertRows();
     }
-    pages_.clear();
     if (before > 0) {
         emit dataChanged(index(0, 0), index(static_cast<int>(before) - 1, kColumns - 1));
     }
 }
 
-void SurveyTableModel::Replace(std::vector<qlonglong> numbers)
+void SurveyTableModel::Replace(std::vector<sqlite3_int64> numbers)
 {
     numbers_ = std::move(numbers);
     pages_.clear(); // the last page may have been a shorter one
+}
+
+bool SurveyTableModel::ShowsGrowing(const std::vector<sqlite3_int64>& numbers) const
+{
+    return numbers.size() >= numbers_.size() &&
+           std::equal(numbers_.begin(), numbers_.end(), numbers.begin());
 }
 
 const SurveyTableModel::Page& SurveyTableModel::PageOf(int row) const
@@ -155,8 +184,8 @@ const SurveyTableModel::Page& SurveyTableModel::PageOf(int row) const
     return *pages_.object(number);
 }
 
-/// A row that is gone meanwhile shows nothing, and so do all when the file cannot be read; they are
-/// then looked for again at the next revert.
+/// A row that is gone meanwhile shows nothing, and so do all when the file cannot be read or is
+/// another one; they are then looked for again at the next revert.
 std::unique_ptr<SurveyTableModel::Page> SurveyTableModel::ReadPage(std::size_t first) const
 {
     const std::size_t count = std::min<std::size_t>(kRowsOfAPage, numbers_.size() - first);
@@ -164,35 +193,52 @@ std::unique_ptr<SurveyTableModel::Page> SurveyTableModel::ReadPage(std::size_t f
     const auto begin = numbers_.begin() + static_cast<std::ptrdiff_t>(first);
     const auto end = begin + static_cast<std::ptrdiff_t>(count);
     try {
-        QSqlQuery select = connection_->Prepare(SelectRangeSql());
-        select.bindValue(0, *begin);
-        select.bindValue(1, *(end - 1));
-        Run(select);
-        while (select.next()) {
-            const auto number = std::lower_bound(begin, end, select.value(0).toLongLong());
-            if (number == end || *number != select.value(0).toLongLong()) continue;
+        const auto connection = Connect();
+        Statement select(*connection, SelectRangeSql());
+        select.Bind(1, *begin).Bind(2, *(end - 1));
+        while (select.Step()) {
+            if (!FileVersion(*connection).IsOfSameFile(version_)) break;
+            const auto number = std::lower_bound(begin, end, select.Number(0));
+            if (number == end || *number != select.Number(0)) continue;
             QStringList& row = (*page)[static_cast<std::size_t>(number - begin)];
+            row.clear();
             for (int field = 1; field <= kColumns; ++field)
-                row += select.value(field).toString();
+                row += Shown(select.Text(field));
         }
     } catch (const RunTimeFailure&) {
-        dataVersion_ = kNoVersion;
+        version_.Forget();
     }
     return page;
 }
 
-bool SurveyTableModel::WriteMark(int row, const QString& mark)
+/// What others have written meanwhile is taken in at the next revert.
+void SurveyTableModel::WriteMark(int row, const QString& mark)
 {
-    const std::array<std::size_t, 1> fields{static_cast<std::size_t>(kMarkColumn)};
-    try {
-        QSqlQuery update = connection_->Prepare(UpdateSql(fields));
-        update.bindValue(0, ToSql(FromSql(mark))); // what the code page does not hold becomes "?"
-        update.bindValue(1, numbers_[static_cast<std::size_t>(row)]);
-        Run(update);
-        return update.numRowsAffected() == 1;
-    } catch (const RunTimeFailure&) {
-        return false;
+    const auto connection = Connect();
+    FileVersion version;
+    {
+        Transaction transaction(*connection);
+        version = FileVersion(*connection);
+        if (!version.IsOfSameFile(version_) || !ShowsTube(*connection, row)) {
+            throw RunTimeFailure("Record is deleted");
+        }
+        const std::array<std::size_t, 1> fields{static_cast<std::size_t>(kMarkColumn)};
+        Statement update(*connection, UpdateSql(fields));
+        update.Bind(1, StoredMark(mark)).Bind(2, numbers_[static_cast<std::size_t>(row)]).Run();
+        transaction.Commit();
     }
+    if (version == version_) version_ = FileVersion(*connection);
+}
+
+bool SurveyTableModel::ShowsTube(const SqliteConnection& connection, int row) const
+{
+    Statement select(connection, SelectRowSql());
+    if (!select.Bind(1, numbers_[static_cast<std::size_t>(row)]).Step()) return false;
+    const Page& page = PageOf(row);
+    const QStringList& shown = page[static_cast<std::size_t>(row % kRowsOfAPage)];
+    for (int column = 0; column < kTubeColumns; ++column)
+        if (shown.value(column) != Shown(select.Text(column))) return false;
+    return true;
 }
 
 } // namespace tarvex::platform

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "platform/sqlite/file_version.h"
 #include "platform/sqlite/sqlite_connection.h"
-#include "platform/sqlite/survey_sql.h"
 
 #include <QAbstractTableModel>
 #include <QCache>
 #include <QStringList>
 
+#include <array>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -17,8 +18,9 @@ namespace tarvex::platform
 
 /// The survey table for a grid: a row a tube in the order in which they were added, a column a
 /// field under its name. Only the mark can be edited, and is in the file when setData returns true.
-/// Rows are read a page at a time when they are asked for, and no lock is held in between. Without
-/// a database, or with one that is not ours, there are no rows; none is made here.
+/// Rows are read a page at a time when they are asked for; the file is not kept open in between.
+/// A text is cut where it is longer than any field. Without a database, or with one that is not
+/// ours, there are no rows; none is made here.
 class SurveyTableModel : public QAbstractTableModel
 {
 public:
@@ -28,34 +30,38 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
+
+    /// Qt::StatusTipRole says why the last mark given to setData is not in the file, or nothing.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// False, with the mark as it was, when it cannot be written.
+    /// False, with the mark as it was, when it cannot be written, and when the row in the file is
+    /// no longer that of the tube shown.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
-    /// Takes in what has been written to the database since it was last looked at.
+    /// Takes in what has been written to the database since it was last looked at, and another file
+    /// that has been put in its place. While another program writes, what is shown stays.
     void revert() override;
 
 private:
     using Page = std::vector<QStringList>;
 
-    void Open();
+    std::unique_ptr<SqliteConnection> Connect() const;
     void Load();
-    qlonglong DataVersion() const;
-    void TakeNumbers(std::vector<qlonglong> numbers);
-    void Replace(std::vector<qlonglong> numbers);
+    void TakeNumbers(const FileVersion& version, std::vector<sqlite3_int64> numbers);
+    void Replace(std::vector<sqlite3_int64> numbers);
+    bool ShowsGrowing(const std::vector<sqlite3_int64>& numbers) const;
     const Page& PageOf(int row) const;
     std::unique_ptr<Page> ReadPage(std::size_t first) const;
-    bool WriteMark(int row, const QString& mark);
+    void WriteMark(int row, const QString& mark);
+    bool ShowsTube(const SqliteConnection& connection, int row) const;
 
     DatabasePath path_;
-    std::filesystem::path openedPath_;
-    std::unique_ptr<SqliteConnection> connection_;
-    mutable qlonglong dataVersion_ = 0; // of what has been read
-    std::vector<qlonglong> numbers_;    // of all rows
+    mutable FileVersion version_;        // of what has been read
+    std::vector<sqlite3_int64> numbers_; // of all rows
     mutable QCache<int, Page> pages_;
+    QString refusal_; // of the last mark
 };
 
 } // namespace tarvex::platform
