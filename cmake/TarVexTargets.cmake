@@ -57,15 +57,15 @@ function(tarvex_test_target name)
     endif()
 endfunction()
 
-# tarvex_test(NAME [TOOLKIT] SOURCES ... LINKS ...): one program of GoogleTest cases, run as one test of
-# that name.
+# tarvex_test(NAME [TOOLKIT] [ALONE] SOURCES ... LINKS ...): one program of GoogleTest cases, run as one
+# test of that name. ALONE: its own build of all headers, for a program that links Qt without Widgets.
 function(tarvex_test name)
-    cmake_parse_arguments(ARG "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "TOOLKIT;ALONE" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main tarvex::options)
     if(ARG_TOOLKIT)
         tarvex_test_target(${name} TOOLKIT)
-    else()
+    elseif(NOT ARG_ALONE)
         tarvex_test_target(${name})
     endif()
     add_test(NAME ${name} COMMAND ${name})
