@@ -24,9 +24,9 @@ bool HasInput(int number)
     return ::poll(&watched, 1, kPatience) > 0;
 }
 
-pid_t Start(const std::vector<std::string>& arguments, int output)
+pid_t Start(const char* program, const std::vector<std::string>& arguments, int output)
 {
-    std::vector<char*> argv{const_cast<char*>(TARVEX_UNIT_PROGRAM)};
+    std::vector<char*> argv{const_cast<char*>(program)};
     for (const auto& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
@@ -43,12 +43,12 @@ pid_t Start(const std::vector<std::string>& arguments, int output)
 }
 } // namespace
 
-RunningUnit::RunningUnit(const std::vector<std::string>& arguments)
+RunningUnit::RunningUnit(const std::vector<std::string>& arguments, const char* program)
 {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
     output_ = ends[0];
-    process_ = Start(arguments, ends[1]);
+    process_ = Start(program, arguments, ends[1]);
     ::close(ends[1]);
     terminal_ = ReadLine();
 }

@@ -15,8 +15,10 @@ namespace tarvex::unit
 class RunningUnit
 {
 public:
-    /// Starts the program and takes the first line that it prints.
-    explicit RunningUnit(const std::vector<std::string>& arguments);
+    /// Starts the program and takes the first line that it prints. `program` is the simulated unit
+    /// unless another of its package is named.
+    explicit RunningUnit(const std::vector<std::string>& arguments,
+                         const char* program = TARVEX_UNIT_PROGRAM);
     ~RunningUnit();
     RunningUnit(const RunningUnit&) = delete;
     RunningUnit& operator=(const RunningUnit&) = delete;

@@ -1,8 +1,14 @@
 #include "unit/program/options.h"
+#include "unit/program/replay_session.h"
 #include "unit/program/session.h"
 
 #include <exception>
 #include <iostream>
+
+namespace
+{
+constexpr int kDiffers = 3; // exit status: the manager said something else than the record
+} // namespace
 
 int main(int argc, char** argv)
 {
@@ -10,6 +16,7 @@ int main(int argc, char** argv)
     try {
         const auto line = ReadCommandLine(argc, argv);
         if (line.exitStatus) return *line.exitStatus;
+        if (!line.options.replay.empty()) return ReplaySession(line.options).Run() ? 0 : kDiffers;
         Session(line.options).Run();
         return 0;
     } catch (const std::exception& error) {

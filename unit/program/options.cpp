@@ -62,6 +62,10 @@ void Describe(CLI::App& app, Options& options, bool& fast)
                    "file that keeps the memory: loaded if it exists, saved after writes and at "
                    "the end");
     app.add_flag("--demo", options.demo, "three surveys in blocks 1 to 3 of a new memory");
+    app.add_option("--replay", options.replay,
+                   "log of a line, to answer as the unit did that was recorded; what the manager "
+                   "says otherwise is printed, and makes the exit status 3")
+        ->check(CLI::ExistingFile);
     AddParsed(app, "--fill", options.fills, ParseFill, kFillHelp);
     AddParsed(app, "--fault", options.faults, ParseFault, kFaultHelp);
     app.add_flag("--fast", fast, "as fast as possible, not at the pace of 9600 baud");
@@ -71,6 +75,9 @@ void Describe(CLI::App& app, Options& options, bool& fast)
                    "what the clock shows at the start, YYMMDDhhmmss; else the machine's time")
         ->check(CheckClock);
     app.add_flag("--clock-stopped", options.clockStopped, "the clock waits for its start command");
+    for (const char* other :
+         {"--memory", "--demo", "--fill", "--fault", "--log", "--clock", "--clock-stopped"})
+        app.get_option("--replay")->excludes(other);
 }
 } // namespace
 

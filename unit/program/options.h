@@ -15,7 +15,8 @@ namespace tarvex::unit
 struct Options {
     std::string link;
     std::string memory;
-    std::string log; ///< "-" is the standard output
+    std::string log;    ///< "-" is the standard output
+    std::string replay; ///< a record to answer from, in place of a memory
     bool demo = false;
     std::vector<Fill> fills;
     std::vector<Fault> faults;

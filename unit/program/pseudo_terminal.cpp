@@ -4,11 +4,11 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <system_error>
-#include <termios.h>
 
 namespace tarvex::unit
 {
@@ -104,6 +104,19 @@ void PseudoTerminal::Write(std::string_view bytes) const
         if (count <= 0) return;
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
+}
+
+bool PseudoTerminal::IsHeldByManager() const
+{
+    pollfd state{master_.Number(), 0, 0};
+    return ::poll(&state, 1, 0) >= 0 && (state.revents & POLLHUP) == 0;
+}
+
+termios PseudoTerminal::Settings() const
+{
+    termios settings{};
+    if (::tcgetattr(master_.Number(), &settings) != 0) throw Failure("terminal settings");
+    return settings;
 }
 
 void PseudoTerminal::HangUp()

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include <termios.h>
+
 namespace tarvex::unit
 {
 
@@ -38,6 +40,16 @@ public:
     /// Hands bytes to the manager. Those that nobody takes off the line are lost once its buffer is
     /// full. Never waits.
     void Write(std::string_view bytes) const;
+
+    /// Gives up the descriptor of the other side: from now on the line is hung up, on this side
+    /// only, while the manager does not hold its end open.
+    void LeaveToManager() { slave_.Close(); }
+
+    /// True while somebody holds the other side open.
+    bool IsHeldByManager() const;
+
+    /// The settings that the manager has given to its end.
+    termios Settings() const;
 
     /// Takes the line away: the manager's end is hung up.
     void HangUp();

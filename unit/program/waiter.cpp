@@ -10,6 +10,7 @@
 #include <sys/signalfd.h>
 #include <sys/timerfd.h>
 #include <system_error>
+#include <vector>
 
 namespace tarvex::unit
 {
@@ -59,16 +60,32 @@ Time Waiter::Now() const
 
 Waiter::Woken Waiter::Wait(int descriptor, int notices, std::optional<Time> deadline)
 {
+    const std::array<int, 2> both{notices, descriptor};
+    std::size_t first = 0;
+    const auto woken = Wait(both, deadline, first);
+    return woken == Woken::ByBytes && first == 0 ? Woken::ByNotice : woken;
+}
+
+Waiter::Woken Waiter::Wait(std::span<const int> descriptors, std::optional<Time> deadline)
+{
+    std::size_t any = 0;
+    return Wait(descriptors, deadline, any);
+}
+
+Waiter::Woken Waiter::Wait(std::span<const int> descriptors, std::optional<Time> deadline,
+                           std::size_t& first)
+{
     Arm(deadline);
-    std::array<pollfd, 4> watched{{{signals_.Number(), POLLIN, 0},
-                                   {notices, POLLIN, 0},
-                                   {descriptor, POLLIN, 0},
-                                   {timer_.Number(), POLLIN, 0}}};
+    std::vector<pollfd> watched{{timer_.Number(), POLLIN, 0}, {signals_.Number(), POLLIN, 0}};
+    for (const int descriptor : descriptors)
+        watched.push_back({descriptor, POLLIN, 0});
     while (::poll(watched.data(), watched.size(), -1) < 0)
         if (errno != EINTR) throw Failure("wait");
-    if (watched[0].revents != 0) return Woken::ByEndRequest;
-    if (watched[1].revents != 0) return Woken::ByNotice;
-    return watched[2].revents != 0 ? Woken::ByBytes : Woken::ByDeadline;
+    if (watched[1].revents != 0) return Woken::ByEndRequest;
+    const auto isWoken = [](const pollfd& one) { return one.revents != 0; };
+    const auto found = std::find_if(watched.begin() + 2, watched.end(), isWoken);
+    first = static_cast<std::size_t>(found - watched.begin() - 2);
+    return found == watched.end() ? Woken::ByDeadline : Woken::ByBytes;
 }
 
 void Waiter::Arm(std::optional<Time> deadline)

@@ -3,7 +3,9 @@
 #include "unit/program/descriptor.h"
 #include "unit/reply.h"
 
+#include <cstddef>
 #include <optional>
+#include <span>
 
 namespace tarvex::unit
 {
@@ -28,7 +30,12 @@ public:
     /// together the first of this list counts.
     Woken Wait(int descriptor, int notices, std::optional<Time> deadline);
 
+    /// The same for bytes, or the end of the line, on any of several descriptors.
+    Woken Wait(std::span<const int> descriptors, std::optional<Time> deadline);
+
 private:
+    /// `first` becomes the place of the first descriptor that has bytes.
+    Woken Wait(std::span<const int> descriptors, std::optional<Time> deadline, std::size_t& first);
     void Arm(std::optional<Time> deadline);
 
     Time origin_;
