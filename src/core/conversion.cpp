@@ -48,7 +48,7 @@ std::string PaddedDigits(double value, std::size_t wholeDigits, int decimals)
     const std::size_t width =
         wholeDigits + (decimals > 0 ? 1U + static_cast<std::size_t>(decimals) : 0U);
     if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-    return value < 0 && rounded > 0 ? '-' + digits : digits;
+    return value < 0 ? '-' + digits : digits;
 }
 
 int HexDigit(char character)

@@ -11,7 +11,7 @@ namespace tarvex
 /// desktop's locale, no exponent, no hexadecimal.
 double NumericValue(std::string_view text);
 
-/// Pattern "00": rounded half away from zero, at least two digits, the sign in front of them.
+/// Pattern "00": rounded half away from zero, at least two digits, the sign first, also in "-00".
 std::string TwoDigits(double value);
 
 /// Pattern "00000": as TwoDigits, with at least five digits.

@@ -21,7 +21,7 @@ public:
     /// As Open, and drops what the file held.
     void OpenEmptied();
 
-    /// `BlockHeader` from the record of that number; blanks past the end.
+    /// `BlockHeader` from the record of that number; blanks from where the file ends.
     void Get(double recordNumber);
 
     /// `BlockHeader` to the record of that number.

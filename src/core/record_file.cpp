@@ -115,9 +115,10 @@ void RecordFile::GetBytes(double number, std::span<std::byte> record)
     stream_.seekg(offset);
     stream_.read(reinterpret_cast<char*>(record.data()),
                  static_cast<std::streamsize>(record.size()));
-    endOfFile_ = stream_.gcount() < static_cast<std::streamsize>(record.size());
+    const std::streamsize found = stream_.gcount();
+    endOfFile_ = found < static_cast<std::streamsize>(record.size());
     if (stream_.bad()) throw RunTimeFailure("Device I/O error");
-    if (endOfFile_) std::fill(record.begin(), record.end(), std::byte{' '});
+    std::fill(record.begin() + found, record.end(), std::byte{' '});
 }
 
 void DeleteFile(const std::filesystem::path& path)

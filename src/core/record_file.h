@@ -34,9 +34,9 @@ public:
         PutBytes(number, std::as_bytes(std::span(&record, 1)));
     }
 
-    /// Reads one record. Past the end it gives blanks and sets the end-of-file flag, which is no
-    /// failure. Fails when not open and when `number` is no whole number from 1; `record` then
-    /// stays.
+    /// Reads one record: the bytes that stand there, then blanks. Where the file ends before it or
+    /// in it, the end-of-file flag is set, which is no failure. Fails when not open and when
+    /// `number` is no whole number from 1; `record` then stays.
     template <class Record>
     void Get(double number, Record& record)
     {

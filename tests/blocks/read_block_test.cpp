@@ -158,7 +158,8 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberRow{"Last", "30", "1D"}, NumberRow{"Beyond", "31", "07"},
                       NumberRow{"FarBeyond", "99", "07"}, NumberRow{"Naught", "00", "07"},
                       NumberRow{"Empty", "", "07"}, NumberRow{"Letters", "ab", "07"},
-                      NumberRow{"Negative", "-1", "07"}, NumberRow{"NumberThenLetter", "5x", "04"},
+                      NumberRow{"Negative", "-1", "07"}, NumberRow{"JustBelowOne", ".6", "07"},
+                      NumberRow{"NumberThenLetter", "5x", "04"},
                       NumberRow{"LeadingBlank", " 5", "04"}, NumberRow{"Plus", "+5", "04"}),
     RowName());
 

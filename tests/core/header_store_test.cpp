@@ -159,6 +159,19 @@ TEST_F(HeaderStoreTest, ReloadPastTheEndShowsBlanks)
     EXPECT_EQ(FileBytes(state.HeaderFilePath).size(), 2310U);
 }
 
+TEST_F(HeaderStoreTest, ReloadOfATruncatedLastRecordShowsTheBytesThatStandThere)
+{
+    WriteFile(state.HeaderFilePath, FileBytes(state.HeaderFilePath).substr(0, 29 * 77 + 40));
+    state.CurrentBlock = 30;
+    Reload();
+    EXPECT_EQ(panel.Text3.Text(), "CLIENT30");
+    EXPECT_EQ(panel.Text10.Text(), "00");
+    EXPECT_EQ(panel.Text11.Text(), "DDMMYY");
+    EXPECT_EQ(panel.Text12.Text(), "      ");
+    EXPECT_EQ(panel.Text18.Text(), "       ");
+    EXPECT_EQ(panel.Text22.Text(), " ");
+}
+
 TEST_F(HeaderStoreTest, ReloadOfABadRecordNumberShowsWhatTheWorkingHeaderHolds)
 {
     for (const double number : {0.0, -1.0, 0.5}) {

@@ -100,11 +100,21 @@ TEST_F(RecordFileTest, AGetPastTheEndGivesBlanksAndTheFlagAndIsNoFailure)
     EXPECT_EQ(FileBytes(path), "1111");
 }
 
-TEST_F(RecordFileTest, APartOfARecordAtTheEndIsNoRecord)
+TEST_F(RecordFileTest, APartOfARecordAtTheEndGivesItsBytesThenBlanksAndTheFlag)
 {
     WriteFile(path, "111122");
     file.Open(path);
-    EXPECT_EQ(GetRecord(2), kBlank);
+    EXPECT_EQ(GetRecord(2), (Record{'2', '2', ' ', ' '}));
+    EXPECT_TRUE(file.EndOfFile());
+    EXPECT_EQ(GetRecord(3), kBlank);
+    EXPECT_EQ(FileBytes(path), "111122");
+}
+
+TEST_F(RecordFileTest, TheBytesOfAPartOfARecordMayBeAnything)
+{
+    WriteFile(path, std::string("\0\n\xFF", 3));
+    file.Open(path);
+    EXPECT_EQ(GetRecord(1), (Record{'\0', '\n', '\xFF', ' '}));
     EXPECT_TRUE(file.EndOfFile());
 }
 

@@ -238,7 +238,8 @@ INSTANTIATE_TEST_SUITE_P(
                       BlockRow{"Seventeen", "17", "10"}, BlockRow{"TwentySix", "26", "19"},
                       BlockRow{"TwentySeven", "27", "1A"}, BlockRow{"Thirty", "30", "1D"},
                       BlockRow{"ThirtyOne", "31", "07"}, BlockRow{"Naught", "0", "07"},
-                      BlockRow{"Empty", "", "07"}, BlockRow{"Letters", "xy", "07"}),
+                      BlockRow{"JustBelowOne", ".6", "07"}, BlockRow{"Empty", "", "07"},
+                      BlockRow{"Letters", "xy", "07"}),
     RowName());
 
 } // namespace

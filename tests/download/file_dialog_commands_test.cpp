@@ -121,6 +121,22 @@ TEST_F(FileDialogTest, ChoosingShowsWhateverBytesTheFileHolds)
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(bytes));
 }
 
+TEST_F(FileDialogTest, ChoosingAFileThatEndsInsideItsFirstRecordShowsAndKeepsItsBytes)
+{
+    const std::string begin = OwnRecord(7).substr(0, 40);
+    WriteFile(folder / "short", begin);
+    dialog.choice = folder / "short";
+    Choose();
+
+    EXPECT_EQ(HeaderOnPanel(*this), begin.substr(0, 38) + std::string(6, ' '));
+    EXPECT_EQ(CalibrationOnPanel(*this), std::string(29, ' '));
+    EXPECT_EQ(FileBytes(folder / "short"), begin);
+
+    Click([&] { StepRecordUp(panel, state, headers); });
+
+    EXPECT_EQ(FileBytes(folder / "short"), begin + std::string(37, ' '));
+}
+
 TEST_F(FileDialogTest, ChoosingANameWithoutAFileMakesOneAndShowsBlanks)
 {
     dialog.choice = folder / "new";
