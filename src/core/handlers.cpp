@@ -2,6 +2,7 @@
 
 #include "core/failure_rule.h"
 
+#include <exception>
 #include <string>
 
 namespace tarvex
@@ -18,12 +19,14 @@ void Handlers::Run(const std::function<void()>& handler)
     }
 }
 
-/// The box as well raises ProgramEnded, when the program ends while it stands.
+/// The box as well raises ProgramEnded, when the program ends while it stands. An exception of the
+/// standard library is a failure like any other: it must not get as far as the toolkit, which would
+/// end the program without a word.
 void Handlers::RunShowingFailure(const std::function<void()>& handler)
 {
     try {
         handler();
-    } catch (const RunTimeFailure& failure) {
+    } catch (const std::exception& failure) {
         boxes_.Critical(std::string("Run-time error: ") + failure.what());
         end_.End(1);
     }

@@ -15,8 +15,8 @@ public:
     Handlers(ProgramEnd& end, MessageBoxes& boxes) : end_(end), boxes_(boxes) {}
 
     /// Runs one handler with a rule of its own: failures go up unless it says otherwise. One that
-    /// comes out shows the box "Run-time error: " with its reason and ends the program with
-    /// status 1. Nothing is raised to the caller, and nothing runs once the program has ended.
+    /// comes out, or any standard exception, shows the box "Run-time error: " with its reason and
+    /// ends the program with status 1. Nothing is raised to the caller or runs after the end.
     void Run(const std::function<void()>& handler);
 
 private:

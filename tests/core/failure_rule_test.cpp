@@ -113,6 +113,17 @@ TEST_F(HandlersTest, AFailureThatComesOutIsToldAndEndsTheProgramWithStatusOne)
     EXPECT_EQ(ends, 1);
 }
 
+TEST_F(HandlersTest, AStandardExceptionIsAFailureLikeAnyOtherAlsoUnderARule)
+{
+    boxes.Expect("Run-time error: too long");
+    handlers.Run([] {
+        SkipOnError rule;
+        throw std::length_error("too long");
+    });
+    EXPECT_TRUE(end.Ended());
+    EXPECT_EQ(end.Status(), 1);
+}
+
 TEST_F(HandlersTest, NothingRunsOnceTheProgramHasEnded)
 {
     end.End(0);
