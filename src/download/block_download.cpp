@@ -4,6 +4,7 @@
 #include "core/failure_rule.h"
 #include "download/data_report.h"
 #include "download/head_report.h"
+#include "download/report_opening.h"
 #include "download/work_file.h"
 
 namespace tarvex
@@ -121,7 +122,7 @@ void BlockDownload(Panel& panel, WorkingState& state, DeviceLink& link)
     ShowReportFileName(panel, state, DataReportFile(state.ReportFolder, values));
     Attempt([&] { DeleteFile("datiram.dat"); }); // one left in the current directory
     RecordFile rows(sizeof(DataRecord));
-    Attempt([&] { rows.Open(WorkFile(state.ReportFolder).Path()); });
+    Attempt([&] { OpenReport(rows, WorkFile(state.ReportFolder)); });
     WriteTitleRecords(state, rows);
     DataPageWalk(panel, state, link, values).Run(rows);
     rows.Close();

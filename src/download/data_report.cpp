@@ -1,7 +1,7 @@
 #include "download/data_report.h"
 
 #include "core/failure_rule.h"
-#include "core/record_file.h"
+#include "download/report_opening.h"
 
 namespace tarvex
 {
@@ -37,9 +37,9 @@ void WriteDataReport(WorkingState& state, DeviceLink& link, const ReportFile& re
                      const ReportFile& workFile)
 {
     RecordFile report(sizeof(DataRecord));
-    Attempt([&] { report.Open(reportFile.Path()); });
+    Attempt([&] { OpenReport(report, reportFile); });
     RecordFile work(sizeof(DataRecord));
-    Attempt([&] { work.Open(workFile.Path()); });
+    Attempt([&] { OpenReport(work, workFile); });
     if (!work.IsOpen()) link.WaitForEver();
 
     int writeNumber = 1;

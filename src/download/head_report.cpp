@@ -2,7 +2,7 @@
 
 #include "core/conversion.h"
 #include "core/failure_rule.h"
-#include "core/record_file.h"
+#include "download/report_opening.h"
 
 #include <array>
 
@@ -49,7 +49,7 @@ void PutLine(RecordFile& file, ReportRecord& record, int recordNumber, std::stri
 void WriteHeadReport(WorkingState& state, const HeaderValues& values, const ReportFile& file)
 {
     RecordFile report(sizeof(ReportRecord));
-    Attempt([&] { report.Open(file.Path()); });
+    Attempt([&] { OpenReport(report, file); });
     int recordNumber = 1;
     for (const std::string& line : Lines(values)) {
         if (recordNumber > 1) PutLine(report, state.ReportRecord, recordNumber++, "");
