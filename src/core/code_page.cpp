@@ -1,5 +1,8 @@
 #include "core/code_page.h"
 
+#include "core/path_text.h"
+#include "core/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -18,56 +21,10 @@ constexpr std::array<char32_t, 32> kUpperControls = {
 
 constexpr char32_t kFirstSpecial = 0x80;
 constexpr char32_t kFirstLatin = 0xA0;
-constexpr char32_t kInvalid = 0xFFFD;
 
 unsigned char Code(char byte)
 {
     return static_cast<unsigned char>(byte);
-}
-
-void AppendUtf8(std::u8string& text, char32_t character)
-{
-    const auto continuation = [](char32_t bits) {
-        return static_cast<char8_t>(0x80 | (bits & 0x3F));
-    };
-    if (character < 0x80) {
-        text += static_cast<char8_t>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char8_t>(0xC0 | (character >> 6));
-        text += continuation(character);
-    } else {
-        text += static_cast<char8_t>(0xE0 | (character >> 12));
-        text += continuation(character >> 6);
-        text += continuation(character);
-    }
-}
-
-/// How many bytes follow a lead byte, or -1 for a byte that leads nothing.
-int FollowingBytes(char8_t lead)
-{
-    if (lead < 0x80) return 0;
-    if (lead >= 0xC2 && lead < 0xE0) return 1;
-    if (lead >= 0xE0 && lead < 0xF0) return 2;
-    if (lead >= 0xF0 && lead < 0xF5) return 3;
-    return -1;
-}
-
-/// Takes one character off the front of `text`.
-char32_t TakeCharacter(std::u8string_view& text)
-{
-    const char8_t lead = text.front();
-    text.remove_prefix(1);
-    const int following = FollowingBytes(lead);
-    if (following <= 0) return following == 0 ? char32_t{lead} : kInvalid;
-
-    constexpr std::array<char32_t, 4> shortest = {0, 0x80, 0x800, 0x10000};
-    char32_t character = lead & (0x3FU >> following);
-    for (int taken = 0; taken < following; ++taken) {
-        if (text.empty() || (text.front() & 0xC0) != 0x80) return kInvalid;
-        character = (character << 6) | (text.front() & 0x3FU);
-        text.remove_prefix(1);
-    }
-    return character >= shortest[static_cast<std::size_t>(following)] ? character : kInvalid;
 }
 
 bool IsHighSurrogate(char16_t unit)
@@ -137,17 +94,17 @@ std::string Capitals(std::string_view text)
 
 std::u8string ToUtf8(std::string_view text)
 {
-    std::u8string utf8;
+    std::u8string bytes;
     for (const char byte : text)
-        AppendUtf8(utf8, ToUnicode(byte));
-    return utf8;
+        utf8::Append(bytes, ToUnicode(byte));
+    return bytes;
 }
 
 std::string FromUtf8(std::u8string_view text)
 {
     std::string bytes;
     while (!text.empty())
-        bytes += FromUnicode(TakeCharacter(text));
+        bytes += FromUnicode(utf8::TakeCharacter(text));
     return bytes;
 }
 
@@ -173,7 +130,7 @@ std::string FromUtf16(std::u16string_view text)
 
 std::string Shown(const std::filesystem::path& path)
 {
-    return FromUtf8(path.u8string());
+    return FromUtf16(path_text::Unicode(path));
 }
 
 } // namespace tarvex::code_page

@@ -2,6 +2,7 @@
 
 #include "core/code_page.h"
 #include "core/failure.h"
+#include "core/path_text.h"
 
 namespace tarvex
 {
@@ -37,7 +38,7 @@ std::filesystem::path ReportFile::Path() const
     if (ReachesOutside(name)) throw RunTimeFailure("Bad file name");
     std::filesystem::path path = folder;
     path += std::filesystem::path::preferred_separator;
-    path += std::filesystem::path(code_page::ToUtf8(name));
+    path += path_text::FromUnicode(code_page::ToUtf16(name));
     return path;
 }
 

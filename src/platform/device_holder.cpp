@@ -79,7 +79,7 @@ bool DeviceHolder::IsOurs() const
 
 std::string DeviceHolder::Name() const
 {
-    if (process == 0) return lockFile.empty() ? std::string() : "lock file " + lockFile.string();
+    if (process == 0) return lockFile.empty() ? std::string() : "lock file " + lockFile.native();
     const std::string number = "process " + std::to_string(process);
     return program.empty() ? number : program + " (" + number + ")";
 }

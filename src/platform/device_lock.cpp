@@ -14,6 +14,7 @@ void DeviceLock::Release() {}
 
 #else
 
+#include "core/code_page.h"
 #include "platform/device_holder.h"
 #include "platform/exclusive_holder.h"
 
@@ -33,14 +34,16 @@ namespace
 
 [[noreturn]] void ThrowHeld(const std::filesystem::path& device, const std::string& holder)
 {
-    throw DeviceHeld("Port in use: " + device.string() + (holder.empty() ? "" : ", by " + holder));
+    throw DeviceHeld("Port in use: " + code_page::Shown(device) +
+                     (holder.empty() ? "" : ", by " + holder));
 }
 
 [[noreturn]] void ThrowRefusal(int error, const std::filesystem::path& device)
 {
     if (error == EBUSY || error == EWOULDBLOCK) ThrowHeld(device, {});
     const bool forbidden = error == EACCES || error == EPERM;
-    throw RunTimeFailure((forbidden ? "Port not permitted: " : "No such port: ") + device.string());
+    throw RunTimeFailure((forbidden ? "Port not permitted: " : "No such port: ") +
+                         code_page::Shown(device));
 }
 
 void RequireUnheld(const std::filesystem::path& device, const LockFolders& folders)

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 std::optional<int> NumberOf(const fs::path& entry)
 {
-    const std::string name = entry.filename().string();
+    const std::string name = entry.filename().native();
     int number = 0;
     const char* const end = name.data() + name.size();
     const auto [stop, error] = std::from_chars(name.data(), end, number);

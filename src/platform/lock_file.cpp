@@ -66,11 +66,11 @@ int BinaryNumber(std::string_view bytes)
 /// below /dev with "_" for "/".
 void AddLockNames(const fs::path& device, std::set<std::string>& names)
 {
-    std::string whole = device.string();
+    std::string whole = device.native();
     if (whole.starts_with("/dev/")) whole.erase(0, 5);
     std::replace(whole.begin(), whole.end(), '/', '_');
     names.insert("LCK.." + whole);
-    names.insert("LCK.." + device.filename().string());
+    names.insert("LCK.." + device.filename().native());
 }
 
 std::set<std::string> LockNamesOf(const fs::path& device, const LockFolders& folders)

@@ -1,5 +1,7 @@
 #include "platform/machine_ports.h"
 
+#include "platform/qt_path.h"
+
 #include <QSerialPortInfo>
 
 #include <algorithm>
@@ -57,7 +59,7 @@ std::vector<MachinePort> ListMachinePorts()
 {
     std::vector<MachinePort> ports;
     for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-        MachinePort port{info.portName().toStdString(), info.systemLocation().toStdString(),
+        MachinePort port{info.portName().toStdString(), PathFromQString(info.systemLocation()),
                          info.description().toStdString(), info.manufacturer().toStdString(),
                          info.serialNumber().toStdString()};
         std::error_code unreadable;

@@ -1,5 +1,7 @@
 #include "platform/port_finder.h"
 
+#include "core/code_page.h"
+
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -26,15 +28,16 @@ std::optional<PortChoice> ChoiceOf(const fs::path& place)
     if (leadsNowhere) {
         device = (place.parent_path() / fs::read_symlink(place, absent)).lexically_normal();
     }
-    return PortChoice{place.filename().string(), std::move(device)};
+    return PortChoice{code_page::Shown(place.filename()), std::move(device)};
 }
 #endif
 
 } // namespace
 
-PortFinder::PortFinder(const fs::path& startFolder, Lister list)
-    : startFolder_(fs::absolute(startFolder)), list_(std::move(list))
+PortFinder::PortFinder(const fs::path& startFolder, Lister list) : list_(std::move(list))
 {
+    std::error_code gone; // a folder that is no longer there holds no link either
+    startFolder_ = fs::absolute(startFolder, gone);
 }
 
 PortChoice PortFinder::Find(int number) const

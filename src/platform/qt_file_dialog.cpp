@@ -1,10 +1,12 @@
 #include "platform/qt_file_dialog.h"
 
 #include "core/failure.h"
+#include "platform/qt_path.h"
 #include "platform/qt_text.h"
 
 #include <QApplication>
-#include <QFile>
+
+#include <system_error>
 
 namespace tarvex::platform
 {
@@ -12,9 +14,26 @@ namespace tarvex::platform
 namespace
 {
 
-QString ToDialog(const std::filesystem::path& path)
+/// Where a dialog starts: at the file chosen last, else in its folder, else where the program is.
+std::filesystem::path StartOf(const FileDialog& dialog)
 {
-    return QString::fromStdU16String(path.u16string());
+    if (!dialog.FileName.empty()) return dialog.FileName.parent_path();
+    if (!dialog.InitDir.empty()) return dialog.InitDir;
+    std::error_code gone;
+    return std::filesystem::current_path(gone);
+}
+
+/// The folder above an alias is one that means nothing to the operator.
+void StayOutOfTheAlias(QFileDialog& dialog, const SpelledFolder& folder,
+                       const std::filesystem::path& start)
+{
+    if (!folder.IsAlias()) return;
+    const QString above = folder.Spelling().section(u'/', 0, -2);
+    QObject::connect(&dialog, &QFileDialog::directoryEntered, &dialog,
+                     [&dialog, above, start](const QString& entered) {
+                         if (entered == above)
+                             dialog.setDirectory(PathToQString(NearestUnicode(start)));
+                     });
 }
 
 } // namespace
@@ -54,13 +73,17 @@ void QtFileDialog::Show(QFileDialog::AcceptMode mode, QFileDialog::FileMode file
     if (FilterIndex >= 1 && FilterIndex <= filters.size()) {
         dialog.selectNameFilter(filters[FilterIndex - 1]);
     }
-    if (!InitDir.empty()) dialog.setDirectory(ToDialog(InitDir));
-    if (!FileName.empty()) dialog.selectFile(ToDialog(FileName));
+    const auto start = StartOf(*this);
+    const SpelledFolder folder(start);
+    if (folder.IsAlias()) dialog.setOption(QFileDialog::DontUseNativeDialog); // it is ours alone
+    if (!start.empty()) dialog.setDirectory(folder.Spelling());
+    if (!FileName.empty()) dialog.selectFile(PathToQString(FileName.filename()));
+    StayOutOfTheAlias(dialog, folder, start);
 
     const bool chosen = dialog.exec() == QDialog::Accepted;
     if (end_.Ended()) throw ProgramEnded();
     if (chosen && !dialog.selectedFiles().isEmpty()) {
-        FileName = dialog.selectedFiles().constFirst().toStdU16String();
+        FileName = folder.Behind(dialog.selectedFiles().constFirst());
     }
 }
 

@@ -1,5 +1,7 @@
 #include "platform/qt_port_names.h"
 
+#include "platform/qt_path.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -11,7 +13,7 @@ namespace
 
 std::string Utf8(const std::filesystem::path& path)
 {
-    const std::u8string text = path.u8string();
+    const QByteArray text = PathToQString(path).toUtf8();
     return {text.begin(), text.end()};
 }
 
@@ -115,8 +117,10 @@ std::string DescribePort(const PortFacts& facts)
     const std::string number = std::to_string(facts.number);
     const std::string title = "Com " + number + ": ";
     if (facts.choice.device.empty()) {
-        return title + "no device. Plug in the adapter, or make a link com" + number +
-               " in the folder " + facts.startFolder + ".";
+        const std::string advice = title + "no device. Plug in the adapter";
+        if (facts.startFolder.empty()) return advice + "."; // the folder is gone
+        return advice + ", or make a link com" + number + " in the folder " + facts.startFolder +
+               ".";
     }
     return title + DeviceText(facts) + TroubleText(facts);
 }

@@ -2,6 +2,8 @@
 
 #include "core/failure.h"
 #include "platform/device_lock.h"
+#include "platform/qt_path.h"
+#include "platform/qt_text.h"
 
 #include <QSerialPort>
 #include <QSignalBlocker>
@@ -69,10 +71,12 @@ QtSerialPort::Opening::Opening(const std::filesystem::path& device,
                                const PortSurroundings& surroundings)
     : lock_(device, surroundings.locks)
 {
-    port_.setPortName(QString::fromStdU16String(lock_.NameToOpen().u16string()));
+    const auto name = lock_.NameToOpen();
+    const SpelledFolder folder(name.parent_path());
+    port_.setPortName(folder.Spell(name.filename()));
     Configure();
     if (!port_.open(QIODevice::ReadWrite)) {
-        throw RunTimeFailure("Port cannot be opened: " + port_.errorString().toStdString());
+        throw RunTimeFailure("Port cannot be opened: " + ToBytes(port_.errorString()));
     }
     // A pseudo terminal has no modem lines and refuses both.
     port_.setDataTerminalReady(true);
@@ -133,7 +137,8 @@ int QtSerialPort::Opening::Count() const
 std::string QtSerialPort::Opening::TakeAll()
 {
     if (vanished_) return {};
-    return port_.readAll().toStdString();
+    const QByteArray bytes = port_.readAll();
+    return {bytes.begin(), bytes.end()};
 }
 
 void QtSerialPort::Opening::NoteError(QSerialPort::SerialPortError error)

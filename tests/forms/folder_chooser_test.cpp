@@ -97,6 +97,42 @@ TEST_F(FolderChooser, MakesDatiAndStandsOnIt)
     ExpectNothingChosen();
 }
 
+/// In the start folder of an older machine, whose names are no UTF-8.
+TEST_F(FolderChooser, TakesFoldersWhoseNamesAreNoUnicode)
+{
+    const fs::path site = folder / "Citt\xE0";
+    fs::create_directories(site / "dati" / "Pozzo\xF2");
+    panel::SideForms oddForms{{state, panel, handlers, boxes, site}, dialogs, shell, folder / "b"};
+    oddForms.ShowFolderChooser();
+    EXPECT_EQ(Reason(), "");
+    EXPECT_TRUE(Ok().isEnabled());
+    EXPECT_EQ(ShownPath(), folder / "Citt\uFFFD/dati");
+
+    GoTo(folder / "Citt\uFFFD/dati/Pozzo\uFFFD");
+    EXPECT_EQ(Reason(), "");
+    Press("Form6", "command3d1");
+
+    EXPECT_EQ(state.ReportFolder, site / "dati" / "Pozzo\xF2");
+    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_EQ(boxes.shown, 0);
+}
+
+/// The start folder is gone: the chooser begins at the next place instead of nowhere.
+TEST_F(FolderChooser, WithoutAStartFolderStandsOnTheFirstPlaceThatThereIs)
+{
+    panel::SideForms oddForms{{state, panel, handlers, boxes, {}}, dialogs, shell, folder / "bin"};
+    const auto before = fs::current_path();
+    fs::create_directory(folder / "gone");
+    fs::current_path(folder / "gone");
+    fs::remove(folder / "gone");
+    oddForms.ShowFolderChooser();
+    EXPECT_EQ(ShownPath(), home);
+    EXPECT_EQ(Drive(), "Home");
+    EXPECT_TRUE(Ok().isEnabled());
+    EXPECT_EQ(boxes.shown, 0);
+    fs::current_path(before);
+}
+
 TEST_F(FolderChooser, StandsOnDatiThatIsThereWithoutAMessage)
 {
     fs::create_directories(dati / "S12");

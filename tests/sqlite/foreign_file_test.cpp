@@ -174,6 +174,15 @@ TEST_F(ForeignFileTest, ANameOutsideUnicodeIsLikeAnyOther)
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
 }
 
+TEST_F(ForeignFileTest, AFolderOutsideUnicodeHoldsADatabaseLikeAnyOther)
+{
+    std::filesystem::create_directory(folder / "Citt\xE0");
+    survey.DatabasePath = folder / "Citt\xE0" / "tar_vex.mdb";
+    AddRow({{"b", "5"}});
+    EXPECT_TRUE(std::filesystem::is_regular_file(survey.DatabasePath));
+    EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
+}
+
 TEST_F(ForeignFileTest, AnyOtherNameWillDo)
 {
     survey.DatabasePath = folder / "citt\xC3\xA0 'x'; \"y\" %20?mode=ro&z #.mdb";

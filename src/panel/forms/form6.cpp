@@ -9,8 +9,6 @@
 #include "panel/one_line.h"
 
 #include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
 #include <QFormLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -26,12 +24,6 @@ namespace
 {
 constexpr const char* kNotWritable = "Reports cannot be written in this folder.";
 constexpr const char* kNotMade = "The new folder could not be made.";
-
-bool MayBeWritten(const std::filesystem::path& folder)
-{
-    const QFileInfo info(folder);
-    return info.isDir() && info.isWritable() && info.isExecutable();
-}
 } // namespace
 
 Form6::Form6(const World& world, QWidget* parent)
@@ -114,7 +106,7 @@ void Form6::Load()
     SkipOnError rule;
     const auto reports = world_.startFolder / kDefaultReportFolder;
     Attempt([&] { MakeFolder(reports); }); // fails when it is there already
-    Attempt([&] { Dir1->SetFolder(world_.startFolder); });
+    Attempt([&] { Dir1->SetFolder(places_.front().folder); });
     Attempt([&] { Dir1->SetFolder(reports); });
     ShowFolder();
 }
@@ -135,7 +127,7 @@ void Form6::ChangeDrive()
 void Form6::ShowFolder()
 {
     const auto folder = Dir1->Folder();
-    path_->ShowPath(QDir::toNativeSeparators(FromPath(folder)));
+    path_->ShowPath(FromPath(std::filesystem::path(folder).make_preferred()));
     const QSignalBlocker quiet(Drive1);
     Drive1->setCurrentIndex(static_cast<int>(NearestPlace(places_, folder)));
     const bool choosable = MayBeWritten(folder);
@@ -172,7 +164,7 @@ void Form6::AskNewFolder()
 
 void Form6::AddFolder(const QString& name)
 {
-    const auto folderName = QFileInfo(name).filesystemFilePath();
+    const auto folderName = ToPath(name);
     if (!IsFolderName(folderName)) return Refuse(kNotMade);
     try {
         const auto folder = Dir1->Folder() / folderName;

@@ -1,10 +1,14 @@
 #include "panel/forms/machine_places.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include "panel/forms/texts.h"
 
+#ifdef Q_OS_WIN
+#include <QDir>
 #include <algorithm>
+#else
+#include <cstdlib>
 #include <fstream>
+#endif
 
 namespace tarvex::panel
 {
@@ -15,7 +19,7 @@ std::vector<Place> MachinePlaces(const std::filesystem::path& startFolder)
 {
     std::vector<Place> places;
     for (const QFileInfo& drive : QDir::drives())
-        places.push_back({drive.filesystemFilePath(), drive.filesystemFilePath()});
+        places.push_back({ToPath(drive.filePath()), ToPath(drive.filePath())});
     std::stable_partition(places.begin(), places.end(), [&](const Place& place) {
         return place.folder.root_name() == startFolder.root_name();
     });
@@ -27,8 +31,8 @@ std::vector<Place> MachinePlaces(const std::filesystem::path& startFolder)
 std::vector<Place> MachinePlaces(const std::filesystem::path& startFolder)
 {
     std::ifstream mountTable("/proc/self/mountinfo");
-    return UnixPlaces(startFolder, QFileInfo(QDir::homePath()).filesystemFilePath(),
-                      MountPoints(mountTable));
+    const char* const home = std::getenv("HOME");
+    return UnixPlaces(startFolder, home != nullptr ? home : "", MountPoints(mountTable));
 }
 
 #endif

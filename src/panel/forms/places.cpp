@@ -69,7 +69,8 @@ std::vector<Place> UnixPlaces(const std::filesystem::path& startFolder,
                               const std::filesystem::path& home,
                               const std::vector<std::filesystem::path>& mountPoints)
 {
-    std::vector<Place> places{{"Start folder", startFolder}};
+    std::vector<Place> places;
+    AddOnce(places, "Start folder", startFolder);
     AddOnce(places, "Home", home);
     for (const auto& point : mountPoints) {
         const bool removable = std::any_of(kRemovableMedia.begin(), kRemovableMedia.end(),

@@ -18,9 +18,9 @@ struct Place {
 /// the table alone: asking each volume would hang on a server that is away.
 std::vector<std::filesystem::path> MountPoints(std::istream& mountTable);
 
-/// The places of a machine without drive letters: the start folder, which is always the first, the
-/// home folder, the volumes mounted where desktops put removable media, the whole file system.
-/// A folder comes once.
+/// The places of a machine without drive letters: the start folder, which is the first unless it is
+/// empty, the home folder, the volumes mounted where desktops put removable media, the whole file
+/// system. A folder comes once.
 std::vector<Place> UnixPlaces(const std::filesystem::path& startFolder,
                               const std::filesystem::path& home,
                               const std::vector<std::filesystem::path>& mountPoints);

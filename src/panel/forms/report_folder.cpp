@@ -5,6 +5,11 @@
 #include <string>
 #include <system_error>
 
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace tarvex::panel
 {
 
@@ -25,6 +30,17 @@ bool CanBeListed(const std::filesystem::path& folder)
     std::error_code error;
     const std::filesystem::directory_iterator entries(folder, error);
     return !error;
+}
+
+bool MayBeWritten(const std::filesystem::path& folder)
+{
+    std::error_code unknown;
+    if (!std::filesystem::is_directory(folder, unknown)) return false;
+#ifdef _WIN32
+    return true;
+#else
+    return ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+#endif
 }
 
 bool CanBeWritten(const std::filesystem::path& folder)

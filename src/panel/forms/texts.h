@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/path_text.h"
+
 #include <QString>
 
 #include <filesystem>
@@ -17,8 +19,13 @@ inline QString FromSource(std::string_view text)
 /// A path or a name as windows show it.
 inline QString FromPath(const std::filesystem::path& path)
 {
-    const auto utf8 = path.u8string();
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    return QString::fromStdU16String(path_text::Unicode(path));
+}
+
+/// The path or name that the operator has typed.
+inline std::filesystem::path ToPath(const QString& text)
+{
+    return path_text::FromUnicode(text.toStdU16String());
 }
 
 } // namespace tarvex::panel

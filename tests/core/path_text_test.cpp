@@ -1,0 +1,55 @@
+#include "core/path_text.h"
+
+#include "support/logic_test.h"
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using std::filesystem::path;
+
+TEST(PathText, ShowsAPathInUnicode)
+{
+    EXPECT_EQ(path_text::Unicode(path(u8"/srv/città/€ 𝄞")), u"/srv/città/€ 𝄞");
+}
+
+TEST(PathText, FindsThePathOfAText)
+{
+    EXPECT_EQ(path_text::FromUnicode(u"/srv/città/€ 𝄞"), path(u8"/srv/città/€ 𝄞"));
+    EXPECT_EQ(path_text::FromUnicode(u""), path());
+}
+
+TEST(PathText, ShowsAReplacementForBytesThatAreNoUtf8)
+{
+    EXPECT_EQ(path_text::Unicode("/srv/Citt\xE0/dati"), u"/srv/Citt\uFFFD/dati");
+    EXPECT_EQ(path_text::Unicode("\xED\xA0\x80"), u"\uFFFD") << "a surrogate is no character";
+    EXPECT_EQ(path_text::Unicode("\xF4\x90\x80\x80"), u"\uFFFD") << "beyond Unicode";
+}
+
+TEST(PathText, ReplacesHalfASurrogatePair)
+{
+    const std::u16string half = {u'a', char16_t{0xD834}, u'b'};
+    EXPECT_EQ(path_text::FromUnicode(half), path(u8"a\uFFFDb"));
+    EXPECT_EQ(path_text::FromUnicode(std::u16string(1, char16_t{0xDD1E})), path(u8"\uFFFD"));
+}
+
+TEST(PathText, TellsWhichPathsATextLeadsBackTo)
+{
+    EXPECT_TRUE(path_text::IsUnicode(""));
+    EXPECT_TRUE(path_text::IsUnicode(path(u8"/srv/città/𝄞/\uFFFD")));
+    EXPECT_FALSE(path_text::IsUnicode("/srv/Citt\xE0"));
+    EXPECT_FALSE(path_text::IsUnicode("/srv/\xED\xA0\x80"));
+}
+
+TEST(PathText, EveryByteInAPathIsShownAndNoneFails)
+{
+    for (int code = 1; code < 256; ++code) {
+        const path odd(std::string("/a") + static_cast<char>(code) + "b");
+        EXPECT_GE(path_text::Unicode(odd).size(), 3U) << code;
+        EXPECT_EQ(path_text::IsUnicode(odd), code < 128) << code;
+    }
+}
+
+} // namespace
+} // namespace tarvex::tests
