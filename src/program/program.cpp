@@ -1,13 +1,26 @@
 #include "program/program.h"
 
+#include "core/failure.h"
 #include "core/start_up.h"
 #include "panel/forms/picture.h"
 #include "panel/look.h"
+#include "platform/qt_application.h"
 
-#include <QApplication>
+#include <utility>
 
 namespace tarvex
 {
+
+namespace
+{
+
+void CatchWhatEventsRaise(platform::Application::Report report)
+{
+    auto* const application = dynamic_cast<platform::Application*>(qApp);
+    if (application != nullptr) application->OnFailure(std::move(report));
+}
+
+} // namespace
 
 Program::Program(const std::filesystem::path& startFolder,
                  const std::filesystem::path& programFolder)
@@ -27,9 +40,15 @@ Program::Program(const std::filesystem::path& startFolder,
     databaseForms_.Dress(panel::ApplyLook);
     QApplication::setQuitOnLastWindowClosed(false); // the splash goes before the main form comes
     end_.OnEnd([this] { QCoreApplication::exit(end_.Status()); });
+    CatchWhatEventsRaise([this](const std::string& reason) {
+        handlers_.Run([&] { throw RunTimeFailure(reason); });
+    });
 }
 
-Program::~Program() = default;
+Program::~Program()
+{
+    CatchWhatEventsRaise({});
+}
 
 void Program::Start()
 {

@@ -54,7 +54,12 @@ void ProgramTest::Start(const QStringList& unitOptions)
 void ProgramTest::StartAlone()
 {
     if (!unit) std::filesystem::create_symlink(folder / "nowhere", folder / "com1");
-    program = std::make_unique<Program>(folder.Path(), folder.Path());
+    StartIn(folder.Path());
+}
+
+void ProgramTest::StartIn(const std::filesystem::path& startFolder)
+{
+    program = std::make_unique<Program>(startFolder, folder.Path());
     program->ShowMainForm();
     if (!BecomesActive(*program->MainForm())) {
         throw std::runtime_error("the main form does not become active");

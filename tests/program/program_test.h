@@ -29,6 +29,9 @@ protected:
     /// Starts the program without a unit.
     void StartAlone();
 
+    /// As StartAlone, with that as the folder that it was started in.
+    void StartIn(const std::filesystem::path& startFolder);
+
     /// The operator at the main form.
     Operator& AtPanel() { return *operator_; }
 

@@ -160,6 +160,14 @@ TEST_F(UnitProgram, RefusesALinkInPlaceOfAFileOrOfAnotherLink)
     EXPECT_EQ(fs::read_symlink(In("adapter")), In("file"));
 }
 
+TEST_F(UnitProgram, TellsItsVersionAndStartsNothing)
+{
+    RunningUnit unit({"--link", In("com1"), "--version"});
+    EXPECT_EQ(unit.Terminal(), "tarvex-unit " TARVEX_VERSION);
+    EXPECT_EQ(unit.ExitStatus(), 0);
+    EXPECT_FALSE(fs::is_symlink(In("com1")));
+}
+
 TEST_F(UnitProgram, LeavesALinkThatSomebodyElseHasPutInItsPlace)
 {
     RunningUnit unit({"--fast", "--link", In("com1")});

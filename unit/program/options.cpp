@@ -57,6 +57,7 @@ void AddAdapter(CLI::App& app, Options& options)
 
 void Describe(CLI::App& app, Options& options, bool& fast)
 {
+    app.set_version_flag("--version", "tarvex-unit " TARVEX_VERSION, "shows the version and exits");
     app.add_option("--link", options.link, "symbolic link to the terminal, removed at the end");
     app.add_option("--memory", options.memory,
                    "file that keeps the memory: loaded if it exists, saved after writes and at "

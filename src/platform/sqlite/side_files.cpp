@@ -190,7 +190,7 @@ void RemoveForeignSideFiles(const SqliteConnection& connection)
     if (Exists(journal) && !JournalBelongs(database, journal)) Remove(journal);
     if (Exists(log) && !LogBelongs(database, name, log)) {
         Remove(log);
-        Remove(std::filesystem::path(name).concat("-shm").string());
+        Remove(std::filesystem::path(name).concat("-shm").native());
     }
 }
 
