@@ -1,14 +1,31 @@
 #pragma once
 
+#include "survey/compare.h"
+#include "survey/listing.h"
 #include "survey/survey.h"
+#include "survey/verdict.h"
 
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace tarvex::survey
 {
 
 /// A survey as JSON: "files", "head", "unfinished", "rows" with "depth" in metres and one number a
-/// column (null where none is), "anomalies". UTF-8, with a line end behind it.
+/// column (null where none is), "anomalies". All JSON is UTF-8 with a line end behind it.
 std::string JsonOf(const Survey& survey);
+
+/// A survey and its verdict: as above, with "verdict" beside it.
+std::string JsonOf(const Survey& survey, const Verdict& verdict);
+
+/// "line", "good", "findings", "sums", "notes".
+std::string JsonOf(const Verdict& verdict);
+
+/// "pairs" with one row a depth, "notes"; millimetres too with a probe.
+std::string JsonOf(const Comparison& comparison, const std::optional<Probe>& probe);
+
+/// One entry a survey: "path", "head", "hasHead", "hasData".
+std::string JsonOf(const std::vector<ListedSurvey>& surveys);
 
 } // namespace tarvex::survey

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "survey/compare.h"
 #include "survey/survey.h"
+#include "survey/verdict.h"
 
 #include <nlohmann/json.hpp>
 
@@ -13,7 +15,10 @@ namespace tarvex::survey
 using Json = nlohmann::ordered_json;
 
 Json Value(const Survey& survey);
+Json Value(const Head& head);
 Json Value(const Anomaly& anomaly);
+Json Value(const Verdict& verdict);
+Json Value(const Comparison& comparison, const std::optional<Probe>& probe);
 
 /// Tenths of a metre as a number of metres.
 Json MetresValue(int tenths);

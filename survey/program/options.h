@@ -1,21 +1,46 @@
 #pragma once
 
+#include "survey/check_limits.h"
+#include "survey/compare.h"
+#include "survey/csv.h"
+
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tarvex::survey
 {
 
-enum class Command { None, Show };
+enum class Command { Window, Show, Check, Compare, Export, List };
+
+/// Where the exports of one survey go; empty where none is asked for, "-" for the standard output.
+struct ExportPaths {
+    std::string csv;
+    std::string json;
+    std::string xlsx;
+    std::string svg;
+    std::string png;
+    std::string pdf;
+
+    bool Any() const;
+    bool AnyPicture() const { return !(svg.empty() && png.empty() && pdf.empty()); }
+};
 
 /// What the command line asks for.
 struct Options {
-    Command command = Command::None;
-    std::vector<std::string> files;
+    Command command = Command::Window;
+    std::vector<std::string> files; ///< of compare, the base first; of list, the folder
     bool json = false;
+    Limits limits;
+    SumFrom sumFrom = SumFrom::Bottom;
+    std::optional<Probe> probe;
+    std::string base; ///< of an export, the report that its plots compare with
+    ExportPaths exports;
+    CsvForm csv;
+    std::string remark;
 };
 
-/// Exit statuses: all is well; a check failed; the command line or a file is not usable.
+/// Exit statuses: all is well; a check failed; the command line or a file is of no use.
 inline constexpr int kGood = 0;
 inline constexpr int kCheckFailed = 1;
 inline constexpr int kUnusable = 2;

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "survey/program/options.h"
+#include "survey/verdict.h"
+
+namespace tarvex::survey
+{
+
+/// Writes the pictures that the options ask for, without any display. Throws Refusal for a file
+/// that cannot be written or a base of another tube.
+void WritePictures(const Options& options, const Survey& survey, const Verdict& verdict);
+
+} // namespace tarvex::survey

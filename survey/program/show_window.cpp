@@ -1,0 +1,57 @@
+#include "survey/program/show_window.h"
+
+#include "survey/load.h"
+#include "survey/window/main_window.h"
+
+#include <QApplication>
+
+#include <filesystem>
+
+namespace tarvex::survey
+{
+
+namespace
+{
+namespace fs = std::filesystem;
+
+/// Qt ends the process without a word of its own where no display is.
+void RequireDisplay()
+{
+    for (const char* name : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"})
+        if (!qEnvironmentVariableIsEmpty(name)) return;
+    throw Refusal("there is no display for a window; --help tells the commands that need none");
+}
+
+void Open(MainWindow& window, const fs::path& path)
+{
+    std::error_code error;
+    if (fs::is_directory(path, error))
+        window.OpenFolder(path);
+    else
+        window.OpenFile(path);
+}
+} // namespace
+
+int ShowWindow(const Options& options)
+{
+    std::error_code error;
+    for (const auto& file : options.files)
+        if (!fs::exists(file, error)) throw Refusal(Shown(file) + " is not there");
+    RequireDisplay();
+
+    int count = 1;
+    char name[] = "tarvex-survey";
+    char* arguments[] = {name, nullptr};
+    const QApplication application(count, arguments);
+    QCoreApplication::setApplicationName(QStringLiteral("tarvex-survey"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.tarvex.Survey"));
+    MainWindow window;
+    if (!options.files.empty())
+        Open(window, options.files.front());
+    else if (fs::is_directory("dati", error))
+        window.OpenFolder("dati");
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace tarvex::survey

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "survey/survey.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvex::survey
+{
+
+/// A number of a table and how it is written; nothing where there is none.
+struct SheetCell {
+    std::optional<double> value;
+    int decimals = 0;
+};
+
+/// A survey as a table of numbers: depth, readings, sums and half differences.
+struct Sheet {
+    std::vector<std::string> titles;
+    std::vector<std::vector<SheetCell>> rows;
+};
+
+Sheet SheetOf(const Survey& survey);
+
+} // namespace tarvex::survey

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "survey/check_limits.h"
+#include "survey/listing.h"
+#include "survey/window/plot_view.h"
+#include "survey/window/row_model.h"
+
+#include <QFileSystemWatcher>
+#include <QMainWindow>
+#include <QTimer>
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QTabBar;
+class QTableView;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace tarvex::survey
+{
+
+/// The surveys of a folder as a tree, and what the chosen ones show.
+class MainWindow : public QMainWindow
+{
+public:
+    MainWindow();
+
+    /// Shows the surveys of a folder and watches it.
+    void OpenFolder(const std::filesystem::path& folder);
+
+    /// Shows the folder of a report and chooses that report; a file that is no report is told in
+    /// the status line.
+    void OpenFile(const std::filesystem::path& file);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildCentre();
+    QWidget* BuildSide();
+    void Relist();
+    void AddOpened();
+    void FillTree();
+    void Choose(const std::filesystem::path& path);
+    void ShowChosen();
+    void LoadChosen();
+    void FillBases();
+    void ShowPlots();
+    void ShowBase();
+    void PointToDepth(double tenths);
+    void AskForFolder();
+    void AskForFile();
+    void Export();
+    void Print();
+    void Tell(const std::string& sentence);
+    std::vector<std::filesystem::path> ChosenPaths() const;
+
+    std::filesystem::path folder_;
+    std::filesystem::path opened_; ///< a report that was asked for by itself
+    std::vector<ListedSurvey> listed_;
+    std::vector<Survey> chosen_; // the newest last
+    std::optional<Survey> base_;
+    Verdict verdict_;
+    Limits limits_;
+    QFileSystemWatcher watcher_;
+    QTimer relist_;
+    QTreeWidget* tree_ = nullptr;
+    QLabel* verdictLine_ = nullptr;
+    QTabBar* kinds_ = nullptr;
+    QComboBox* bases_ = nullptr;
+    PlotView* plot_ = nullptr;
+    QTableView* table_ = nullptr;
+    RowModel rows_;
+};
+
+} // namespace tarvex::survey

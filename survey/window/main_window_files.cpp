@@ -1,0 +1,117 @@
+#include "survey/window/main_window.h"
+
+#include "survey/csv.h"
+#include "survey/json.h"
+#include "survey/load.h"
+#include "survey/output_file.h"
+#include "survey/window/picture.h"
+#include "survey/xlsx.h"
+
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include <stdexcept>
+
+namespace tarvex::survey
+{
+
+namespace
+{
+namespace fs = std::filesystem;
+
+constexpr const char* kExports = "One sheet (*.pdf);;Plots (*.svg);;Picture (*.png);;"
+                                 "Spreadsheet (*.xlsx);;Table (*.csv);;Everything (*.json)";
+
+void WriteAs(const PictureSubject& subject, const fs::path& path)
+{
+    const std::vector<fs::path> inputs(subject.survey.files.begin(), subject.survey.files.end());
+    const auto ending = path.extension().string();
+    const auto write = [&](auto writer) {
+        WriteOutput(path, inputs, [&](const fs::path& part) { writer(subject, part); });
+    };
+    if (ending == ".pdf") return write(WritePdf);
+    if (ending == ".svg") return write(WriteSvg);
+    if (ending == ".png") return write(WritePng);
+    if (ending == ".csv") return WriteText(path, inputs, CsvOf(subject.survey, DesktopForm()));
+    if (ending == ".json") return WriteText(path, inputs, JsonOf(subject.survey, subject.verdict));
+    if (ending == ".xlsx")
+        return WriteOutput(path, inputs, [&](const fs::path& part) {
+            WriteXlsx(subject.survey, subject.verdict, part);
+        });
+    throw Refusal(Shown(path) + " is not written: its ending is none of pdf, svg, png, xlsx, csv, "
+                                "json");
+}
+} // namespace
+
+void MainWindow::BuildMenus()
+{
+    auto* const file = menuBar()->addMenu(QStringLiteral("&File"));
+    const auto add = [&](const QString& text, const QKeySequence& keys, auto handler) {
+        auto* const action = file->addAction(text, this, handler);
+        action->setShortcut(keys);
+    };
+    add(QStringLiteral("&Open report..."), QKeySequence::Open, [this] { AskForFile(); });
+    add(QStringLiteral("Open &folder..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+        [this] { AskForFolder(); });
+    file->addSeparator();
+    add(QStringLiteral("&Export..."), QKeySequence(Qt::CTRL | Qt::Key_E), [this] { Export(); });
+    add(QStringLiteral("&Print..."), QKeySequence::Print, [this] { Print(); });
+    file->addSeparator();
+    add(QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
+}
+
+void MainWindow::AskForFolder()
+{
+    const auto folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Open folder"));
+    if (!folder.isEmpty()) OpenFolder(folder.toStdString());
+}
+
+void MainWindow::AskForFile()
+{
+    const auto file = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Open report"), {},
+        QStringLiteral(
+            "Reports (*-dat.dat *-num.dat *-DAT.DAT *-NUM.DAT datiram.dat);;All files (*)"));
+    if (!file.isEmpty()) OpenFile(file.toStdString());
+}
+
+void MainWindow::Export()
+{
+    if (chosen_.empty()) return Tell("No survey is chosen");
+    const auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"), {},
+                                                   QString::fromLatin1(kExports));
+    if (path.isEmpty()) return;
+    bool goOn = true;
+    std::string remark;
+    if (path.endsWith(QStringLiteral(".pdf")))
+        remark = QInputDialog::getText(this, QStringLiteral("Export"),
+                                       QStringLiteral("Remark for the sheet:"), QLineEdit::Normal,
+                                       {}, &goOn)
+                     .toStdString();
+    if (!goOn) return;
+    try {
+        WriteAs({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, remark},
+                path.toStdString());
+        Tell("Written: " + path.toStdString());
+    } catch (const Refusal& refusal) {
+        Tell(refusal.what());
+    }
+}
+
+void MainWindow::Print()
+{
+    if (chosen_.empty()) return Tell("No survey is chosen");
+    QPrinter printer(QPrinter::HighResolution);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    try {
+        PrintSheet({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, {}}, printer);
+    } catch (const std::runtime_error& failure) {
+        Tell(failure.what());
+    }
+}
+
+} // namespace tarvex::survey

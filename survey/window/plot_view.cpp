@@ -1,0 +1,172 @@
+#include "survey/window/plot_view.h"
+
+#include "survey/window/plotter.h"
+
+namespace tarvex::survey
+{
+
+namespace
+{
+constexpr double kMetre = 10; // tenths
+
+PlotColours ColoursOf(const QPalette& palette)
+{
+    PlotColours colours{palette.color(QPalette::Base), palette.color(QPalette::Text), {}};
+    colours.grid = colours.ink;
+    colours.grid.setAlphaF(0.2F);
+    return colours;
+}
+} // namespace
+
+PlotView::PlotView(QWidget* parent) : QCustomPlot(parent)
+{
+    setObjectName(QStringLiteral("plot"));
+    setAccessibleName(QStringLiteral("Plots of channels A and B against the depth"));
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setMinimumSize(320, 200);
+    setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
+    Redraw();
+}
+
+void PlotView::Show(PlotPage page)
+{
+    page_ = std::move(page);
+    Redraw();
+}
+
+void PlotView::Redraw()
+{
+    pointers_.clear();
+    Draw(*this, {page_}, ColoursOf(palette()));
+    ShareDepth();
+    AddPointer();
+    replot(rpQueuedReplot);
+}
+
+/// Both channels always show the same stretch of the tube.
+void PlotView::ShareDepth()
+{
+    const auto rects = axisRects();
+    for (auto* const one : rects)
+        for (auto* const other : rects)
+            if (one != other)
+                connect(
+                    one->axis(QCPAxis::atLeft), qOverload<const QCPRange&>(&QCPAxis::rangeChanged),
+                    other->axis(QCPAxis::atLeft), qOverload<const QCPRange&>(&QCPAxis::setRange));
+}
+
+void PlotView::AddPointer()
+{
+    for (auto* const rect : axisRects()) {
+        auto* const line = new QCPItemStraightLine(this);
+        line->setClipAxisRect(rect);
+        line->setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+        for (auto* const position : {line->point1, line->point2}) {
+            position->setAxisRect(rect);
+            position->setAxes(rect->axis(QCPAxis::atBottom), rect->axis(QCPAxis::atLeft));
+        }
+        pointers_.push_back(line);
+    }
+    PointTo(pointed_);
+}
+
+void PlotView::PointTo(double tenths)
+{
+    pointed_ = tenths;
+    for (auto* const line : pointers_) {
+        line->point1->setCoords(0, tenths / kMetre);
+        line->point2->setCoords(1, tenths / kMetre);
+    }
+    replot(rpQueuedReplot);
+}
+
+void PlotView::Point(double tenths)
+{
+    PointTo(tenths);
+    if (depthPointed) depthPointed(tenths);
+}
+
+/// To the next depth that the newest survey has.
+void PlotView::Step(int direction)
+{
+    if (page_.a.curves.empty()) return;
+    const auto& points = page_.a.curves.back().points;
+    const survey::Point* next = nullptr;
+    for (const auto& point : points) {
+        const double away = (point.depth - pointed_) * direction;
+        if (away > 0.01 && (next == nullptr || away < (next->depth - pointed_) * direction))
+            next = &point;
+    }
+    if (next != nullptr) Point(next->depth);
+}
+
+void PlotView::Zoom(double factor)
+{
+    for (auto* const rect : axisRects())
+        rect->axis(QCPAxis::atBottom)->scaleRange(factor);
+    if (!axisRects().isEmpty()) axisRect(0)->axis(QCPAxis::atLeft)->scaleRange(factor);
+    replot(rpQueuedReplot);
+}
+
+void PlotView::Move(QCPAxis::AxisType type, double part)
+{
+    for (auto* const rect : axisRects()) {
+        auto* const axis = rect->axis(type);
+        axis->moveRange(axis->range().size() * part);
+        if (type == QCPAxis::atLeft) break; // the other follows
+    }
+    replot(rpQueuedReplot);
+}
+
+void PlotView::mouseMoveEvent(QMouseEvent* event)
+{
+    QCustomPlot::mouseMoveEvent(event);
+    if (auto* const rect = axisRectAt(event->position());
+        rect != nullptr && event->buttons() == Qt::NoButton)
+        Point(rect->axis(QCPAxis::atLeft)->pixelToCoord(event->position().y()) * kMetre);
+}
+
+void PlotView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QCustomPlot::mouseDoubleClickEvent(event);
+    FitAxes(*this);
+    replot(rpQueuedReplot);
+}
+
+void PlotView::keyPressEvent(QKeyEvent* event)
+{
+    constexpr double kCloser = 0.8;
+    constexpr double kPart = 0.1;
+    switch (event->key()) {
+    case Qt::Key_Up:
+        return Step(-1);
+    case Qt::Key_Down:
+        return Step(1);
+    case Qt::Key_Plus:
+        return Zoom(kCloser);
+    case Qt::Key_Minus:
+        return Zoom(1 / kCloser);
+    case Qt::Key_Left:
+        return Move(QCPAxis::atBottom, -kPart);
+    case Qt::Key_Right:
+        return Move(QCPAxis::atBottom, kPart);
+    case Qt::Key_PageUp:
+        return Move(QCPAxis::atLeft, -kPart);
+    case Qt::Key_PageDown:
+        return Move(QCPAxis::atLeft, kPart);
+    case Qt::Key_Home:
+        FitAxes(*this);
+        return replot(rpQueuedReplot);
+    default:
+        QCustomPlot::keyPressEvent(event);
+    }
+}
+
+void PlotView::changeEvent(QEvent* event)
+{
+    QCustomPlot::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Redraw();
+}
+
+} // namespace tarvex::survey

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "survey/window/plot_page.h"
+
+#include <qcustomplot.h>
+
+#include <functional>
+
+namespace tarvex::survey
+{
+
+/// One page of plots that follows the pointer: a line across both channels at the pointed depth.
+///
+/// Wheel and drag zoom and move; the keys Up and Down point to the next depth, Plus and Minus zoom,
+/// Left and Right move the values, Page Up and Page Down the depth, Home shows all again.
+class PlotView : public QCustomPlot
+{
+public:
+    explicit PlotView(QWidget* parent = nullptr);
+
+    /// Told of the pointed depth, in tenths of a metre.
+    std::function<void(double)> depthPointed;
+
+    void Show(PlotPage page);
+
+    /// Points to a depth without telling of it.
+    void PointTo(double tenths);
+
+    const PlotPage& Page() const { return page_; }
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Redraw();
+    void AddPointer();
+    void ShareDepth();
+    void Point(double tenths);
+    void Step(int direction);
+    void Zoom(double factor);
+    void Move(QCPAxis::AxisType type, double part);
+
+    PlotPage page_;
+    double pointed_ = 0; // tenths
+    std::vector<QCPItemStraightLine*> pointers_;
+};
+
+} // namespace tarvex::survey

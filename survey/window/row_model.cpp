@@ -1,0 +1,97 @@
+#include "survey/window/row_model.h"
+
+#include <QColor>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include <cmath>
+
+namespace tarvex::survey
+{
+
+namespace
+{
+QString CellText(const SheetCell& cell)
+{
+    return cell.value ? QString::number(*cell.value, 'f', cell.decimals) : QStringLiteral("-");
+}
+
+/// A colour behind a faulty row that keeps its text legible on light and on dark.
+QColor FaultColour()
+{
+    const bool dark = QGuiApplication::palette().color(QPalette::Base).lightness() < 128;
+    return dark ? QColor(96, 40, 30) : QColor(255, 222, 210);
+}
+} // namespace
+
+void RowModel::Show(const Survey& survey, const Verdict& verdict)
+{
+    beginResetModel();
+    sheet_ = SheetOf(survey);
+    depths_.clear();
+    for (const auto& row : survey.rows)
+        depths_.push_back(row.depth);
+    faults_.clear();
+    for (const auto& finding : verdict.findings)
+        for (const int depth : finding.depths) {
+            auto& text = faults_[depth];
+            if (!text.isEmpty()) text += QStringLiteral("; ");
+            text += QString::fromStdString(finding.check + ": " + finding.text);
+        }
+    endResetModel();
+}
+
+void RowModel::Clear()
+{
+    Show({}, {});
+}
+
+int RowModel::RowNear(double tenths) const
+{
+    int nearest = -1;
+    for (std::size_t i = 0; i < depths_.size(); ++i)
+        if (nearest < 0 || std::abs(depths_[i] - tenths) <
+                               std::abs(depths_[static_cast<std::size_t>(nearest)] - tenths))
+            nearest = static_cast<int>(i);
+    return nearest;
+}
+
+int RowModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(sheet_.rows.size());
+}
+
+int RowModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(sheet_.titles.size()) + 1;
+}
+
+QString RowModel::FaultAt(int row) const
+{
+    const auto found = faults_.find(depths_[static_cast<std::size_t>(row)]);
+    return found == faults_.end() ? QString() : found->second;
+}
+
+QVariant RowModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid()) return {};
+    const auto& row = sheet_.rows[static_cast<std::size_t>(index.row())];
+    const auto column = static_cast<std::size_t>(index.column());
+    if (role == Qt::DisplayRole)
+        return column < row.size() ? CellText(row[column]) : FaultAt(index.row());
+    if (role == Qt::TextAlignmentRole && column < row.size())
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::BackgroundRole && !FaultAt(index.row()).isEmpty()) return FaultColour();
+    if (role == Qt::ToolTipRole) return FaultAt(index.row());
+    return {};
+}
+
+QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    const auto column = static_cast<std::size_t>(section);
+    return column < sheet_.titles.size() ? QString::fromStdString(sheet_.titles[column])
+                                         : QStringLiteral("Against it");
+}
+
+} // namespace tarvex::survey

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "survey/sheet.h"
+#include "survey/verdict.h"
+
+#include <QAbstractTableModel>
+#include <map>
+
+namespace tarvex::survey
+{
+
+/// The table of a survey, one row a depth; what the verdict holds against a depth stands in words
+/// in the last column, and its row is coloured.
+class RowModel : public QAbstractTableModel
+{
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void Show(const Survey& survey, const Verdict& verdict);
+    void Clear();
+
+    /// The row of the depth nearest to that one, in tenths of a metre; -1 without rows.
+    int RowNear(double tenths) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString FaultAt(int row) const;
+
+    Sheet sheet_;
+    std::vector<int> depths_;
+    std::map<int, QString> faults_; // by depth
+};
+
+} // namespace tarvex::survey

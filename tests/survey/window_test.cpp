@@ -1,0 +1,211 @@
+#include "survey/window/main_window.h"
+
+#include "survey/downloads.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTableView>
+#include <QTest>
+#include <QTreeWidget>
+
+namespace tarvex::survey
+{
+namespace
+{
+
+using ::testing::HasSubstr;
+
+class WindowTest : public ::testing::Test
+{
+protected:
+    WindowTest()
+    {
+        for (const int number : {0, 1, 2})
+            tests::Download(folder_.Path(), "1:depth=20,moved=" + std::to_string(number) +
+                                                ",nlet=0" + std::to_string(number));
+    }
+
+    template <class Widget>
+    Widget& Find(const char* name)
+    {
+        auto* const widget = window_.findChild<Widget*>(QLatin1String(name));
+        if (widget == nullptr) throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+
+    std::string Verdict() { return Find<QLabel>("verdict").text().toStdString(); }
+    PlotView& Plot() { return Find<PlotView>("plot"); }
+
+    tests::TemporaryFolder folder_;
+    MainWindow window_;
+};
+
+TEST_F(WindowTest, ShowsTheFoldersTreeAndItsLastReading)
+{
+    window_.OpenFolder(folder_.Path());
+    auto& tree = Find<QTreeWidget>("tree");
+    ASSERT_EQ(tree.topLevelItemCount(), 1);
+    const auto* const tube = tree.topLevelItem(0)->child(0)->child(0);
+    EXPECT_EQ(tube->text(0), "T1");
+    ASSERT_EQ(tube->childCount(), 3);
+    EXPECT_TRUE(tube->child(2)->isSelected());
+    EXPECT_EQ(Verdict(), "Verdict: good");
+    EXPECT_EQ(Find<QTableView>("table").model()->rowCount(), 40);
+}
+
+TEST_F(WindowTest, ShowsTheReportThatItIsGiven)
+{
+    const auto spike = tests::Download(folder_.Path(), "4:depth=20,spike=12.5");
+    window_.OpenFile(tests::DataReportOf(spike));
+    EXPECT_EQ(Verdict(), "Verdict: read again at 12.5 m (A)");
+    const auto& table = *Find<QTableView>("table").model();
+    EXPECT_THAT(table.index(24, table.columnCount() - 1).data().toString().toStdString(),
+                HasSubstr("spike: the half difference"));
+    EXPECT_TRUE(table.index(24, 0).data(Qt::BackgroundRole).isValid());
+    EXPECT_FALSE(table.index(23, 0).data(Qt::BackgroundRole).isValid());
+}
+
+TEST_F(WindowTest, ShowsAWorkFileByItsName)
+{
+    window_.OpenFile(folder_ / "datiram.dat");
+    EXPECT_EQ(Verdict(), "Verdict: good");
+    EXPECT_EQ(Find<QTableView>("table").model()->rowCount(), 40);
+}
+
+TEST_F(WindowTest, TellsAFileThatIsNoReportInOneSentence)
+{
+    tests::WriteFile(folder_ / "notes.txt", "hello");
+    window_.OpenFile(folder_ / "notes.txt");
+    EXPECT_THAT(window_.statusBar()->currentMessage().toStdString(), HasSubstr("is no report"));
+}
+
+TEST_F(WindowTest, NoticesADownloadByItself)
+{
+    window_.OpenFolder(folder_.Path());
+    tests::Download(folder_.Path(), "2:depth=20,client=NEW");
+    auto& tree = Find<QTreeWidget>("tree");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 2; }, 60'000));
+    EXPECT_EQ(Verdict(), "Verdict: good");
+    EXPECT_TRUE(tree.topLevelItem(0)->child(0)->child(0)->child(2)->isSelected());
+}
+
+TEST_F(WindowTest, DrawsEachKindForBothChannels)
+{
+    window_.OpenFolder(folder_.Path());
+    auto& kinds = Find<QTabBar>("kinds");
+    ASSERT_EQ(kinds.count(), 4);
+    const std::array<std::size_t, 4> curves{2, 1, 1, 1};
+    for (int kind = 0; kind < 4; ++kind) {
+        kinds.setCurrentIndex(kind);
+        EXPECT_EQ(Plot().Page().a.curves.size(), curves[static_cast<std::size_t>(kind)]);
+        EXPECT_EQ(Plot().Page().b.curves.size(), curves[static_cast<std::size_t>(kind)]);
+        EXPECT_EQ(Plot().axisRectCount(), 2);
+    }
+    EXPECT_NEAR(Plot().Page().a.curves[0].points.front().value, 9 * 24, 30);
+}
+
+TEST_F(WindowTest, HoldsAgainstTheBaseThatIsChosen)
+{
+    window_.OpenFolder(folder_.Path());
+    Find<QTabBar>("kinds").setCurrentIndex(3);
+    auto& bases = Find<QComboBox>("bases");
+    ASSERT_EQ(bases.count(), 3);
+    EXPECT_EQ(bases.currentIndex(), 0);
+    bases.setCurrentIndex(1);
+    Q_EMIT bases.activated(1);
+    EXPECT_NEAR(Plot().Page().a.curves[0].points.front().value, 9 * 12, 30);
+}
+
+TEST_F(WindowTest, LaysReadingsOverEachOtherTheNewestStrongest)
+{
+    window_.OpenFolder(folder_.Path());
+    Find<QTreeWidget>("tree").topLevelItem(0)->child(0)->child(0)->child(0)->setSelected(true);
+    const auto& curves = Plot().Page().a.curves;
+    ASSERT_EQ(curves.size(), 4U);
+    EXPECT_FALSE(curves[0].strong);
+    EXPECT_EQ(curves[0].name, "A1, readout 00");
+    EXPECT_TRUE(curves[3].strong);
+    EXPECT_EQ(curves[3].name, "A3, readout 02");
+}
+
+TEST_F(WindowTest, MarksThePointedDepthInTheTableAndTellsItsValues)
+{
+    window_.OpenFolder(folder_.Path());
+    Plot().PointTo(0);
+    QTest::keyClick(&Plot(), Qt::Key_Down);
+    QTest::keyClick(&Plot(), Qt::Key_Down);
+    EXPECT_EQ(Find<QTableView>("table").currentIndex().row(), 1);
+    EXPECT_THAT(window_.statusBar()->currentMessage().toStdString(), HasSubstr("Depth 1.0   A1 "));
+    QTest::keyClick(&Plot(), Qt::Key_Up);
+    EXPECT_EQ(Find<QTableView>("table").currentIndex().row(), 0);
+}
+
+TEST_F(WindowTest, ZoomsByKeysInBothChannelsAndShowsAllAgain)
+{
+    window_.OpenFolder(folder_.Path());
+    const auto depth = [&](int rect) {
+        return Plot().axisRect(rect)->axis(QCPAxis::atLeft)->range();
+    };
+    const auto whole = depth(0);
+    QTest::keyClick(&Plot(), Qt::Key_Plus);
+    EXPECT_NEAR(depth(0).size(), whole.size() * 0.8, 1e-9);
+    EXPECT_EQ(depth(0), depth(1));
+    QTest::keyClick(&Plot(), Qt::Key_PageDown);
+    EXPECT_EQ(depth(0), depth(1));
+    QTest::keyClick(&Plot(), Qt::Key_Home);
+    EXPECT_EQ(depth(0), whole);
+}
+
+TEST_F(WindowTest, NamesEveryControlForThoseWhoDoNotSeeIt)
+{
+    for (const char* name : {"tree", "verdict", "kinds", "bases", "plot", "table"})
+        EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
+}
+
+TEST_F(WindowTest, FitsASmallScreen)
+{
+    EXPECT_LE(window_.minimumSizeHint().width(), 800);
+    EXPECT_LE(window_.minimumSizeHint().height(), 560);
+}
+
+TEST_F(WindowTest, TakesADroppedFolder)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder_.Path().string()))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window_, &enter);
+    ASSERT_TRUE(enter.isAccepted());
+    QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window_, &event);
+    EXPECT_EQ(Verdict(), "Verdict: good");
+}
+
+TEST(RowModel, FindsTheRowNearestToADepth)
+{
+    RowModel rows;
+    EXPECT_EQ(rows.RowNear(5), -1);
+    Survey survey;
+    survey.rows = {{5, {}, 1}, {10, {}, 2}, {30, {}, 3}};
+    rows.Show(survey, {});
+    EXPECT_EQ(rows.RowNear(0), 0);
+    EXPECT_EQ(rows.RowNear(19), 1);
+    EXPECT_EQ(rows.RowNear(500), 2);
+}
+
+} // namespace
+} // namespace tarvex::survey
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    ::testing::InitGoogleMock(&argc, argv);
+    return RUN_ALL_TESTS();
+}
