@@ -8,9 +8,28 @@
 namespace tarvex
 {
 
+namespace
+{
+
+/// Counts one more for as long as it lives.
+class Counted
+{
+public:
+    explicit Counted(int& count) : count_(count) { ++count_; }
+    ~Counted() { --count_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+private:
+    int& count_;
+};
+
+} // namespace
+
 void Handlers::Run(const std::function<void()>& handler)
 {
-    if (end_.Ended()) return;
+    if (end_.Ended() || underWay_ >= kDeepest) return;
+    const Counted counted(underWay_);
     LetFailuresGoUp rule;
     try {
         RunShowingFailure(handler);

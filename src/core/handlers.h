@@ -14,9 +14,13 @@ class Handlers
 public:
     Handlers(ProgramEnd& end, MessageBoxes& boxes) : end_(end), boxes_(boxes) {}
 
+    /// How many handlers may be under way inside each other; the stack holds several times as many.
+    static constexpr int kDeepest = 100;
+
     /// Runs one handler with a rule of its own: failures go up unless it says otherwise. One that
     /// comes out, or any standard exception, shows the box "Run-time error: " with its reason and
-    /// ends the program with status 1. Nothing is raised to the caller or runs after the end.
+    /// ends the program with status 1. Nothing is raised to the caller, and nothing runs after the
+    /// end or inside the deepest handler allowed.
     void Run(const std::function<void()>& handler);
 
 private:
@@ -24,6 +28,7 @@ private:
 
     ProgramEnd& end_;
     MessageBoxes& boxes_;
+    int underWay_ = 0;
 };
 
 } // namespace tarvex
