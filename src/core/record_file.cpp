@@ -1,10 +1,14 @@
 #include "core/record_file.h"
 
+#include "core/code_page.h"
+#include "core/conversion.h"
 #include "core/failure.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 namespace tarvex
@@ -14,13 +18,25 @@ namespace
 {
 
 constexpr auto kReadWrite = std::ios::in | std::ios::out | std::ios::binary;
+constexpr std::string_view kOpening = "opening";
+constexpr std::string_view kReading = "reading";
+constexpr std::string_view kWriting = "writing";
+
+/// The reason with the step and the file: all that an operator has to put it right by.
+[[noreturn]] void Fail(std::string_view reason, std::string_view step,
+                       const std::filesystem::path& path)
+{
+    throw RunTimeFailure(std::string(reason) + ", " + std::string(step) + " " +
+                         code_page::Shown(path));
+}
 
 /// The system would end the path at a NUL, and so reach another file.
-void RequireWholeName(const std::filesystem::path& path)
+void RequireWholeName(const std::filesystem::path& path, std::string_view step)
 {
     constexpr std::filesystem::path::value_type nul{};
-    if (path.empty() || path.native().find(nul) != std::filesystem::path::string_type::npos)
-        throw RunTimeFailure("Bad file name");
+    if (path.empty()) throw RunTimeFailure("Bad file name");
+    if (path.native().find(nul) != std::filesystem::path::string_type::npos)
+        Fail("Bad file name", step, path);
 }
 
 void MakeWhenMissing(const std::filesystem::path& path)
@@ -46,16 +62,16 @@ void RecordFile::OpenEmptied(const std::filesystem::path& path)
 void RecordFile::OpenAs(const std::filesystem::path& path, std::ios::openmode mode)
 {
     if (IsOpen()) throw RunTimeFailure("File already open");
-    RequireWholeName(path);
+    RequireWholeName(path, kOpening);
     std::error_code ignored;
     if (std::filesystem::is_directory(path, ignored))
-        throw RunTimeFailure("Path/File access error");
+        Fail("Path/File access error", kOpening, path);
 
     MakeWhenMissing(path);
     stream_.clear();
     stream_.rdbuf()->pubsetbuf(nullptr, 0); // unbuffered: a put is in the file when it returns
     stream_.open(path, mode);
-    if (!stream_.is_open()) throw RunTimeFailure("Path/File access error");
+    if (!stream_.is_open()) Fail("Path/File access error", kOpening, path);
     path_ = path;
     endOfFile_ = false;
 }
@@ -76,11 +92,11 @@ void RecordFile::RequireOpen() const
     if (!IsOpen()) throw RunTimeFailure("Bad file name or number");
 }
 
-std::streamoff RecordFile::OffsetOf(double number) const
+std::streamoff RecordFile::OffsetOf(double number, std::string_view step) const
 {
     if (!(number >= 1) || number > std::numeric_limits<int>::max() ||
         std::floor(number) != number) {
-        throw RunTimeFailure("Bad record number");
+        Fail("Bad record number " + PlainNumber(number), step, path_);
     }
     return (static_cast<std::streamoff>(number) - 1) * static_cast<std::streamoff>(recordLength_);
 }
@@ -88,7 +104,7 @@ std::streamoff RecordFile::OffsetOf(double number) const
 void RecordFile::PutBytes(double number, std::span<const std::byte> record)
 {
     RequireOpen();
-    const std::streamoff offset = OffsetOf(number);
+    const std::streamoff offset = OffsetOf(number, kWriting);
     std::error_code unknownSize;
     const auto oldSize = std::filesystem::file_size(path_, unknownSize);
 
@@ -103,13 +119,13 @@ void RecordFile::PutBytes(double number, std::span<const std::byte> record)
     if (!unknownSize && std::filesystem::file_size(path_, ignored) > oldSize && !ignored) {
         std::filesystem::resize_file(path_, oldSize, ignored);
     }
-    throw RunTimeFailure("Disk full");
+    Fail("Disk full", kWriting, path_);
 }
 
 void RecordFile::GetBytes(double number, std::span<std::byte> record)
 {
     RequireOpen();
-    const std::streamoff offset = OffsetOf(number);
+    const std::streamoff offset = OffsetOf(number, kReading);
 
     stream_.clear();
     stream_.seekg(offset);
@@ -117,18 +133,19 @@ void RecordFile::GetBytes(double number, std::span<std::byte> record)
                  static_cast<std::streamsize>(record.size()));
     const std::streamsize found = stream_.gcount();
     endOfFile_ = found < static_cast<std::streamsize>(record.size());
-    if (stream_.bad()) throw RunTimeFailure("Device I/O error");
+    if (stream_.bad()) Fail("Device I/O error", kReading, path_);
     std::fill(record.begin() + found, record.end(), std::byte{' '});
 }
 
 void DeleteFile(const std::filesystem::path& path)
 {
-    RequireWholeName(path);
+    constexpr std::string_view deleting = "deleting";
+    RequireWholeName(path, deleting);
     std::error_code error;
     const auto status = std::filesystem::symlink_status(path, error);
-    if (error || !std::filesystem::exists(status)) throw RunTimeFailure("File not found");
-    if (std::filesystem::is_directory(status)) throw RunTimeFailure("Path/File access error");
-    if (!std::filesystem::remove(path, error) || error) throw RunTimeFailure("Permission denied");
+    if (error || !std::filesystem::exists(status)) Fail("File not found", deleting, path);
+    if (std::filesystem::is_directory(status)) Fail("Path/File access error", deleting, path);
+    if (!std::filesystem::remove(path, error) || error) Fail("Permission denied", deleting, path);
 }
 
 } // namespace tarvex

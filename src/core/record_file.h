@@ -4,13 +4,15 @@
 #include <filesystem>
 #include <fstream>
 #include <span>
+#include <string_view>
 #include <type_traits>
 
 namespace tarvex
 {
 
 /// A file of fixed-length records, numbered from 1, without header, separator or length word.
-/// Every operation raises RunTimeFailure when it cannot be done.
+/// Every operation raises RunTimeFailure when it cannot be done; its text gives the reason, the step
+/// and the file.
 class RecordFile
 {
 public:
@@ -55,7 +57,7 @@ public:
 private:
     void OpenAs(const std::filesystem::path& path, std::ios::openmode mode);
     void RequireOpen() const;
-    std::streamoff OffsetOf(double number) const;
+    std::streamoff OffsetOf(double number, std::string_view step) const;
     void PutBytes(double number, std::span<const std::byte> record);
     void GetBytes(double number, std::span<std::byte> record);
 

@@ -4,6 +4,10 @@
 #include "support/logic_test.h"
 #include "support/system_limits.h"
 
+#include <array>
+#include <functional>
+#include <string>
+
 namespace tarvex::tests
 {
 namespace
@@ -153,6 +157,41 @@ TEST_F(FileRefusalsTest, APathWithANulIsNotAnotherFilesPath)
     EXPECT_FALSE(OpensEmptied(cutShort));
     EXPECT_FALSE(Deletes(cutShort));
     EXPECT_EQ(FileBytes(path), "1111");
+}
+
+/// What a step says when it fails; empty when it does not fail.
+std::string ReasonOf(const std::function<void()>& step)
+{
+    try {
+        step();
+        return {};
+    } catch (const RunTimeFailure& failure) {
+        return failure.what();
+    }
+}
+
+TEST_F(FileRefusalsTest, EveryFailureNamesItsStepAndItsFile)
+{
+    const std::filesystem::path missing = folder / "no" / "table";
+    const auto open = [](const std::filesystem::path& what) {
+        return ReasonOf([&] { RecordFile(4).Open(what); });
+    };
+    EXPECT_EQ(open(missing), "Path/File access error, opening " + missing.string());
+    EXPECT_EQ(open(folder.Path()), "Path/File access error, opening " + folder.Path().string());
+    EXPECT_EQ(ReasonOf([&] { DeleteFile(missing); }),
+              "File not found, deleting " + missing.string());
+    EXPECT_EQ(ReasonOf([&] { DeleteFile(folder.Path()); }),
+              "Path/File access error, deleting " + folder.Path().string());
+
+    RecordFile file(4);
+    file.Open(path);
+    std::array<char, 4> record{};
+    EXPECT_EQ(ReasonOf([&] { file.Put(2.5, record); }),
+              "Bad record number 2.5, writing " + path.string());
+    EXPECT_EQ(ReasonOf([&] { file.Get(0, record); }),
+              "Bad record number 0, reading " + path.string());
+    const FullDisk full(2);
+    EXPECT_EQ(ReasonOf([&] { file.Put(1, record); }), "Disk full, writing " + path.string());
 }
 
 } // namespace

@@ -48,7 +48,7 @@ TEST_F(SettingsDialogs, EachStoresThePanelWhenItLoads)
 TEST_F(SettingsDialogs, AStoreThatFailsEndsTheProgram)
 {
     state.CurrentBlock = 0;
-    boxes.Expect("Run-time error: Bad record number");
+    boxes.Expect("Run-time error: Bad record number 0, writing " + state.HeaderFilePath.string());
 
     forms.ShowClockDialog();
 

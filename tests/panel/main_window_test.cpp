@@ -270,7 +270,8 @@ TEST_F(MainForm, EndsTheProgramWhenClosedWithoutAskingAnything)
 TEST_F(MainForm, EndsTheProgramWithABoxWhenAHandlerOutsideTheRuleFails)
 {
     state.HeaderFilePath = folder / "missing" / "intestazione";
-    boxes.Expect("Run-time error: Path/File access error");
+    boxes.Expect("Run-time error: Path/File access error, opening " +
+                 state.HeaderFilePath.string());
     ClickOn("sscommand10");
     EXPECT_TRUE(end.Ended());
     EXPECT_EQ(end.Status(), 1);

@@ -126,7 +126,8 @@ TEST_F(BlockCommandsTest, AStepFromBlockZeroEndsTheProgramWithItsReason)
 
     AtPanel().Click("sscommand10");
 
-    EXPECT_EQ(boxes.texts.constLast(), "Run-time error: Bad record number");
+    EXPECT_EQ(boxes.texts.constLast().toStdString(),
+              "Run-time error: Bad record number 0, writing " + (folder / "intestazione").string());
     EXPECT_TRUE(program->End().Ended());
     EXPECT_EQ(program->End().Status(), 1);
 }
