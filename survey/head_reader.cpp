@@ -56,7 +56,7 @@ Contents ReadHeadReport(const std::vector<Record>& records, Encoding encoding,
         if (line.field == nullptr)
             anomalies.Add(record, "this line is none of a head report");
         else if (!seen.insert(line.field).second)
-            anomalies.Add(record, "\"" + std::string(line.field->label) + "\" comes again");
+            anomalies.Add(record, '"' + std::string(line.field->label) + "\" comes again");
         else
             contents.head.*(line.field->value) = Readable(line.value, encoding);
     }

@@ -35,7 +35,8 @@ class ProgramIconOfSize : public ::testing::TestWithParam<int>
 TEST_P(ProgramIconOfSize, IsTheOneThatThePackageInstalls)
 {
     const int size = GetParam();
-    const QString name = QString(TARVEX_PACKAGED_ICONS "/example.tarvex.Manager-%1.png").arg(size);
+    const QString name =
+        QString(TARVEX_PACKAGED_ICONS "/%1x%1/example.tarvex.Manager.png").arg(size);
     const QImage packaged = QImage(name).convertToFormat(QImage::Format_ARGB32);
     const QImage drawn =
         panel::ProgramIcon().pixmap(size, size).toImage().convertToFormat(QImage::Format_ARGB32);
@@ -44,6 +45,8 @@ TEST_P(ProgramIconOfSize, IsTheOneThatThePackageInstalls)
     EXPECT_LT(MeanDifference(packaged, drawn), 4.0); // edges may be smoothed in another way
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, ProgramIconOfSize, ::testing::Values(48, 128));
+// The sizes that the program draws itself; the others are scaled from these, and drawn in the
+// package.
+INSTANTIATE_TEST_SUITE_P(Sizes, ProgramIconOfSize, ::testing::Values(16, 24, 32, 48, 64, 128));
 
 } // namespace tarvex::tests

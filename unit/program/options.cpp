@@ -12,17 +12,18 @@ namespace tarvex::unit
 namespace
 {
 constexpr const char* kFaultHelp =
-    "TROUBLE@MOMENTn[+][:AMOUNT], as in silent@wake3+, late@wake2:700, short@page5:49, "
-    "stray@write1, hangup@page4:20. Troubles: silent, wrong, double, late, short, long, garbled, "
-    "lower, shifted, stray, hangup. Moments: wake, page, clock, write. Repeatable";
+    "something goes wrong, as in silent@wake3+, late@wake2:700, short@page5:49, stray@write1, "
+    "hangup@page4:20. Troubles: silent, wrong, double, late, short, long, garbled, lower, shifted, "
+    "stray, hangup. Moments: wake, page, clock, write. Repeatable";
 constexpr const char* kFillHelp =
-    "BLOCK[:NAME=VALUE,...], as in 4:depth=25.5,step=1,guides=4,client=ROSSI: fills a block with "
-    "a survey, also in a memory that was kept. Repeatable";
+    "a survey in that block, also in a memory that was kept, as in "
+    "4:depth=25.5,step=1,guides=4,client=ROSSI. Names: client, site, tube, depth, step, guides, "
+    "north, nlet, date, time, seed. Repeatable";
 
 /// Turns texts into values, with a refusal told as a mistake of the command line.
 template <typename Value, typename Parse>
-void AddParsed(CLI::App& app, const std::string& name, std::vector<Value>& values, Parse parse,
-               const char* help)
+void AddParsed(CLI::App& app, const std::string& name, const char* form, std::vector<Value>& values,
+               Parse parse, const char* help)
 {
     const auto take = [&values, parse](const std::vector<std::string>& texts) {
         try {
@@ -34,7 +35,7 @@ void AddParsed(CLI::App& app, const std::string& name, std::vector<Value>& value
         return true;
     };
     // One text an option: a text may hold anything, so no separator cuts it.
-    app.add_option(name, take, help)->type_name("TEXT")->expected(1)->take_all();
+    app.add_option(name, take, help)->type_name(form)->expected(1)->take_all();
 }
 
 std::string CheckClock(const std::string& digits)
@@ -58,22 +59,34 @@ void AddAdapter(CLI::App& app, Options& options)
 void Describe(CLI::App& app, Options& options, bool& fast)
 {
     app.set_version_flag("--version", "tarvex-unit " TARVEX_VERSION, "shows the version and exits");
-    app.add_option("--link", options.link, "symbolic link to the terminal, removed at the end");
+    app.add_option("--link", options.link, "symbolic link to the terminal, removed at the end")
+        ->type_name("PATH");
     app.add_option("--memory", options.memory,
-                   "file that keeps the memory: loaded if it exists, saved after writes and at "
-                   "the end");
-    app.add_flag("--demo", options.demo, "three surveys in blocks 1 to 3 of a new memory");
+                   "keeps the memory: loaded if the file exists, saved after each write and at the "
+                   "end")
+        ->type_name("FILE");
+    app.add_flag("--demo", options.demo,
+                 "three surveys in blocks 1 to 3 of a new memory: two guides 30 m, four guides 40 "
+                 "m, two guides 100 m");
     app.add_option("--replay", options.replay,
                    "log of a line, to answer as the unit did that was recorded; what the manager "
                    "says otherwise is printed, and makes the exit status 3")
+        ->type_name("FILE")
         ->check(CLI::ExistingFile);
-    AddParsed(app, "--fill", options.fills, ParseFill, kFillHelp);
-    AddParsed(app, "--fault", options.faults, ParseFault, kFaultHelp);
-    app.add_flag("--fast", fast, "as fast as possible, not at the pace of 9600 baud");
+    AddParsed(app, "--fill", "BLOCK[:NAME=VALUE,...]", options.fills, ParseFill, kFillHelp);
+    AddParsed(app, "--fault", "TROUBLE@MOMENTn[+][:AMOUNT]", options.faults, ParseFault,
+              kFaultHelp);
+    app.add_flag("--fast", fast,
+                 "as fast as possible; otherwise both directions run at 9600 baud, 11 bits a "
+                 "character");
     AddAdapter(app, options);
-    app.add_option("--log", options.log, "file for the conversation, - for the standard output");
+    app.add_option("--log", options.log,
+                   "the conversation, one frame a line: seconds, speaker, bytes; - is the standard "
+                   "output")
+        ->type_name("FILE");
     app.add_option("--clock", options.clock,
-                   "what the clock shows at the start, YYMMDDhhmmss; else the machine's time")
+                   "what the clock shows at the start; else the machine's time")
+        ->type_name("YYMMDDhhmmss")
         ->check(CheckClock);
     app.add_flag("--clock-stopped", options.clockStopped, "the clock waits for its start command");
     for (const char* other :
