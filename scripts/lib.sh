@@ -73,3 +73,16 @@ in_virtual_display() {
     env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 1280x800x24" \
         "$root/scripts/under-window-manager" "$@"
 }
+
+failed=0
+# attempt NAME FUNCTION: runs a check and remembers in `failed` whether it failed.
+attempt() {
+    local start=$SECONDS
+    if "$2"; then
+        say "$1: nothing found ($((SECONDS - start)) s)"
+    else
+        say "$1: FAILED"
+        # shellcheck disable=SC2034 # who sources this file ends with it
+        failed=1
+    fi
+}
