@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace tarvex
 {
@@ -18,9 +19,15 @@ public:
     std::filesystem::path InitDir;  ///< the folder shown at first
     std::filesystem::path FileName; ///< the name chosen last; a cancel leaves it
 
-    /// Each returns when the operator has closed the dialog.
-    virtual void ShowOpen() = 0;
-    virtual void ShowSave() = 0;
+    /// What becomes of the file that the save dialog names.
+    enum class Fate {
+        Overwritten, ///< the operator is asked first when it is there
+        LeftAlone,
+    };
+
+    /// Each returns when the operator has closed the dialog. `title` says what it is for.
+    virtual void ShowOpen(std::string_view title) = 0;
+    virtual void ShowSave(std::string_view title, Fate fate) = 0;
 };
 
 } // namespace tarvex

@@ -75,7 +75,7 @@ void ChooseHeaderFile(Panel& panel, WorkingState& state, HeaderStore& headers, F
     dialog.Filter = kAllFiles;
     dialog.InitDir = initialFolder;
     dialog.FilterIndex = 1;
-    dialog.ShowOpen();
+    dialog.ShowOpen("Open header file");
     state.HeaderFilePath = dialog.FileName;
     panel.Text15.SetText(code_page::Shown(state.HeaderFilePath));
     if (state.HeaderFilePath.empty()) return;
@@ -90,7 +90,7 @@ void CreateDefaultHeaderFile(Panel& panel, WorkingState& state, FileDialog& dial
 {
     dialog.Filter = kAllFiles;
     dialog.FilterIndex = 1;
-    dialog.ShowSave();
+    dialog.ShowSave("New default header file", FileDialog::Fate::Overwritten);
     state.HeaderFilePath = dialog.FileName; // Text15 keeps the name of the file before
     if (state.HeaderFilePath.empty()) return;
 
@@ -108,7 +108,7 @@ void CreateDefaultHeaderFile(Panel& panel, WorkingState& state, FileDialog& dial
 void EnableDownload(Panel& panel, FileDialog& dialog)
 {
     SkipOnError rule;
-    dialog.ShowSave();
+    dialog.ShowSave("Folder of the reports", FileDialog::Fate::LeftAlone);
     panel.command3d1.Enable();
 }
 

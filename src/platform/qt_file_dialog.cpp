@@ -5,6 +5,9 @@
 #include "platform/qt_text.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QSettings>
+#include <QStringList>
 
 #include <system_error>
 
@@ -36,46 +39,75 @@ void StayOutOfTheAlias(QFileDialog& dialog, const SpelledFolder& folder,
                      });
 }
 
+/// The dialog would keep its history in a file of the operator's home; nothing can be written here.
+void KeepNoSettings()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
+/// The toolkit cuts the blanks off a filter's text, and reads the pattern from it: so both are
+/// given in its own form first, and the texts follow. `chosen` counts from 1.
+void SetFilters(QFileDialog& dialog, const std::vector<NameFilter>& filters, int chosen)
+{
+    QStringList patterns;
+    for (const NameFilter& filter : filters)
+        patterns << u'(' + filter.pattern + u')';
+    dialog.setNameFilters(patterns);
+    if (chosen >= 1 && chosen <= patterns.size()) dialog.selectNameFilter(patterns[chosen - 1]);
+    auto* const kinds = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    for (std::size_t index = 0; index < filters.size(); ++index)
+        kinds->setItemText(static_cast<int>(index), filters[index].text);
+}
+
 } // namespace
 
-QStringList NameFilters(std::string_view filter)
+std::vector<NameFilter> NameFilters(std::string_view filter)
 {
-    QStringList filters;
+    std::vector<NameFilter> filters;
     const QStringList parts = ToQString(filter).split(u'|');
     for (qsizetype part = 0; part + 1 < parts.size(); part += 2) {
         QString pattern = parts[part + 1];
         if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*");
-        QString description = parts[part].section(u'(', 0, 0).trimmed();
-        filters << description + QStringLiteral(" (") + pattern + u')';
+        filters.push_back({parts[part], pattern});
     }
     return filters;
 }
 
-void QtFileDialog::ShowOpen()
+QtFileDialog::QtFileDialog(const ProgramEnd& end) : end_(end)
 {
-    Show(QFileDialog::AcceptOpen, QFileDialog::ExistingFile);
+    KeepNoSettings();
 }
 
-void QtFileDialog::ShowSave()
+void QtFileDialog::ShowOpen(std::string_view title)
 {
-    Show(QFileDialog::AcceptSave, QFileDialog::AnyFile);
+    QFileDialog dialog(QApplication::activeWindow(), ToQString(title));
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    Show(dialog);
 }
 
-void QtFileDialog::Show(QFileDialog::AcceptMode mode, QFileDialog::FileMode files)
+void QtFileDialog::ShowSave(std::string_view title, Fate fate)
 {
-    QFileDialog dialog(QApplication::activeWindow());
+    QFileDialog dialog(QApplication::activeWindow(), ToQString(title));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, fate == Fate::LeftAlone);
+    Show(dialog);
+}
+
+void QtFileDialog::SetUp(QFileDialog& dialog) const
+{
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
     dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.setAcceptMode(mode);
-    dialog.setFileMode(files);
-    const QStringList filters = NameFilters(Filter);
-    dialog.setNameFilters(filters);
-    if (FilterIndex >= 1 && FilterIndex <= filters.size()) {
-        dialog.selectNameFilter(filters[FilterIndex - 1]);
-    }
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    SetFilters(dialog, NameFilters(Filter), FilterIndex);
+}
+
+void QtFileDialog::Show(QFileDialog& dialog)
+{
+    SetUp(dialog);
     const auto start = StartOf(*this);
     const SpelledFolder folder(start);
-    if (folder.IsAlias()) dialog.setOption(QFileDialog::DontUseNativeDialog); // it is ours alone
     if (!start.empty()) dialog.setDirectory(folder.Spelling());
     if (!FileName.empty()) dialog.selectFile(PathToQString(FileName.filename()));
     StayOutOfTheAlias(dialog, folder, start);

@@ -19,8 +19,20 @@ public:
     std::optional<std::filesystem::path> choice;
     std::vector<std::string> shown; ///< each showing with its settings
 
-    void ShowOpen() override { Show("open"); }
-    void ShowSave() override { Show("save"); }
+    void ShowOpen(std::string_view title) override
+    {
+        titles.emplace_back(title);
+        Show("open");
+    }
+    void ShowSave(std::string_view title, Fate fate) override
+    {
+        titles.emplace_back(title);
+        fates.push_back(fate);
+        Show("save");
+    }
+
+    std::vector<std::string> titles;
+    std::vector<Fate> fates;
 
 private:
     void Show(const std::string& kind)
@@ -319,6 +331,18 @@ TEST_F(FileDialogTest, KeepsItsSettingsAndNameFromOneCommandToTheNext)
     EXPECT_THAT(dialog.shown,
                 ElementsAre("save  FILE (*.*)|*.*| 1 ", "open  FILE (*.*)|*.*| 1 " + dati,
                             "save  FILE (*.*)|*.*| 1 " + dati, "save  FILE (*.*)|*.*| 1 " + dati));
+}
+
+TEST_F(FileDialogTest, EachSaysWhatItIsForAndWhatBecomesOfTheFile)
+{
+    Choose();
+    dialog.choice = folder / "new";
+    Create();
+    Click([&] { EnableDownload(panel, dialog); });
+    EXPECT_THAT(dialog.titles, ElementsAre("Open header file", "New default header file",
+                                           "Folder of the reports"));
+    EXPECT_THAT(dialog.fates,
+                ElementsAre(FileDialog::Fate::Overwritten, FileDialog::Fate::LeftAlone));
 }
 
 } // namespace

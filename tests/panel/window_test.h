@@ -47,8 +47,8 @@ public:
     std::vector<std::string> shown;
     std::filesystem::path choice;
 
-    void ShowOpen() override { Show("open"); }
-    void ShowSave() override { Show("save"); }
+    void ShowOpen(std::string_view) override { Show("open"); }
+    void ShowSave(std::string_view, Fate) override { Show("save"); }
 
 private:
     void Show(const std::string& kind)
