@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QTreeWidget>
+#include <QTreeView>
 
 #include <filesystem>
 #include <functional>
@@ -9,10 +9,13 @@
 namespace tarvex::panel
 {
 
+class FolderTree;
+
 /// The directory list `Dir1`: the folders of the machine as a tree, of which one is the current
 /// one. A folder is read when it is opened, and once more each time that it is opened again; no
-/// file is looked into.
-class DirectoryList : public QTreeWidget
+/// file is looked into. Those on the way to a folder that is gone to show only that way, until one
+/// of them is made the current one or is opened again.
+class DirectoryList : public QTreeView
 {
 public:
     explicit DirectoryList(QWidget* parent);
@@ -29,12 +32,12 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
-    QTreeWidgetItem* RootOf(const std::filesystem::path& folder);
-    QTreeWidgetItem* ItemOf(const std::filesystem::path& folder);
-    void Read(QTreeWidgetItem& item) const;
+    void OpenWayTo(const QModelIndex& index);
 
+    FolderTree* tree_;
     std::function<void()> changed_;
 };
 
