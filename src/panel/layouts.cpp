@@ -202,6 +202,7 @@ QLayout* LeftColumn(QWidget& window)
 QLayout* Tabs(QWidget& window)
 {
     auto* pane = new QFrame(&window);
+    pane->setObjectName("PaneTabStrip1");
     pane->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     auto* frames = new QGridLayout(pane);
     frames->setContentsMargins(0, 0, 0, 0);

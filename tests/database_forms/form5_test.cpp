@@ -1,5 +1,6 @@
 #include "database_forms/database_forms_test.h"
 #include "sqlite/raw_database.h"
+#include "support/nameless_widgets.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -75,6 +76,14 @@ protected:
         Grid().setCurrentIndex(Grid().model()->index(row, static_cast<int>(FieldIndex(field))));
     }
 };
+
+TEST_F(Form5Test, EveryWidgetOfTheDatabasesFormsHasAName)
+{
+    forms.ShowPanel();
+    const WindowsOnView found = WalkWindows();
+    EXPECT_EQ(found.count, 2);
+    EXPECT_EQ(found.nameless, std::vector<std::string>{});
+}
 
 TEST_F(Form5Test, ShowsTheInstructionAndTheWayOut)
 {

@@ -41,8 +41,9 @@ TEST_F(Splash, ShowsVersionAndDescription)
     EXPECT_TRUE(Control<QWidget>("preloader", "Image1").isVisible());
 }
 
-TEST_F(Splash, HasNoFrameAndIsNotModal)
+TEST_F(Splash, HasNoTitleNorFrameAndIsNotModal)
 {
+    EXPECT_EQ(Window("preloader").windowTitle().toStdString(), "");
     EXPECT_TRUE(Window("preloader").windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_FALSE(Window("preloader").isModal());
 }

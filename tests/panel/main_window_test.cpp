@@ -1,6 +1,7 @@
 #include "panel/window_test.h"
 
 #include "panel/control_table.h"
+#include "support/nameless_widgets.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -34,6 +35,13 @@ TEST_F(MainForm, IsNamedAndTitled)
 {
     EXPECT_EQ(window->objectName(), "Scaricodati");
     EXPECT_EQ(window->windowTitle(), "Tar Vex Manager");
+}
+
+TEST_F(MainForm, GivesEveryWidgetAName)
+{
+    const WindowsOnView found = WalkWindows();
+    EXPECT_EQ(found.count, 1);
+    EXPECT_EQ(found.nameless, std::vector<std::string>{});
 }
 
 TEST_F(MainForm, HoldsEveryControlOfTheTableWithItsTexts)

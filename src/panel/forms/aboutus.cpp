@@ -22,6 +22,7 @@ namespace
 constexpr QSize kPictureSize(96, 96);
 
 struct Row {
+    const char* name; ///< of the text; its caption is named after it
     std::string_view caption;
     std::string_view text;
 };
@@ -39,19 +40,21 @@ constexpr int kApart = 10;
 
 std::array<Row, 8> AllRows()
 {
-    return {{{"Application :", "Tar Vex Manager "},
-             {"Version :", Version()},
-             {"Description :", "Software di comunicazione concentralina inclinometrica Tar Vex"},
-             {kFirstOfMaker, kMakerName},
-             {"Address :", kMakerAddress},
-             {"Telephone :", kMakerTelephone},
-             {"Fax :", kMakerFax},
-             {"Hot-line :", kMakerHotLine}}};
+    return {{{"Application", "Application :", "Tar Vex Manager "},
+             {"Version", "Version :", Version()},
+             {"Description",
+              "Description :", "Software di comunicazione concentralina inclinometrica Tar Vex"},
+             {"Maker", kFirstOfMaker, kMakerName},
+             {"Address", "Address :", kMakerAddress},
+             {"Telephone", "Telephone :", kMakerTelephone},
+             {"Fax", "Fax :", kMakerFax},
+             {"HotLine", "Hot-line :", kMakerHotLine}}};
 }
 
-QLabel* Label(std::string_view text, QWidget* parent)
+QLabel* Label(const QString& name, std::string_view text, QWidget* parent)
 {
     auto* label = new QLabel(FromSource(text), parent);
+    label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     return label;
 }
@@ -96,10 +99,11 @@ QLayout* AboutUs::Rows()
     int line = 0;
     for (const Row& row : AllRows()) {
         if (row.caption == kFirstOfMaker) rows->setRowMinimumHeight(line++, kApart);
-        auto* text = Label(row.text, this);
+        const QString name = QString::fromLatin1(row.name);
+        auto* text = Label(name, row.text, this);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse); // to copy a telephone number
         text->setAccessibleName(FromSource(row.caption));
-        rows->addWidget(Label(row.caption, this), line, 0, Qt::AlignRight);
+        rows->addWidget(Label("Label" + name, row.caption, this), line, 0, Qt::AlignRight);
         rows->addWidget(text, line, 1);
         ++line;
     }

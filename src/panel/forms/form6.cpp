@@ -66,7 +66,9 @@ void Form6::Build()
     auto* rows = new QFormLayout;
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     rows->addRow("&Drive :", Drive1);
+    rows->labelForField(Drive1)->setObjectName("LabelDrive1");
     rows->addRow("Folder :", path_);
+    rows->labelForField(path_)->setObjectName("LabelFolder");
 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(rows);

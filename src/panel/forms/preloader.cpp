@@ -46,7 +46,7 @@ Preloader::Preloader(Handlers& handlers, std::function<void()> next)
       timer_(new QTimer(this))
 {
     setObjectName("preloader");
-    setWindowTitle(FromSource(kProgramTitle)); // nothing shows it but screen readers
+    setAccessibleName(FromSource(kProgramTitle)); // it has no title to be announced by
     timer_->setObjectName("Timer1");
     timer_->setTimerType(Qt::PreciseTimer);
     timer_->setInterval(kPeriod);
