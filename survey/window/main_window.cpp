@@ -113,7 +113,13 @@ QWidget* MainWindow::BuildSide()
     table_->setModel(&rows_);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setWordWrap(false);
     table_->verticalHeader()->hide();
+    // One height for all rows and widths by the first of them: measuring each costs a visible
+    // pause.
+    constexpr int kRoom = 6;
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + kRoom);
+    table_->horizontalHeader()->setResizeContentsPrecision(0);
     table_->horizontalHeader()->setStretchLastSection(true);
     halves->setSizes({480, 200});
     column->addWidget(halves, 1);
@@ -195,6 +201,7 @@ void MainWindow::FillTree()
 
 void MainWindow::Choose(const fs::path& path)
 {
+    const QSignalBlocker quiet(tree_); // shown once, below
     std::error_code error;
     for (QTreeWidgetItemIterator item(tree_); *item != nullptr; ++item) {
         const auto number = (*item)->data(0, kPathRole);

@@ -1,0 +1,73 @@
+// Opening and checking one report, and listing a folder of ten thousand surveys.
+#include "survey/check.h"
+#include "survey/downloads.h"
+#include "survey/listing.h"
+#include "survey/load.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+/// The middle of the times of several runs, in milliseconds.
+double MedianTime(int runs, const std::function<void()>& work)
+{
+    std::vector<double> times;
+    for (int run = 0; run < runs; ++run) {
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+                .count());
+    }
+    std::ranges::sort(times);
+    return times[times.size() / 2];
+}
+
+void BenchReport(const char* what, const char* fill)
+{
+    const tarvex::tests::TemporaryFolder folder;
+    const auto report = tarvex::tests::Download(folder.Path(), fill);
+    const double time = MedianTime(201, [&] {
+        if (!tarvex::survey::Check(tarvex::survey::Load(report)).Good()) std::abort();
+    });
+    std::printf("open and check, %-22s %8.3f ms  (5 ms is the limit)\n", what, time);
+}
+
+void BenchListing()
+{
+    constexpr int kSurveys = 10'000;
+    const tarvex::tests::TemporaryFolder folder;
+    const auto head = tarvex::tests::Download(folder.Path(), "1:depth=20");
+    const auto data = tarvex::tests::DataReportOf(head);
+    for (int i = 0; i < kSurveys; ++i) {
+        char stem[64];
+        std::snprintf(stem, sizeof stem, "CLIENT%02d-SITE%04d-T%03d-%02d", i % 20, i % 7, i % 50,
+                      i / 1000);
+        const auto name = std::string(stem) + "-" + std::to_string(i);
+        fs::copy_file(head, folder / (name + "-dat.dat"));
+        fs::copy_file(data, folder / (name + "-num.dat"));
+    }
+    const double time = MedianTime(5, [&] {
+        if (tarvex::survey::ListFolder(folder.Path()).size() != kSurveys + 1) std::abort();
+    });
+    std::printf("list %d surveys                   %8.1f ms  (2000 ms is the limit)\n", kSurveys,
+                time);
+}
+
+} // namespace
+
+int main()
+{
+    BenchReport("100 m, two guides", "1:depth=100");
+    BenchReport("120 m, four guides", "1:depth=120,guides=4");
+    BenchListing();
+    return 0;
+}
