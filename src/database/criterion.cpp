@@ -39,10 +39,14 @@ std::size_t EndOfText(std::string_view rest)
 
 } // namespace
 
-std::string TubeCriterion(const BlockHeader& header)
+std::string MakeCriterion(const std::vector<Condition>& conditions)
 {
-    return "[cliente] = '" + header.cliente.Text() + "' and " + "[cantiere] = '" +
-           header.cantiere.Text() + "' and " + "[Tubo] = '" + header.tubo.Text() + "'";
+    std::string criterion;
+    for (const Condition& condition : conditions) {
+        if (!criterion.empty()) criterion += kBetween.substr(1);
+        criterion += "[" + condition.field + std::string(kEquals) + condition.text + "'";
+    }
+    return criterion;
 }
 
 std::vector<Condition> ParseCriterion(std::string_view criterion)
@@ -57,6 +61,13 @@ std::vector<Condition> ParseCriterion(std::string_view criterion)
         rest.remove_prefix(end + 1 == rest.size() ? rest.size() : end + kBetween.size());
     }
     return conditions;
+}
+
+std::string TubeCriterion(const BlockHeader& header)
+{
+    return MakeCriterion({{"cliente", header.cliente.Text()},
+                          {"cantiere", header.cantiere.Text()},
+                          {"Tubo", header.tubo.Text()}});
 }
 
 } // namespace tarvex

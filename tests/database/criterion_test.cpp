@@ -47,6 +47,25 @@ TEST(TubeCriterion, IsReadBackWhateverTheTextsHold)
     }
 }
 
+TEST(MakeCriterion, IsReadBackWithAnyNumberOfConditions)
+{
+    const std::vector<Condition> all = {{"b", ""}, {"l25", "' and [b] = "}, {"Tubo", "O'"}};
+    for (std::size_t count = 0; count <= all.size(); ++count) {
+        const std::vector<Condition> some(all.begin(),
+                                          all.begin() + static_cast<std::ptrdiff_t>(count));
+        EXPECT_EQ(ParseCriterion(MakeCriterion(some)), some) << MakeCriterion(some);
+    }
+}
+
+TEST(ParseCriterion, WhatItReadsMakesTheSameTextAgain)
+{
+    for (const auto* const criterion :
+         {"", "[a] = 'x'", "[a] = 'x' or [b] = 'y'", "[a] = '' and [b] = ''", "[a] = 'x' and [b'",
+          "[a] = 'O''"}) {
+        EXPECT_EQ(MakeCriterion(ParseCriterion(criterion)), criterion);
+    }
+}
+
 TEST(ParseCriterion, AnEmptyOneHasNoConditions)
 {
     EXPECT_THAT(ParseCriterion(""), IsEmpty());
