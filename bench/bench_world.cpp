@@ -53,8 +53,8 @@ void BenchWorld::SilentBoxes::Critical(std::string_view text, std::string_view)
 BenchWorld::BenchWorld(const QStringList& unitOptions)
     : unit(folder.Path(), unitOptions), port_(platform::PortFinder(folder.Path()))
 {
-    LoadMainForm(panel, state, headers, [this] { return folder.Path(); });
-    state.ReportFolder = folder.Path();
+    LoadMainForm(panel, state, [this] { return folder.Path(); });
+    state.reportFolder = folder.Path();
 }
 
 Cost BenchWorld::Measure(const std::function<void(DeviceLink&)>& command)

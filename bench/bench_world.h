@@ -1,11 +1,12 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/handlers.h"
 #include "core/header_store.h"
-#include "core/panel.h"
 #include "core/program_end.h"
 #include "core/working_state.h"
 #include "link/device_link.h"
+#include "link/operator_view.h"
 #include "platform/qt_event_pump.h"
 #include "platform/qt_serial_port.h"
 #include "platform/qt_tick_timer.h"
@@ -71,8 +72,7 @@ public:
     tests::TemporaryFolder folder;
     tests::UnitProcess unit;
     WorkingState state;
-    Panel panel;
-    HeaderStore headers{state, panel};
+    ControlPanel panel;
 
 private:
     class SilentBoxes : public MessageBoxes
@@ -92,8 +92,8 @@ private:
 
 public:
     /// What a command on the line works with here.
-    Line line{timed_, pump_, timer_, boxes_, state, &panel};
-    MessageBoxes& boxes = boxes_;
+    Line line{timed_, pump_, timer_, boxes_, state, &panel.waitIndicator};
+    OperatorView view{line};
 };
 
 } // namespace tarvex::bench

@@ -80,8 +80,10 @@ private:
 
 Cost Download(BenchWorld& world)
 {
-    world.panel.numblocco.SetText("03");
-    return world.Measure([&](DeviceLink& link) { BlockDownload(world.panel, world.state, link); });
+    world.panel.downloadBlock.SetText("03");
+    return world.Measure([&](DeviceLink& link) {
+        BlockDownload(world.panel, world.state, link, world.view, world.line.pump);
+    });
 }
 
 void MeasureDownload(int runs, bool hogged)
@@ -121,8 +123,8 @@ void MeasureReadBlock(int runs)
     BenchWorld world({"--paced"});
     std::vector<double> ratios;
     for (int run = 0; run < runs; ++run) {
-        const Cost cost =
-            world.Measure([&](DeviceLink& link) { ReadBlock(world.panel, world.state, link); });
+        const Cost cost = world.Measure(
+            [&](DeviceLink& link) { ReadBlock(world.panel, world.state, link, world.view); });
         ratios.push_back(cost.wall / LineTime(10));
     }
     Row("Read Block", Median(ratios), "x line", 1.02);
@@ -132,7 +134,7 @@ void MeasureReadAllBlocks()
 {
     BenchWorld world({"--paced"});
     const Cost cost = world.Measure(
-        [&](DeviceLink& link) { ReadAllBlocks(world.panel, world.state, world.headers, link); });
+        [&](DeviceLink& link) { ReadAllBlocks(world.panel, world.state, link, world.view); });
     Row("Read All Blocks", cost.wall / LineTime(300), "x line", 1.03);
     Row("Read All Blocks, processor", 100 * cost.processor / cost.whole, "% of wall", 2);
 }
@@ -155,11 +157,11 @@ void MeasureHeaderWriting()
 {
     MeasureWriting("Set All, above its settle bounds", 0.2,
                    [](BenchWorld& world, DeviceLink& link) {
-                       SetAll(world.panel, world.state, world.headers, link, world.boxes);
+                       SetAll(world.panel, world.state, link, world.view, world.line.pump);
                    });
     MeasureWriting("Total Reset, above its settle bounds", 0.4,
                    [](BenchWorld& world, DeviceLink& link) {
-                       TotalReset(world.panel, world.state, world.headers, link, world.boxes);
+                       TotalReset(world.panel, world.state, link, world.view, world.line.pump);
                    });
 }
 
@@ -168,8 +170,8 @@ void MeasureEndlessWait()
     constexpr int kSeconds = 10;
     BenchWorld world({"--fault", "silent@page1"});
     world.EndLater(kSeconds * 1000);
-    const Cost cost =
-        world.Measure([&](DeviceLink& link) { ReadBlock(world.panel, world.state, link); });
+    const Cost cost = world.Measure(
+        [&](DeviceLink& link) { ReadBlock(world.panel, world.state, link, world.view); });
     Row("endless wait, processor a second", cost.processor / kSeconds, "s", 0.01);
 }
 
@@ -182,7 +184,7 @@ void MeasurePulledAdapter()
         world.unit.Pull();
     });
     world.EndLater(6000);
-    world.Measure([&](DeviceLink& link) { ReadBlock(world.panel, world.state, link); });
+    world.Measure([&](DeviceLink& link) { ReadBlock(world.panel, world.state, link, world.view); });
     Row("five seconds after a pulled adapter, processor", ProcessorSeconds() - before, "s", 0.05);
 }
 
@@ -215,13 +217,13 @@ void MeasureUnpaced(int runs)
     for (int run = 0; run < runs; ++run) {
         constexpr int kExchanges = 5000;
         const Cost cost = world.Measure([&](DeviceLink& link) {
-            world.state.ReadAddrBlock = "02";
-            world.state.ReadAddrBank = "1";
-            world.state.ReadAddrPage = "00";
+            world.state.readAddrBlock = "02";
+            world.state.readAddrBank = "1";
+            world.state.readAddrPage = "00";
             link.OpenPort();
             for (int exchange = 0; exchange < kExchanges; ++exchange) {
                 link.UntimedWake();
-                ReadPage(link, world.panel, world.state);
+                ReadPage(link, world.panel.readAddress, world.state);
             }
             link.ClosePort();
         });

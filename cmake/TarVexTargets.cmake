@@ -58,8 +58,7 @@ function(tarvex_test_target name)
 endfunction()
 
 # tarvex_test(NAME [TOOLKIT] [ALONE] SOURCES ... LINKS ...): one program of GoogleTest cases, run as one
-# test of that name. ALONE: its own build of all headers, for a program that links
-# Qt but no Widgets, or that is built otherwise.
+# test of that name. ALONE: its own build of all headers, for a program that links Qt without Widgets.
 function(tarvex_test name)
     cmake_parse_arguments(ARG "TOOLKIT;ALONE" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})

@@ -70,7 +70,7 @@ const Room* RoomOf(std::string_view path)
     return room == plan.end() ? nullptr : &*room;
 }
 
-/// The folder that a file's own includes begin with: "core/" for "src/core/panel.h".
+/// The folder that a file's own includes begin with: "core/" for "src/core/control_panel.h".
 std::string OwnFolder(std::string_view path)
 {
     if (path.starts_with("src/")) path.remove_prefix(4);
@@ -218,7 +218,7 @@ TEST(Architecture, LooksAtTheSourcesThatThereAre)
 {
     const std::vector<std::string> files = FilesOfTheProject({".h", ".cpp"});
     for (const std::string file :
-         {"src/core/panel.h", "src/link/device_link.cpp", "src/blocks/read_block.cpp",
+         {"src/core/control_panel.h", "src/link/device_link.cpp", "src/blocks/read_block.cpp",
           "src/download/block_download.cpp", "survey/reader.cpp"})
         EXPECT_THAT(files, ::testing::Contains(file));
 }
@@ -250,9 +250,9 @@ TEST_P(BadIncludeTest, IsComplainedOf)
 INSTANTIATE_TEST_SUITE_P(
     Table, BadIncludeTest,
     ::testing::Values(
-        Example{"ToolkitInCore", "src/core/panel.h", "#include <QString>"},
+        Example{"ToolkitInCore", "src/core/control_panel.h", "#include <QString>"},
         Example{"ToolkitInLink", "src/link/device_link.cpp", "#include <QTimer>"},
-        Example{"ToolkitInQuotes", "src/core/panel.h", "#include \"QString\""},
+        Example{"ToolkitInQuotes", "src/core/control_panel.h", "#include \"QString\""},
         Example{"ToolkitByItsModule", "src/blocks/set_all.cpp", "#include <QtCore/QString>"},
         Example{"ToolkitInTheFieldRules", "src/panel/field_rules.cpp", "#include <QLineEdit>"},
         Example{"WindowInTheFieldRules", "src/panel/field_rules.cpp",
@@ -318,8 +318,8 @@ TEST_P(GoodIncludeTest, IsNotComplainedOf)
 INSTANTIATE_TEST_SUITE_P(
     Table, GoodIncludeTest,
     ::testing::Values(
-        Example{"StandardLibrary", "src/core/panel.h", "#include <string_view>"},
-        Example{"OwnFolder", "src/core/panel.cpp", "#include \"core/panel.h\""},
+        Example{"StandardLibrary", "src/core/control_panel.h", "#include <string_view>"},
+        Example{"OwnFolder", "src/core/panel.cpp", "#include \"core/control_panel.h\""},
         Example{"Downwards", "src/blocks/set_all.cpp", "#include \"link/device_link.h\""},
         Example{"ToolkitInTheWindow", "src/panel/main_window.h", "#include <QMainWindow>"},
         Example{"SystemInThePlatform", "src/platform/device_lock.cpp", "#include <sys/file.h>"},

@@ -80,9 +80,9 @@ SurveyWorld::SurveyWorld(const std::filesystem::path& parent, int rows, const st
     : folder_(parent / ("survey-bench-" + std::to_string(std::random_device()()))), rows_(rows)
 {
     std::filesystem::create_directory(folder_);
-    LoadMainForm(panel_, state_, headers_, [this] { return folder_; });
+    LoadMainForm(panel_, state_, [this] { return folder_; });
     LoadDatabaseForm(survey_, [this] { return folder_; });
-    engine_.OpenTable(survey_.DatabasePath)->Close();
+    engine_.OpenTable(survey_.databasePath)->Close();
     Run("INSERT INTO tar_vex (cliente, cantiere, tubo, [profondità], passo, guide, nord, nlet, l0, "
         "l1, b) WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i + 1 < " +
         std::to_string(rows) +
@@ -111,7 +111,7 @@ void SurveyWorld::PutHeaders(std::string_view client, int step)
 {
     ++reading_;
     RecordFile file(sizeof(BlockHeader));
-    file.Open(state_.HeaderFilePath);
+    file.Open(state_.headerFilePath);
     for (int index = 0; index < kBlockCount; ++index) {
         const int row = client == "C" ? index * step : reading_ * kBlockCount + index;
         const std::string number = std::to_string(10'000'000 + row).substr(1);
@@ -137,7 +137,7 @@ void SurveyWorld::MarkRows()
 SurveyWorld::Database SurveyWorld::Open()
 {
     sqlite3* database = nullptr;
-    const int result = sqlite3_open(survey_.DatabasePath.c_str(), &database);
+    const int result = sqlite3_open(survey_.databasePath.c_str(), &database);
     Database owned(database);
     if (result != SQLITE_OK) GiveUp("no database");
     Execute(database, "PRAGMA synchronous = EXTRA");
@@ -160,8 +160,7 @@ double SurveyWorld::ReadHeadersSeconds()
 
 double SurveyWorld::WriteHeadersSeconds()
 {
-    const double seconds =
-        Seconds([&] { WriteHeaders(panel_, state_, headers_, survey_, events_, boxes_); });
+    const double seconds = Seconds([&] { WriteHeaders(panel_, state_, survey_, events_, boxes_); });
     RequireEmptyMarks();
     return seconds;
 }

@@ -39,7 +39,7 @@ public:
     /// Runs statements on a connection that is as durable as the program's.
     void Run(const std::string& statement);
 
-    const std::filesystem::path& DatabasePath() const { return survey_.DatabasePath; }
+    const std::filesystem::path& DatabasePath() const { return survey_.databasePath; }
 
     double ReadHeadersSeconds();
     double WriteHeadersSeconds();
@@ -77,8 +77,7 @@ private:
     int rows_;
     int reading_ = 0;
     WorkingState state_;
-    Panel panel_;
-    HeaderStore headers_{state_, panel_};
+    ControlPanel panel_;
     NoBoxes boxes_;
     NoEvents events_;
     platform::SqliteEngine engine_;

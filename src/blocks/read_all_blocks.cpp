@@ -3,30 +3,33 @@
 #include "blocks/block_steps.h"
 #include "core/conversion.h"
 #include "core/failure_rule.h"
+#include "core/header_store.h"
 #include "link/header_pages.h"
+#include "link/operation_end.h"
 
 namespace tarvex
 {
 
-void ReadAllBlocks(Panel& panel, WorkingState& state, HeaderStore& headers, DeviceLink& link)
+void ReadAllBlocks(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
 
-    HeaderValues values; // a page passed over keeps the value of the block before
+    HeaderTexts texts; // a page passed over keeps the texts of the block before
     for (int index = 0; index < kBlockCount; ++index) {
-        state.ReadAddrBlock = TwoHexDigits(index);
-        panel.Text2.SetText(TwoDigits(index + 1));
+        state.readAddrBlock = TwoHexDigits(index);
+        panel.blockNumber.SetText(TwoDigits(index + 1));
         link.OpenPort();
-        if (!ReadHeaderPages(link, panel, state, kHeaderPages, values)) return link.EndUnanswered();
-        ShowHeaderValues(panel, values);
+        if (!ReadHeaderPages(link, panel.readAddress, state, texts))
+            return EndUnanswered(link, view);
+        ShowHeader(panel.header, texts);
         link.ClosePort();
-        headers.StorePanel(index + 1);
+        StorePanel(panel, state, index + 1);
     }
 
-    link.HideWaitIndicator();
+    view.HideWaitIndicator();
     GoToFirstBlock(panel, state);
-    headers.ReloadPanel();
+    ReloadPanel(panel, state);
 }
 
 } // namespace tarvex

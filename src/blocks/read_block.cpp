@@ -3,22 +3,23 @@
 #include "core/conversion.h"
 #include "core/failure_rule.h"
 #include "link/header_pages.h"
+#include "link/operation_end.h"
 
 namespace tarvex
 {
 
-void ReadBlock(Panel& panel, WorkingState& state, DeviceLink& link)
+void ReadBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
-    link.ShowWaitIndicator();
-    SetReadBlock(state, TwoDigits(NumericValue(panel.Text2.Text()) - 1));
+    view.ShowWaitIndicator();
+    SetReadBlock(state, NumericValue(panel.blockNumber.Text()));
     link.OpenPort();
 
-    HeaderValues values;
-    if (!ReadHeaderPages(link, panel, state, kHeaderPages, values)) return link.EndUnanswered();
+    HeaderTexts texts;
+    if (!ReadHeaderPages(link, panel.readAddress, state, texts)) return EndUnanswered(link, view);
 
-    ShowHeaderValues(panel, values); // at once, not page by page
-    link.Close();
+    ShowHeader(panel.header, texts); // at once, not page by page
+    EndOperation(link, view);
 }
 
 } // namespace tarvex

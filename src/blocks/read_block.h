@@ -1,12 +1,13 @@
 #pragma once
 
 #include "link/device_link.h"
+#include "link/operator_view.h"
 
 namespace tarvex
 {
 
-/// Fetches the header of the block in `Text2` from the unit and shows it in `Text3` to `Text13`. A
-/// look only: neither `BlockHeader` nor the header file nor `CurrentBlock` changes.
-void ReadBlock(Panel& panel, WorkingState& state, DeviceLink& link);
+/// Fetches the header of the block whose number is shown from the unit and shows it in the header
+/// boxes. A look only: neither the working header nor the header file nor `currentBlock` changes.
+void ReadBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view);
 
 } // namespace tarvex

@@ -1,10 +1,10 @@
 #include "blocks/reset_block.h"
 
 #include "blocks/block_steps.h"
+#include "blocks/header_writing.h"
 #include "core/conversion.h"
 #include "core/failure_rule.h"
 #include "core/header_store.h"
-#include "link/write_frames.h"
 
 namespace tarvex
 {
@@ -17,43 +17,37 @@ constexpr int kSettleTicks = 4;
 /// A number outside the thirty has no default client: the field stays as it is.
 void SetDefaults(BlockHeader& header, double blockNumber)
 {
-    for (int number = 1; number <= kBlockCount; ++number) {
-        if (blockNumber == number) header.cliente = DefaultClient(number);
-    }
+    if (const auto index = BlockWithIndex(blockNumber - 1))
+        header.cliente = DefaultClient(*index + 1);
     SetDefaultsButClient(header);
 }
 
 } // namespace
 
-void ResetBlock(Panel& panel, WorkingState& state, DeviceLink& link, MessageBoxes& boxes)
+void ResetBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
+                EventPump& pump)
 {
     SkipOnError rule;
-    if (!boxes.AskOkCancel(kAllBlockWillBeLost)) return;
+    if (!view.Confirms(kAllBlockWillBeLost)) return;
 
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
     link.OpenPort();
 
-    const double blockNumber = NumericValue(panel.Text2.Text());
+    const double blockNumber = NumericValue(panel.blockNumber.Text());
     HeaderFile file(state);
     file.Open();
-    SetDefaults(state.BlockHeader, blockNumber);
+    SetDefaults(state.blockHeader, blockNumber);
     file.Put(blockNumber);
     file.Close();
 
-    state.CurrentBlock = NumericValue(panel.Text2.Text());
-    ShowRecord(panel, state, link, state.CurrentBlock);
+    state.currentBlock = blockNumber;
+    ShowRecord(panel, state, pump, state.currentBlock);
 
-    const auto sendHeader = [&] { SendHeaderFrame(link, panel, state.CurrentBlock - 1); };
-    if (!WriteExchange(link, sendHeader, SettleBound::AtLeast, kSettleTicks)) {
-        return EndOnFirstFailure(panel, state, link);
-    }
+    if (!WriteShownHeader(panel, state, link, kSettleTicks))
+        return EndOnFirstFailure(panel, state, link, view);
+    if (!WriteClosing(link, kSettleTicks)) return EndOnSecondFailure(link, view);
 
-    const auto sendClosing = [&] { SendClosingFrame(link); };
-    if (!WriteExchange(link, sendClosing, SettleBound::AtLeast, kSettleTicks)) {
-        return EndOnSecondFailure(link);
-    }
-
-    link.HideWaitIndicator(); // the port stays open
+    view.HideWaitIndicator(); // the port stays open
 }
 
 } // namespace tarvex

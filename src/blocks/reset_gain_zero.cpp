@@ -1,6 +1,8 @@
 #include "blocks/reset_gain_zero.h"
 
 #include "core/failure_rule.h"
+#include "core/header_store.h"
+#include "link/operation_end.h"
 #include "link/write_frames.h"
 
 namespace tarvex
@@ -11,39 +13,38 @@ namespace
 
 constexpr int kSettleTicks = 2;
 
-void ShowDefaultCalibration(Panel& panel)
+void ShowDefaultCalibration(CalibrationBoxes& boxes)
 {
-    panel.Text18.SetText("+1.0000");
-    panel.Text20.SetText("+0.0000");
-    panel.Text19.SetText("+1.0000");
-    panel.Text21.SetText("+0.0000");
-    panel.Text22.SetText("0");
+    boxes[CalibrationBox::Gain1].SetText("+1.0000");
+    boxes[CalibrationBox::Zero1].SetText("+0.0000");
+    boxes[CalibrationBox::Gain2].SetText("+1.0000");
+    boxes[CalibrationBox::Zero2].SetText("+0.0000");
+    boxes[CalibrationBox::Point].SetText("0");
 }
 
 } // namespace
 
-void ResetGainZero(Panel& panel, WorkingState& state, HeaderStore& headers, DeviceLink& link,
-                   MessageBoxes& boxes)
+void ResetGainZero(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
+                   EventPump& pump)
 {
     SkipOnError rule;
-    headers.StorePanel(state.CurrentBlock);
-    if (boxes.AskOkCancel("ATTENTION: SET DEFAULT ZERO/GAIN, WOULD YOU LIKE TO CONTINUE ?")) {
-        link.ShowWaitIndicator();
+    StorePanel(panel, state, state.currentBlock);
+    if (view.Confirms("ATTENTION: SET DEFAULT ZERO/GAIN, WOULD YOU LIKE TO CONTINUE ?")) {
+        view.ShowWaitIndicator();
         link.OpenPort();
-        ShowDefaultCalibration(panel);
-        link.DoEvents();
+        ShowDefaultCalibration(panel.calibration);
+        pump.DoEvents();
 
-        // CurrentBlock itself counts, as the block's index, and stays there when the unit does not
-        // answer.
-        const auto send = [&] { SendCalibrationFrame(link, panel, state.CurrentBlock); };
-        for (state.CurrentBlock = 0; state.CurrentBlock <= kLastBlockIndex; ++state.CurrentBlock) {
-            if (!WriteExchange(link, send, SettleBound::AtLeast, kSettleTicks)) {
-                return link.EndUnanswered();
-            }
-        }
-        link.Close();
+        // currentBlock itself counts, as the block's index, and keeps the index of the block that
+        // did not answer.
+        const auto send = [&] {
+            SendCalibrationFrame(link, panel.calibration, state.currentBlock);
+        };
+        for (state.currentBlock = 0; state.currentBlock < kBlockCount; ++state.currentBlock)
+            if (!WriteExchange(link, kSettleTicks, send)) return EndUnanswered(link, view);
+        EndOperation(link, view);
     }
-    state.CurrentBlock = 1; // Text2 keeps its number
+    state.currentBlock = 1; // the number shown stays
 }
 
 } // namespace tarvex

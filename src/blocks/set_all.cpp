@@ -1,8 +1,10 @@
 #include "blocks/set_all.h"
 
 #include "blocks/block_steps.h"
+#include "blocks/header_writing.h"
 #include "core/failure_rule.h"
-#include "link/write_frames.h"
+#include "core/header_store.h"
+#include "link/operation_end.h"
 
 namespace tarvex
 {
@@ -12,33 +14,23 @@ namespace
 constexpr int kSettleTicks = 2;
 } // namespace
 
-void SetAll(Panel& panel, WorkingState& state, HeaderStore& headers, DeviceLink& link,
-            MessageBoxes& boxes)
+void SetAll(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
+            EventPump& pump)
 {
     SkipOnError rule;
-    if (!boxes.AskOkCancel(kAllBlockWillBeLost)) return;
+    if (!view.Confirms(kAllBlockWillBeLost)) return;
 
-    link.ShowWaitIndicator();
-    headers.StorePanelWithoutCalibration(state.CurrentBlock);
+    view.ShowWaitIndicator();
+    StorePanelWithoutCalibration(panel, state, state.currentBlock);
     link.OpenPort();
 
-    // CurrentBlock itself counts, as the block's index: a command nested in a wait moves the loop.
-    const auto sendHeader = [&] { SendHeaderFrame(link, panel, state.CurrentBlock); };
-    for (state.CurrentBlock = 0; state.CurrentBlock <= kLastBlockIndex; ++state.CurrentBlock) {
-        ShowRecord(panel, state, link, state.CurrentBlock + 1);
-        if (!WriteExchange(link, sendHeader, SettleBound::AtLeast, kSettleTicks)) {
-            return EndOnFirstFailure(panel, state, link);
-        }
-    }
+    if (!WriteAllRecords(panel, state, link, pump, kSettleTicks))
+        return EndOnFirstFailure(panel, state, link, view);
+    if (!WriteClosing(link, kSettleTicks)) return EndOnSecondFailure(link, view);
 
-    const auto sendClosing = [&] { SendClosingFrame(link); };
-    if (!WriteExchange(link, sendClosing, SettleBound::AtLeast, kSettleTicks)) {
-        return EndOnSecondFailure(link);
-    }
-
-    link.Close();
+    EndOperation(link, view);
     GoToFirstBlock(panel, state);
-    headers.ReloadPanel();
+    ReloadPanel(panel, state);
 }
 
 } // namespace tarvex

@@ -1,9 +1,11 @@
 #include "blocks/set_block.h"
 
 #include "blocks/block_steps.h"
+#include "blocks/header_writing.h"
 #include "core/conversion.h"
 #include "core/failure_rule.h"
-#include "link/write_frames.h"
+#include "core/header_store.h"
+#include "link/operation_end.h"
 
 namespace tarvex
 {
@@ -15,33 +17,28 @@ constexpr std::string_view kAllBlocksWillBeLost =
 constexpr int kSettleTicks = 4;
 } // namespace
 
-void SetBlock(Panel& panel, WorkingState& state, HeaderStore& headers, DeviceLink& link,
-              MessageBoxes& boxes)
+void SetBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
+              EventPump& pump)
 {
     SkipOnError rule;
-    headers.StorePanel(state.CurrentBlock);
-    if (!boxes.AskOkCancel(kAllBlocksWillBeLost)) return;
+    StorePanel(panel, state, state.currentBlock);
+    if (!view.Confirms(kAllBlocksWillBeLost)) return;
 
-    link.ShowWaitIndicator();
-    state.CurrentBlock = NumericValue(panel.Text2.Text());
-    ShowRecord(panel, state, link, state.CurrentBlock);
+    view.ShowWaitIndicator();
+    state.currentBlock = NumericValue(panel.blockNumber.Text());
+    ShowRecord(panel, state, pump, state.currentBlock);
     link.OpenPort();
 
-    const auto sendHeader = [&] { SendHeaderFrame(link, panel, state.CurrentBlock - 1); };
-    if (!WriteExchange(link, sendHeader, SettleBound::AtLeast, kSettleTicks)) {
-        return EndOnFirstFailure(panel, state, link);
-    }
-    link.DoEvents();
-    link.ShowWaitIndicator();
+    if (!WriteShownHeader(panel, state, link, kSettleTicks))
+        return EndOnFirstFailure(panel, state, link, view);
+    pump.DoEvents();
+    view.ShowWaitIndicator();
+    if (!WriteClosing(link, kSettleTicks)) return EndOnSecondFailure(link, view);
 
-    const auto sendClosing = [&] { SendClosingFrame(link); };
-    if (!WriteExchange(link, sendClosing, SettleBound::AtLeast, kSettleTicks)) {
-        return EndOnSecondFailure(link);
-    }
-
-    state.CurrentBlock = NumericValue(panel.Text2.Text());
-    headers.ReloadPanel();
-    link.Close();
+    // Once more: a command nested in a wait may have moved it, or the operator typed another.
+    state.currentBlock = NumericValue(panel.blockNumber.Text());
+    ReloadPanel(panel, state);
+    EndOperation(link, view);
 }
 
 } // namespace tarvex

@@ -1,8 +1,10 @@
 #include "blocks/total_reset.h"
 
 #include "blocks/block_steps.h"
+#include "blocks/header_writing.h"
 #include "core/failure_rule.h"
-#include "link/write_frames.h"
+#include "core/header_store.h"
+#include "link/operation_end.h"
 
 namespace tarvex
 {
@@ -12,38 +14,28 @@ namespace
 constexpr int kSettleTicks = 4;
 } // namespace
 
-void TotalReset(Panel& panel, WorkingState& state, HeaderStore& headers, DeviceLink& link,
-                MessageBoxes& boxes)
+void TotalReset(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
+                EventPump& pump)
 {
     SkipOnError rule;
-    if (!boxes.AskOkCancel(kAllBlockWillBeLost)) return;
+    if (!view.Confirms(kAllBlockWillBeLost)) return;
 
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
     link.OpenPort();
     HeaderFile file(state);
     file.Open();
-    headers.FillDefaults(file);
+    FillDefaults(state, file);
     file.Close();
 
-    // CurrentBlock itself counts, as the block's index: a command nested in a wait moves the loop.
-    const auto sendHeader = [&] { SendHeaderFrame(link, panel, state.CurrentBlock); };
-    for (state.CurrentBlock = 0; state.CurrentBlock <= kLastBlockIndex; ++state.CurrentBlock) {
-        ShowRecord(panel, state, link, state.CurrentBlock + 1);
-        if (!WriteExchange(link, sendHeader, SettleBound::AtLeast, kSettleTicks)) {
-            return EndOnFirstFailure(panel, state, link);
-        }
-    }
-    link.DoEvents();
-    link.ShowWaitIndicator();
-
-    const auto sendClosing = [&] { SendClosingFrame(link); };
-    if (!WriteExchange(link, sendClosing, SettleBound::AtLeast, kSettleTicks)) {
-        return EndOnSecondFailure(link);
-    }
+    if (!WriteAllRecords(panel, state, link, pump, kSettleTicks))
+        return EndOnFirstFailure(panel, state, link, view);
+    pump.DoEvents();
+    view.ShowWaitIndicator();
+    if (!WriteClosing(link, kSettleTicks)) return EndOnSecondFailure(link, view);
 
     GoToFirstBlock(panel, state);
-    headers.ReloadPanel();
-    link.Close();
+    ReloadPanel(panel, state);
+    EndOperation(link, view);
 }
 
 } // namespace tarvex

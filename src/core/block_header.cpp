@@ -1,7 +1,31 @@
 #include "core/block_header.h"
 
+#include <cmath>
+
 namespace tarvex
 {
+
+std::optional<int> BlockWithIndex(double index)
+{
+    if (!(index >= 0 && index <= kLastBlockIndex) || std::floor(index) != index)
+        return std::nullopt;
+    return static_cast<int>(index);
+}
+
+std::string_view TextOf(const BlockHeader& header, HeaderField field)
+{
+    return std::visit([&](auto member) { return (header.*member).View(); }, field);
+}
+
+void SetText(BlockHeader& header, HeaderField field, std::string_view text)
+{
+    std::visit([&](auto member) { header.*member = text; }, field);
+}
+
+std::size_t WidthOf(HeaderField field)
+{
+    return TextOf(BlockHeader{}, field).size();
+}
 
 std::string DefaultClient(int number)
 {

@@ -3,17 +3,25 @@
 #include "core/fixed_text.h"
 
 #include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <type_traits>
+#include <variant>
 
 namespace tarvex
 {
 
-/// Blocks in the unit's memory, and records in the header table.
+/// Blocks in the unit's memory, and records in the header table. Blocks and records have numbers
+/// from 1; the unit's addresses count blocks from 0 by their index.
 inline constexpr int kBlockCount = 30;
 inline constexpr int kLastBlockIndex = kBlockCount - 1;
 
+/// The block with exactly that index; none for any other value, a fraction included.
+std::optional<int> BlockWithIndex(double index);
+
 /// The header of one block: a record of the header file, byte for byte. Offsets and widths in
-/// bytes.
+/// bytes. The fields have the names that the survey table gives them.
 struct BlockHeader {
     FixedText<8> cliente;    ///< client; offset 0
     FixedText<8> cantiere;   ///< site; offset 8
@@ -41,6 +49,20 @@ static_assert(offsetof(BlockHeader, nord) == 26);
 static_assert(offsetof(BlockHeader, data) == 32);
 static_assert(offsetof(BlockHeader, punto) == 48);
 static_assert(offsetof(BlockHeader, zero2) == 70);
+
+/// One of the fifteen fields, whatever its width.
+using HeaderField = std::variant<FixedText<1> BlockHeader::*, FixedText<2> BlockHeader::*,
+                                 FixedText<4> BlockHeader::*, FixedText<7> BlockHeader::*,
+                                 FixedText<8> BlockHeader::*>;
+
+/// The text of a field, with its blanks.
+std::string_view TextOf(const BlockHeader& header, HeaderField field);
+
+/// Sets a field, padded or cut to its width.
+void SetText(BlockHeader& header, HeaderField field, std::string_view text);
+
+/// The width of a field in bytes.
+std::size_t WidthOf(HeaderField field);
 
 /// The header of a block never used: row `index` (0 to 29) of the `DefaultHeaderTable`.
 BlockHeader DefaultHeader(int index);

@@ -18,6 +18,13 @@ public:
     virtual void WaitForEvents() = 0;
 };
 
+/// A wait that only the end of the program ends.
+[[noreturn]] inline void WaitForEver(EventPump& pump)
+{
+    for (;;)
+        pump.WaitForEvents();
+}
+
 /// `Timer1`: the periodic tick of 100 ms.
 class TickTimer
 {

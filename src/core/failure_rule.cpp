@@ -12,7 +12,8 @@ FailureScope*& Innermost()
 }
 } // namespace
 
-FailureScope::FailureScope() : outer_(Innermost())
+FailureScope::FailureScope(bool skips, bool* failed)
+    : skips_(skips), failed_(failed), outer_(Innermost())
 {
     Innermost() = this;
 }
@@ -24,12 +25,12 @@ FailureScope::~FailureScope()
 
 bool FailureScope::Skips()
 {
-    return Innermost() != nullptr && Innermost()->SkipsSteps();
+    return Innermost() != nullptr && Innermost()->skips_;
 }
 
 void FailureScope::NoteSkipped()
 {
-    if (Innermost() != nullptr) Innermost()->StepSkipped();
+    if (Innermost() != nullptr && Innermost()->failed_ != nullptr) *Innermost()->failed_ = true;
 }
 
 } // namespace tarvex

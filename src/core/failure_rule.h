@@ -14,21 +14,21 @@ class FailureScope
 public:
     FailureScope(const FailureScope&) = delete;
     FailureScope& operator=(const FailureScope&) = delete;
-    virtual ~FailureScope();
 
     /// True when the innermost living scope skips failing steps. Without any scope failures go up.
     static bool Skips();
 
-    /// Tells the innermost scope that a step has been skipped.
+    /// Notes with the innermost scope that a step has been skipped.
     static void NoteSkipped();
 
 protected:
-    FailureScope();
+    /// `failed`, unless null, becomes true at every skipped step.
+    FailureScope(bool skips, bool* failed);
+    ~FailureScope();
 
 private:
-    virtual bool SkipsSteps() const = 0;
-    virtual void StepSkipped() {}
-
+    bool skips_;
+    bool* failed_;
     FailureScope* outer_;
 };
 
@@ -37,26 +37,17 @@ private:
 class SkipOnError final : public FailureScope
 {
 public:
-    SkipOnError() = default;
+    SkipOnError() : FailureScope(true, nullptr) {}
 
     /// Also sets `failed` to true at every skipped step.
-    explicit SkipOnError(bool& failed) : failed_(&failed) {}
-
-private:
-    bool SkipsSteps() const override { return true; }
-    void StepSkipped() override
-    {
-        if (failed_ != nullptr) *failed_ = true;
-    }
-
-    bool* failed_ = nullptr;
+    explicit SkipOnError(bool& failed) : FailureScope(true, &failed) {}
 };
 
 /// A failing step ends the handler, and with it the program. The rule of a handler that names none.
 class LetFailuresGoUp final : public FailureScope
 {
-private:
-    bool SkipsSteps() const override { return false; }
+public:
+    LetFailuresGoUp() : FailureScope(false, nullptr) {}
 };
 
 /// Runs one step by the rule in force: true when it ran, false when it failed and was skipped.
@@ -71,6 +62,22 @@ bool Attempt(Step&& step)
         FailureScope::NoteSkipped();
         return false;
     }
+}
+
+/// What a test counts as; a test may also give a type of its own that knows.
+constexpr bool CountsAsTrue(bool truth)
+{
+    return truth;
+}
+
+/// The test of an "if" or of a loop by the rule in force: a test that fails counts as passed, so
+/// that the steps that it guards run, and a wait ends.
+template <class Test>
+bool Holds(Test&& test)
+{
+    bool passed = true;
+    Attempt([&] { passed = CountsAsTrue(test()); });
+    return passed;
 }
 
 } // namespace tarvex

@@ -14,10 +14,10 @@ class FileDialog
 public:
     virtual ~FileDialog() = default;
 
-    std::string Filter;             ///< pairs of description and pattern, each ended by "|"
-    int FilterIndex = 0;            ///< the filter selected at first, from 1
-    std::filesystem::path InitDir;  ///< the folder shown at first
-    std::filesystem::path FileName; ///< the name chosen last; a cancel leaves it
+    std::string filter;             ///< pairs of description and pattern, each ended by "|"
+    int filterIndex = 0;            ///< the filter selected at first, from 1
+    std::filesystem::path initDir;  ///< the folder shown at first
+    std::filesystem::path fileName; ///< the name chosen last; a cancel leaves it
 
     /// What becomes of the file that the save dialog names.
     enum class Fate {

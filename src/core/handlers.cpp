@@ -46,7 +46,7 @@ void Handlers::RunShowingFailure(const std::function<void()>& handler)
     try {
         handler();
     } catch (const std::exception& failure) {
-        boxes_.Critical(std::string("Run-time error: ") + failure.what());
+        messages_.Critical(std::string("Run-time error: ") + failure.what());
         end_.End(1);
     }
 }

@@ -12,7 +12,7 @@ namespace tarvex
 class Handlers
 {
 public:
-    Handlers(ProgramEnd& end, MessageBoxes& boxes) : end_(end), boxes_(boxes) {}
+    Handlers(ProgramEnd& end, MessageBoxes& messages) : end_(end), messages_(messages) {}
 
     /// How many handlers may be under way inside each other; the stack holds several times as many.
     static constexpr int kDeepest = 100;
@@ -27,7 +27,7 @@ private:
     void RunShowingFailure(const std::function<void()>& handler);
 
     ProgramEnd& end_;
-    MessageBoxes& boxes_;
+    MessageBoxes& messages_;
     int underWay_ = 0;
 };
 

@@ -3,51 +3,90 @@
 namespace tarvex
 {
 
-void LoadHeaderBoxes(Panel& panel, const BlockHeader& header)
+namespace
 {
-    panel.Text3.SetText(header.cliente.View());
-    panel.Text4.SetText(header.cantiere.View());
-    panel.Text5.SetText(header.tubo.View());
-    panel.Text6.SetText(header.profondità.View().substr(0, 3));
-    panel.Text13.SetText(header.profondità.View().substr(3, 1));
-    panel.Text7.SetText(header.passo.View());
-    panel.Text8.SetText(header.guide.View());
-    panel.Text9.SetText(header.nord.View());
-    panel.Text10.SetText(header.nlet.View());
-    panel.Text11.SetText(header.data.View());
-    panel.Text12.SetText(header.ora.View());
+
+/// The boxes that show one field, joined.
+template <class Rows, class Boxes>
+std::string TextOfField(const Rows& rows, const Boxes& boxes, HeaderField field)
+{
+    std::string text;
+    for (const auto& row : rows)
+        if (row.field == field) text += boxes[row.box].Text();
+    return text;
 }
 
-void LoadCalibrationBoxes(Panel& panel, const BlockHeader& header)
+template <class Rows, class Boxes>
+void Load(const Rows& rows, Boxes& boxes, const BlockHeader& header)
 {
-    panel.Text18.SetText(header.gain1.View());
-    panel.Text20.SetText(header.zero1.View());
-    panel.Text19.SetText(header.gain2.View());
-    panel.Text21.SetText(header.zero2.View());
-    panel.Text22.SetText(header.punto.View());
+    for (const auto& row : rows)
+        boxes[row.box].SetText(TextOf(header, row.field).substr(row.first - 1, row.width));
 }
 
-void StoreHeaderBoxes(BlockHeader& header, const Panel& panel)
+template <class Rows, class Boxes>
+void Store(const Rows& rows, BlockHeader& header, const Boxes& boxes)
 {
-    header.cliente = panel.Text3.Text();
-    header.cantiere = panel.Text4.Text();
-    header.tubo = panel.Text5.Text();
-    header.profondità = panel.Text6.Text() + panel.Text13.Text();
-    header.passo = panel.Text7.Text();
-    header.guide = panel.Text8.Text();
-    header.nord = panel.Text9.Text();
-    header.nlet = panel.Text10.Text();
-    header.data = panel.Text11.Text();
-    header.ora = panel.Text12.Text();
+    for (const auto& row : rows)
+        if (row.first == 1) SetText(header, row.field, TextOfField(rows, boxes, row.field));
 }
 
-void StoreCalibrationBoxes(BlockHeader& header, const Panel& panel)
+template <class Boxes>
+std::string JoinedTexts(const Boxes& boxes)
 {
-    header.gain1 = panel.Text18.Text();
-    header.zero1 = panel.Text20.Text();
-    header.gain2 = panel.Text19.Text();
-    header.zero2 = panel.Text21.Text();
-    header.punto = panel.Text22.Text();
+    std::string text;
+    for (const TextBox& box : boxes.things)
+        text += box.Text();
+    return text;
+}
+
+} // namespace
+
+HeaderBoxes::HeaderBoxes()
+{
+    for (const auto& row : kHeaderBoxes)
+        (*this)[row.box] = TextBox(row.width, row.atStart);
+}
+
+CalibrationBoxes::CalibrationBoxes()
+{
+    for (const auto& row : kCalibrationBoxes)
+        (*this)[row.box] = TextBox::OutOfReach(row.width);
+}
+
+void LoadHeader(HeaderBoxes& boxes, const BlockHeader& header)
+{
+    Load(kHeaderBoxes, boxes, header);
+}
+
+void LoadCalibration(CalibrationBoxes& boxes, const BlockHeader& header)
+{
+    Load(kCalibrationBoxes, boxes, header);
+}
+
+void StoreHeader(BlockHeader& header, const HeaderBoxes& boxes)
+{
+    Store(kHeaderBoxes, header, boxes);
+}
+
+void StoreCalibration(BlockHeader& header, const CalibrationBoxes& boxes)
+{
+    Store(kCalibrationBoxes, header, boxes);
+}
+
+void ShowHeader(HeaderBoxes& boxes, const HeaderTexts& texts)
+{
+    for (const auto& row : kHeaderBoxes)
+        boxes[row.box].SetText(texts[row.box]);
+}
+
+std::string Joined(const HeaderBoxes& boxes)
+{
+    return JoinedTexts(boxes);
+}
+
+std::string Joined(const CalibrationBoxes& boxes)
+{
+    return JoinedTexts(boxes);
 }
 
 } // namespace tarvex

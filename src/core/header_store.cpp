@@ -8,22 +8,22 @@ namespace tarvex
 
 void HeaderFile::Open()
 {
-    Attempt([&] { file_.Open(state_.HeaderFilePath); });
+    Attempt([&] { file_.Open(state_.headerFilePath); });
 }
 
 void HeaderFile::OpenEmptied()
 {
-    Attempt([&] { file_.OpenEmptied(state_.HeaderFilePath); });
+    Attempt([&] { file_.OpenEmptied(state_.headerFilePath); });
 }
 
 void HeaderFile::Get(double recordNumber)
 {
-    Attempt([&] { file_.Get(recordNumber, state_.BlockHeader); });
+    Attempt([&] { file_.Get(recordNumber, state_.blockHeader); });
 }
 
 void HeaderFile::Put(double recordNumber)
 {
-    Attempt([&] { file_.Put(recordNumber, state_.BlockHeader); });
+    Attempt([&] { file_.Put(recordNumber, state_.blockHeader); });
 }
 
 void HeaderFile::Close()
@@ -31,39 +31,40 @@ void HeaderFile::Close()
     file_.Close();
 }
 
-void HeaderStore::ReloadPanel()
+void ReloadPanel(ControlPanel& panel, WorkingState& state)
 {
-    HeaderFile file(state_);
+    HeaderFile file(state);
     file.Open();
-    file.Get(state_.CurrentBlock);
-    LoadHeaderBoxes(panel_, state_.BlockHeader);
-    LoadCalibrationBoxes(panel_, state_.BlockHeader);
+    file.Get(state.currentBlock);
+    LoadHeader(panel.header, state.blockHeader);
+    LoadCalibration(panel.calibration, state.blockHeader);
     file.Close();
 }
 
-void HeaderStore::StorePanel(double recordNumber)
+void StorePanel(const ControlPanel& panel, WorkingState& state, double recordNumber)
 {
-    HeaderFile file(state_);
+    HeaderFile file(state);
     file.Open();
-    StoreHeaderBoxes(state_.BlockHeader, panel_);
-    StoreCalibrationBoxes(state_.BlockHeader, panel_);
+    StoreHeader(state.blockHeader, panel.header);
+    StoreCalibration(state.blockHeader, panel.calibration);
     file.Put(recordNumber);
     file.Close();
 }
 
-void HeaderStore::StorePanelWithoutCalibration(double recordNumber)
+void StorePanelWithoutCalibration(const ControlPanel& panel, WorkingState& state,
+                                  double recordNumber)
 {
-    HeaderFile file(state_);
+    HeaderFile file(state);
     file.Open();
-    StoreHeaderBoxes(state_.BlockHeader, panel_);
+    StoreHeader(state.blockHeader, panel.header);
     file.Put(recordNumber);
     file.Close();
 }
 
-void HeaderStore::FillDefaults(HeaderFile& file)
+void FillDefaults(WorkingState& state, HeaderFile& file)
 {
     for (int index = 0; index < kBlockCount; ++index) {
-        state_.BlockHeader = DefaultHeader(index);
+        state.blockHeader = DefaultHeader(index);
         file.Put(index + 1);
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel.h"
+#include "core/control_panel.h"
 #include "core/record_file.h"
 #include "core/working_state.h"
 
@@ -15,16 +15,16 @@ class HeaderFile
 public:
     explicit HeaderFile(WorkingState& state) : state_(state), file_(sizeof(BlockHeader)) {}
 
-    /// Opens `HeaderFilePath`.
+    /// Opens `headerFilePath`.
     void Open();
 
     /// As Open, and drops what the file held.
     void OpenEmptied();
 
-    /// `BlockHeader` from the record of that number; blanks from where the file ends.
+    /// The working header from the record of that number; blanks from where the file ends.
     void Get(double recordNumber);
 
-    /// `BlockHeader` to the record of that number.
+    /// The working header to the record of that number.
     void Put(double recordNumber);
 
     void Close();
@@ -34,31 +34,23 @@ private:
     RecordFile file_;
 };
 
-/// The header table on this side of the line: it ties the header file, the working `BlockHeader`
-/// and the panel's boxes together. A failing open, get or put follows the rule in force; when
-/// skipped, the steps after it still run.
-class HeaderStore
-{
-public:
-    HeaderStore(WorkingState& state, Panel& panel) : state_(state), panel_(panel) {}
+// The header table on this side of the line ties the header file, the working header and the
+// panel's boxes together. A failing open, get or put follows the rule in force; when skipped, the
+// steps after it still run.
 
-    /// `BlockHeader` and all boxes, the hidden ones too, from record `CurrentBlock`.
-    void ReloadPanel();
+/// The working header and all boxes, those of the calibration too, from record `currentBlock`.
+void ReloadPanel(ControlPanel& panel, WorkingState& state);
 
-    /// `BlockHeader` from all boxes, the hidden ones too, and that record written.
-    void StorePanel(double recordNumber);
+/// The working header from all boxes, those of the calibration too, and that record written.
+void StorePanel(const ControlPanel& panel, WorkingState& state, double recordNumber);
 
-    /// As StorePanel, but the hidden boxes are not read: the calibration of `BlockHeader` goes to
-    /// the record as it stands.
-    void StorePanelWithoutCalibration(double recordNumber);
+/// As StorePanel, but the calibration is not taken from its boxes: it goes to the record as the
+/// working header has it.
+void StorePanelWithoutCalibration(const ControlPanel& panel, WorkingState& state,
+                                  double recordNumber);
 
-    /// Sets `BlockHeader` to each row of the `DefaultHeaderTable` in turn and puts it at its record
-    /// of the open file.
-    void FillDefaults(HeaderFile& file);
-
-private:
-    WorkingState& state_;
-    Panel& panel_;
-};
+/// Sets the working header to each of the thirty default headers in turn and puts it at its record
+/// of the open file.
+void FillDefaults(WorkingState& state, HeaderFile& file);
 
 } // namespace tarvex

@@ -3,9 +3,9 @@
 #include "core/code_page.h"
 #include "core/conversion.h"
 #include "core/failure_rule.h"
+#include "core/header_store.h"
 
 #include <array>
-#include <system_error>
 
 namespace tarvex
 {
@@ -13,49 +13,42 @@ namespace tarvex
 namespace
 {
 /// The controls that need a header file, in the order in which they change.
-constexpr std::array<Control Panel::*, 7> kFileCommandGroup = {
-    &Panel::sscommand9, &Panel::sscommand10, &Panel::sscommand6, &Panel::Command3,
-    &Panel::Command6,   &Panel::Command4,    &Panel::Command7};
+constexpr std::array<Control ControlPanel::*, 7> kFileCommandGroup = {
+    &ControlPanel::previousRecordButton, &ControlPanel::nextRecordButton,
+    &ControlPanel::setAllButton,         &ControlPanel::readBlockButton,
+    &ControlPanel::setBlockButton,       &ControlPanel::writeCalibrationButton,
+    &ControlPanel::resetBlockButton};
 } // namespace
 
-std::filesystem::path SystemCurrentDirectory()
-{
-    std::error_code error;
-    auto directory = std::filesystem::current_path(error);
-    if (error) throw RunTimeFailure("Path not found");
-    return directory;
-}
-
-void EnableFileCommandGroup(Panel& panel)
+void EnableFileCommandGroup(ControlPanel& panel)
 {
     for (const auto control : kFileCommandGroup)
         (panel.*control).Enable();
 }
 
-void DisableFileCommandGroup(Panel& panel)
+void DisableFileCommandGroup(ControlPanel& panel)
 {
     for (const auto control : kFileCommandGroup)
         (panel.*control).Disable();
 }
 
-void LoadMainForm(Panel& panel, WorkingState& state, HeaderStore& headers,
+void LoadMainForm(ControlPanel& panel, WorkingState& state,
                   const CurrentDirectory& currentDirectory)
 {
     SkipOnError rule;
-    state.DownloadBlock = 1;
-    state.CurrentBlock = 1;
+    state.downloadBlock = 1;
+    state.currentBlock = 1;
     EnableFileCommandGroup(panel);
-    state.CurrentBlock = 1;
-    panel.Text2.SetText(TwoDigits(state.CurrentBlock));
-    Attempt([&] { state.HeaderFilePath = currentDirectory() / "intestazione"; });
-    panel.Text15.SetText(code_page::Shown(state.HeaderFilePath));
-    panel.ssOption1.Select(0);
+    panel.blockNumber.SetText(TwoDigits(state.currentBlock));
+    Attempt([&] { state.headerFilePath = currentDirectory() / "intestazione"; });
+    panel.headerFile.SetText(code_page::Shown(state.headerFilePath));
+    panel.portOptions.Select(0);
 
     HeaderFile file(state);
-    file.OpenEmptied(); // exactly the thirty records remain, whatever lay there
-    headers.FillDefaults(file);
+    file.OpenEmptied(); // exactly the thirty records remain, whatever the file held
+    FillDefaults(state, file);
     file.Close();
-    headers.ReloadPanel();
+    ReloadPanel(panel, state);
 }
 
 } // namespace tarvex

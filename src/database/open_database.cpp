@@ -3,9 +3,10 @@
 namespace tarvex
 {
 
-void OpenDatabase(WorkingState& state, HeaderStore& headers, const std::function<void()>& showForm4)
+void OpenDatabase(const ControlPanel& panel, WorkingState& state,
+                  const std::function<void()>& showForm4)
 {
-    headers.StorePanel(state.CurrentBlock);
+    StorePanel(panel, state, state.currentBlock);
     showForm4();
 }
 

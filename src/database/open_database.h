@@ -7,9 +7,9 @@
 namespace tarvex
 {
 
-/// The way into the database: stores the panel in the record of `CurrentBlock`, and then shows the
+/// The way into the database: stores the panel in the record of `currentBlock`, and then shows the
 /// database panel, `Form4`. A failing store ends the program before anything is shown.
-void OpenDatabase(WorkingState& state, HeaderStore& headers,
+void OpenDatabase(const ControlPanel& panel, WorkingState& state,
                   const std::function<void()>& showForm4);
 
 } // namespace tarvex

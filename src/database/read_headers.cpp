@@ -44,7 +44,7 @@ void AddTube(SurveyHandle& row, const BlockHeader& header)
     row.SetField("nlet", 0.0);
     if (HasReading(header)) {
         row.SetField("l0", Reading(header));
-        row.SetField("nlet", 0.0);
+        row.SetField("nlet", 0.0); // once more, in case that the first one failed
     }
     row.Update();
 }
@@ -53,7 +53,7 @@ void AddTube(SurveyHandle& row, const BlockHeader& header)
 Truth HoldsAnotherReading(const Value& slot, const BlockHeader& header)
 {
     return Or(Not(Equals(Left(slot, 8), header.data.View())),
-              Not(Equals(Mid(slot, 9, 8), header.ora.View())));
+              Not(Equals(Middle(slot, 9, 8), header.ora.View())));
 }
 
 /// Files the reading in slot `number` on top of another one in the slot before it. Otherwise it is
@@ -68,7 +68,7 @@ void FileReading(SurveyHandle& row, const BlockHeader& header, int number)
     }
 }
 
-void UpdateTube(SurveyHandle& row, const BlockHeader& header, MessageBoxes& boxes)
+void UpdateTube(SurveyHandle& row, const BlockHeader& header, MessageBoxes& messages)
 {
     row.Edit();
     SetTube(row, header);
@@ -77,7 +77,7 @@ void UpdateTube(SurveyHandle& row, const BlockHeader& header, MessageBoxes& boxe
     row.SetField("nlet", NumericValue(header.nlet.View()));
     if (Holds([&] { return Greater(row.Fields("nlet"), kLastSlot); })) {
         row.LetOthersWrite();
-        boxes.Critical(kNoMoreReadings);
+        messages.Critical(kNoMoreReadings);
         row.KeepOthersFromWriting();
         row.SetField("nlet", kLastSlot);
     }
@@ -92,11 +92,11 @@ void UpdateTube(SurveyHandle& row, const BlockHeader& header, MessageBoxes& boxe
 
 } // namespace
 
-void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& boxes,
+void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& messages,
                  const std::function<void()>& showForm5)
 {
-    bool NoMatchFlag = false;
-    SkipOnError rule(NoMatchFlag);
+    bool noMatch = false;
+    SkipOnError rule(noMatch);
     survey.OpenTable();
 
     HeaderFile file(state);
@@ -104,21 +104,21 @@ void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& boxe
     for (int recordNumber = 1; recordNumber <= kBlockCount; ++recordNumber) {
         file.Get(recordNumber);
         // Or another program could add the same tube between the look-up and the update.
-        if (!survey.SurveyTable.KeepOthersFromWriting()) continue;
-        NoMatchFlag = false;
-        survey.SurveyTable.SetFilter(TubeCriterion(state.BlockHeader));
+        if (!survey.surveyTable.KeepOthersFromWriting()) continue;
+        noMatch = false;
+        survey.surveyTable.SetFilter(TubeCriterion(state.blockHeader));
         survey.OpenMatch();
-        survey.SurveyMatch.MoveFirst(); // its failure, and nothing else, tells an unknown tube
-        if (NoMatchFlag) {
-            AddTube(survey.SurveyMatch, state.BlockHeader);
+        survey.surveyMatch.MoveFirst(); // its failure, and nothing else, tells an unknown tube
+        if (noMatch) {
+            AddTube(survey.surveyMatch, state.blockHeader);
         } else {
-            UpdateTube(survey.SurveyMatch, state.BlockHeader, boxes);
+            UpdateTube(survey.surveyMatch, state.blockHeader, messages);
         }
-        survey.SurveyMatch.Close();
-        survey.SurveyTable.LetOthersWrite();
+        survey.surveyMatch.Close();
+        survey.surveyTable.LetOthersWrite();
     }
     file.Close();
-    survey.SurveyTable.Close();
+    survey.surveyTable.Close();
     Attempt(showForm5);
 }
 

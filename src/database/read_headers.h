@@ -13,7 +13,7 @@ namespace tarvex
 /// tube gets a row, a known one has its row updated and the reading filed in the slot of its
 /// readout number. `BlockHeader` is left holding record 30; the panel stays. At the end the grid,
 /// `Form5`, is shown. A failing step is skipped without a word.
-void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& boxes,
+void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& messages,
                  const std::function<void()>& showForm5);
 
 } // namespace tarvex

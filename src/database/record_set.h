@@ -19,7 +19,7 @@ class RecordSet
 public:
     virtual ~RecordSet() = default;
 
-    /// `Filter`: a criterion as criterion.h tells, which takes effect on the next OpenRecordset. An
+    /// `filter`: a criterion as criterion.h tells, which takes effect on the next OpenRecordset. An
     /// empty one lets every row pass.
     virtual void SetFilter(std::string_view criterion) = 0;
 

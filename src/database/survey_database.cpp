@@ -61,19 +61,19 @@ RecordSet& SurveyHandle::Opened() const
 
 void SurveyDatabase::OpenTable()
 {
-    SurveyTable.Assign(nullptr);
-    Attempt([&] { SurveyTable.Assign(engine.OpenTable(DatabasePath)); });
+    surveyTable.Assign(nullptr);
+    Attempt([&] { surveyTable.Assign(engine.OpenTable(databasePath)); });
 }
 
 void SurveyDatabase::OpenMatch()
 {
-    Attempt([&] { SurveyMatch.Assign(SurveyTable.OpenRecordset()); });
+    Attempt([&] { surveyMatch.Assign(surveyTable.OpenRecordset()); });
 }
 
 void LoadDatabaseForm(SurveyDatabase& survey, const CurrentDirectory& currentDirectory)
 {
     SkipOnError rule;
-    Attempt([&] { survey.DatabasePath = currentDirectory() / "tar_vex.mdb"; });
+    Attempt([&] { survey.databasePath = currentDirectory() / "tar_vex.mdb"; });
 }
 
 } // namespace tarvex

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/current_directory.h"
 #include "core/failure_rule.h"
-#include "core/start_up.h"
 #include "database/record_set.h"
 
 #include <filesystem>
@@ -50,43 +50,27 @@ private:
 struct SurveyDatabase {
     explicit SurveyDatabase(SurveyEngine& surveyEngine) : engine(surveyEngine) {}
 
-    /// Opens `SurveyTable` over the whole table; when that fails it is left unset, and every step
+    /// Opens `surveyTable` over the whole table; when that fails it is left unset, and every step
     /// on it fails.
     void OpenTable();
 
-    /// Opens `SurveyMatch` over the rows of `SurveyTable` that meet its filter.
+    /// Opens `surveyMatch` over the rows of `surveyTable` that meet its filter.
     void OpenMatch();
 
     SurveyEngine& engine;
 
     /// The database's file, set when the database panel loads.
-    std::filesystem::path DatabasePath;
+    std::filesystem::path databasePath;
 
     /// The whole table.
-    SurveyHandle SurveyTable;
+    SurveyHandle surveyTable;
 
     /// The rows of one header's tube.
-    SurveyHandle SurveyMatch;
+    SurveyHandle surveyMatch;
 };
 
 /// The load of `Form4`: the database is `tar_vex.mdb` of the current directory of that moment,
 /// which need not be the one where the program started.
 void LoadDatabaseForm(SurveyDatabase& survey, const CurrentDirectory& currentDirectory);
-
-/// The test of an "if" by the rule in force: a test that fails counts as passed, so that the steps
-/// that it guards run. `test` gives a Truth or a bool; unknown counts as false.
-template <class Test>
-bool Holds(Test&& test)
-{
-    bool passed = true;
-    Attempt([&] {
-        if constexpr (std::is_same_v<std::invoke_result_t<Test>, Truth>) {
-            passed = test() == Truth::True;
-        } else {
-            passed = test();
-        }
-    });
-    return passed;
-}
 
 } // namespace tarvex

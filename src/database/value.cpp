@@ -98,12 +98,14 @@ Value Join(const Value& left, const Value& right)
 
 Value Left(const Value& value, std::size_t count)
 {
-    return Mid(value, 1, count);
+    return Middle(value, 1, count);
 }
 
-Value Mid(const Value& value, std::size_t first, std::size_t count)
+Value Middle(const Value& value, std::size_t first, std::size_t count)
 {
-    return ChangeText(value, [&](const std::string& text) { return Middle(text, first, count); });
+    return ChangeText(value, [&](const std::string& text) {
+        return tarvex::Middle(std::string_view(text), first, count);
+    });
 }
 
 Value Capitals(const Value& value)

@@ -43,9 +43,14 @@ private:
     std::variant<std::monostate, double, std::string> content_;
 };
 
-/// The outcome of a comparison: unknown when one side is Null. As the test of an "if", unknown
-/// counts as false.
+/// The outcome of a comparison: unknown when one side is Null.
 enum class Truth { False, True, Unknown };
+
+/// A test that comes out unknown counts as false.
+constexpr bool CountsAsTrue(Truth truth)
+{
+    return truth == Truth::True;
+}
 
 /// Unknown stays unknown.
 Truth Not(Truth truth);
@@ -73,7 +78,7 @@ Value Join(const Value& left, const Value& right);
 Value Left(const Value& value, std::size_t count);
 
 /// `count` characters from position `first` (from 1), as far as there are any; Null of Null.
-Value Mid(const Value& value, std::size_t first, std::size_t count);
+Value Middle(const Value& value, std::size_t first, std::size_t count);
 
 /// Every letter as its capital; Null of Null.
 Value Capitals(const Value& value);

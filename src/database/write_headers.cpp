@@ -17,7 +17,7 @@ constexpr std::string_view kInvalidStep = "Attention: Invalid STEP value";
 constexpr std::string_view kInvalidGuides = "Attention: Invalid GUIDES value";
 constexpr std::string_view kInvalidNorth = "Attention: Invalid NORTH value";
 
-constexpr double kRefusedBlock = 30; // the last block is never written from here
+constexpr double kRefusedBlock = kBlockCount; // the last block is never written from here
 constexpr double kDeepestAtHalfMetreSteps = 1000;
 constexpr double kDeepestAtMetreSteps = 2000;
 constexpr double kFullCircle = 360;
@@ -101,6 +101,8 @@ private:
         Attempt([&] { header_.nord = TextOf(row_.Fields("nord")); });
         const auto inCircle = [&] { return NumericValue(row_.Fields("nord")) <= kFullCircle; };
         if (!Holds(inCircle)) return kInvalidNorth;
+        // Once more, in case that the first one failed. The first is needed as well: a north that
+        // is refused here has reached the header.
         Attempt([&] { header_.nord = TextOf(row_.Fields("nord")); });
         return {};
     }
@@ -119,7 +121,7 @@ private:
 
 /// Writes the current row into the header file if its mark says so. False when a check stops the
 /// walk.
-bool TransferRow(SurveyHandle& row, BlockHeader& header, HeaderFile& file, MessageBoxes& boxes)
+bool TransferRow(SurveyHandle& row, BlockHeader& header, HeaderFile& file, MessageBoxes& messages)
 {
     if (!Holds([&] { return Not(Equals(row.Fields("b"), "")); })) return true;
 
@@ -129,14 +131,14 @@ bool TransferRow(SurveyHandle& row, BlockHeader& header, HeaderFile& file, Messa
         return block > 0 && block < kRefusedBlock;
     };
     if (!Holds(isBlock)) {
-        boxes.Critical(kIncorrectBlock);
+        messages.Critical(kIncorrectBlock);
         return true;
     }
 
     RowTransfer transfer(row, header);
     transfer.TakeTube();
     if (const std::string_view refusal = transfer.TakeChecked(); !refusal.empty()) {
-        boxes.Critical(refusal);
+        messages.Critical(refusal);
         return false;
     }
     transfer.TakeNextReading();
@@ -146,19 +148,19 @@ bool TransferRow(SurveyHandle& row, BlockHeader& header, HeaderFile& file, Messa
 
 } // namespace
 
-void WriteHeaders(Panel& panel, WorkingState& state, HeaderStore& headers, SurveyDatabase& survey,
-                  EventPump& events, MessageBoxes& boxes)
+void WriteHeaders(ControlPanel& panel, WorkingState& state, SurveyDatabase& survey,
+                  EventPump& events, MessageBoxes& messages)
 {
     SkipOnError rule;
     events.DoEvents();
     survey.OpenTable(); // after the events: another of these commands may have run in them
 
-    SurveyHandle& row = survey.SurveyTable;
+    SurveyHandle& row = survey.surveyTable;
     HeaderFile file(state);
     file.Open();
     row.MoveFirst();
     while (Holds([&] { return !row.Eof(); })) {
-        if (!TransferRow(row, state.BlockHeader, file, boxes)) break;
+        if (!TransferRow(row, state.blockHeader, file, messages)) break;
         row.Edit();
         row.SetField("b", "");
         row.Update();
@@ -167,9 +169,9 @@ void WriteHeaders(Panel& panel, WorkingState& state, HeaderStore& headers, Surve
     file.Close();
     row.Close();
 
-    state.CurrentBlock = 1;
-    panel.Text2.SetText(TwoDigits(state.CurrentBlock));
-    headers.ReloadPanel();
+    state.currentBlock = 1;
+    panel.blockNumber.SetText(TwoDigits(state.currentBlock));
+    ReloadPanel(panel, state);
     events.DoEvents();
 }
 

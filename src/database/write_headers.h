@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/event_pump.h"
 #include "core/header_store.h"
 #include "core/message_boxes.h"
@@ -14,7 +15,7 @@ namespace tarvex
 /// that fails a check stops the walk with its box; rows before it stay written, it keeps its mark.
 /// At the end the panel shows block 1. A failing step is skipped without a word, and a failing
 /// check counts as passed: without a database the depth check therefore stops the walk.
-void WriteHeaders(Panel& panel, WorkingState& state, HeaderStore& headers, SurveyDatabase& survey,
-                  EventPump& events, MessageBoxes& boxes);
+void WriteHeaders(ControlPanel& panel, WorkingState& state, SurveyDatabase& survey,
+                  EventPump& events, MessageBoxes& messages);
 
 } // namespace tarvex

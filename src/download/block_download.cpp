@@ -3,9 +3,12 @@
 #include "core/conversion.h"
 #include "core/failure_rule.h"
 #include "download/data_report.h"
+#include "download/depth.h"
 #include "download/head_report.h"
 #include "download/report_opening.h"
 #include "download/work_file.h"
+#include "link/header_pages.h"
+#include "link/operation_end.h"
 
 namespace tarvex
 {
@@ -13,15 +16,8 @@ namespace tarvex
 namespace
 {
 
-/// The header as the download reads it: of the time it takes six characters, not eight.
-constexpr HeaderPages DownloadPages()
-{
-    HeaderPages pages = kHeaderPages;
-    pages.back().byteCount = 6;
-    return pages;
-}
-constexpr HeaderPages kDownloadPages = DownloadPages();
-
+constexpr int kTicksBeforeTheReport = 5;
+constexpr int kTimeBytesRead = 6; // without the two blanks
 constexpr std::string_view kDataBanks = "123456789ABCDEF";
 constexpr std::string_view kPagesOfBank = "0123456789ABCDEF";
 
@@ -30,40 +26,35 @@ void DeleteWhenThere(const ReportFile& file)
     Attempt([&] { DeleteFile(file.Path()); });
 }
 
-void ShowReportFileName(Panel& panel, WorkingState& state, const ReportFile& file)
+void ShowReportFileName(ControlPanel& panel, WorkingState& state, const ReportFile& file)
 {
-    state.ReportFileName = file.Shown();
-    panel.Text1.SetText(state.ReportFileName);
-}
-
-/// "0155" becomes "015.5"; the point stands there for an empty text too.
-void ReformatDepth(std::string& depth)
-{
-    depth = std::string(Middle(depth, 1, 3)) + "." + std::string(Middle(depth, 4, 1));
+    state.reportFileName = file.Shown();
+    panel.reportFile.SetText(state.reportFileName);
 }
 
 /// The walk over a block's data pages: from the full depth upwards, one page a step.
 class DataPageWalk
 {
 public:
-    DataPageWalk(Panel& panel, WorkingState& state, DeviceLink& link, const HeaderValues& values)
+    DataPageWalk(ControlPanel& panel, WorkingState& state, DeviceLink& link,
+                 const HeaderTexts& header)
         : panel_(panel),
           state_(state),
           link_(link),
-          values_(values),
-          depth_(NumericValue(values.profondità))
+          header_(header),
+          depth_(NumericValue(DepthWithPoint(header)))
     {
     }
 
     void Run(RecordFile& workFile)
     {
         for (const char bank : kDataBanks) {
-            state_.ReadAddrBank = bank;
+            state_.readAddrBank = bank;
             for (const char page : kPagesOfBank) {
-                state_.ReadAddrPage = {page, '0'};
+                state_.readAddrPage = {page, '0'};
                 if (!TubeGoesOn()) return;
                 ReadRow(workFile);
-                depth_ -= values_.passo == "0" ? 0.5 : 1;
+                depth_ -= header_[HeaderBox::Step] == "0" ? 0.5 : 1;
             }
         }
     }
@@ -73,7 +64,7 @@ private:
     /// not.
     bool TubeGoesOn() const
     {
-        return NumericValue(values_.passo) == 0 ? depth_ >= 0.5 : depth_ > 0;
+        return NumericValue(header_[HeaderBox::Step]) == 0 ? depth_ >= 0.5 : depth_ > 0;
     }
 
     /// A page whose wake is answered otherwise than by "!" leaves no row.
@@ -81,65 +72,66 @@ private:
     {
         link_.UntimedWake();
         if (!link_.AnsweredReady()) return;
-        ReadPage(link_, panel_, state_);
-        FillDataRow(state_, link_.Reply(), depth_, values_.guide == "4");
+        ReadPage(link_, panel_.readAddress, state_);
+        FillDataRow(state_, link_.Reply(), depth_, header_[HeaderBox::Guides] == "4");
         WriteDataRow(state_, workFile, recordNumber_);
         ++recordNumber_;
     }
 
-    Panel& panel_;
+    ControlPanel& panel_;
     WorkingState& state_;
     DeviceLink& link_;
-    const HeaderValues& values_;
+    const HeaderTexts& header_;
     double depth_;         // metres
-    int recordNumber_ = 3; // behind the title and the blank record
+    int recordNumber_ = 3; // after the title and the blank record
 };
 
 } // namespace
 
-void BlockDownload(Panel& panel, WorkingState& state, DeviceLink& link)
+void BlockDownload(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
+                   EventPump& pump)
 {
     SkipOnError rule;
-    link.ShowWaitIndicator();
-    panel.command3d1.Disable();
-    link.DoEvents();
-    panel.Picture1.Clear();
+    view.ShowWaitIndicator();
+    panel.downloadButton.Disable();
+    pump.DoEvents();
+    panel.drawing.Clear();
 
-    SetReadBlock(state, TwoDigits(NumericValue(panel.numblocco.Text()) - 1));
+    SetReadBlock(state, NumericValue(panel.downloadBlock.Text()));
     link.OpenPort();
 
-    HeaderValues values;
-    if (!ReadHeaderPages(link, panel, state, kDownloadPages, values)) return link.EndUnanswered();
+    HeaderTexts header;
+    if (!ReadHeaderPages(link, panel.readAddress, state, header, kTimeBytesRead))
+        return EndUnanswered(link, view);
 
-    DeleteWhenThere(HeadReportFile(state.ReportFolder, values));
-    DeleteWhenThere(DataReportFile(state.ReportFolder, values));
-    DeleteWhenThere(WorkFile(state.ReportFolder));
+    DeleteWhenThere(HeadReportFile(state.reportFolder, header));
+    DeleteWhenThere(DataReportFile(state.reportFolder, header));
+    DeleteWhenThere(WorkFile(state.reportFolder));
 
-    ReformatDepth(values.profondità);
-    ShowReportFileName(panel, state, HeadReportFile(state.ReportFolder, values));
-    WriteHeadReport(state, values, HeadReportFile(state.ReportFolder, values));
+    ShowReportFileName(panel, state, HeadReportFile(state.reportFolder, header));
+    WriteHeadReport(state, header, HeadReportFile(state.reportFolder, header));
 
-    ShowReportFileName(panel, state, DataReportFile(state.ReportFolder, values));
+    ShowReportFileName(panel, state, DataReportFile(state.reportFolder, header));
     Attempt([&] { DeleteFile("datiram.dat"); }); // one left in the current directory
     RecordFile rows(sizeof(DataRecord));
-    Attempt([&] { OpenReport(rows, WorkFile(state.ReportFolder)); });
+    Attempt([&] { OpenReport(rows, WorkFile(state.reportFolder)); });
     WriteTitleRecords(state, rows);
-    DataPageWalk(panel, state, link, values).Run(rows);
+    DataPageWalk(panel, state, link, header).Run(rows);
     rows.Close();
 
     link.ClosePort();
-    panel.command3d1.Enable();
-    link.DoEvents();
-    link.SettleWait(SettleBound::Above, 4);
+    panel.downloadButton.Enable();
+    pump.DoEvents();
+    link.SettleWait(kTicksBeforeTheReport);
     link.StopTick();
 
     // The folder of this moment: the operator may have chosen another one during the walk.
-    const ReportFile dataReport = DataReportFile(state.ReportFolder, values);
+    const ReportFile dataReport = DataReportFile(state.reportFolder, header);
     ShowReportFileName(panel, state, dataReport);
-    WriteDataReport(state, link, dataReport, WorkFile(state.ReportFolder));
-    link.HideWaitIndicator();
-    panel.Text1.SetText("");
-    link.DoEvents();
+    WriteDataReport(state, pump, dataReport, WorkFile(state.reportFolder));
+    view.HideWaitIndicator();
+    panel.reportFile.SetText("");
+    pump.DoEvents();
 }
 
 } // namespace tarvex

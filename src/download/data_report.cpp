@@ -25,7 +25,7 @@ int CountRecords(WorkingState& state, RecordFile& work)
 {
     int count = 1;
     while (!work.EndOfFile()) {
-        Attempt([&] { work.Get(count, state.DataRecordIn); });
+        Attempt([&] { work.Get(count, state.dataRecordIn); });
         ++count;
     }
     return count;
@@ -33,23 +33,23 @@ int CountRecords(WorkingState& state, RecordFile& work)
 
 } // namespace
 
-void WriteDataReport(WorkingState& state, DeviceLink& link, const ReportFile& reportFile,
+void WriteDataReport(WorkingState& state, EventPump& pump, const ReportFile& reportFile,
                      const ReportFile& workFile)
 {
     RecordFile report(sizeof(DataRecord));
     Attempt([&] { OpenReport(report, reportFile); });
     RecordFile work(sizeof(DataRecord));
     Attempt([&] { OpenReport(work, workFile); });
-    if (!work.IsOpen()) link.WaitForEver();
+    if (!work.IsOpen()) WaitForEver(pump);
 
     int writeNumber = 1;
     for (int readNumber = CountRecords(state, work); readNumber >= 1; --readNumber) {
         Attempt([&] {
-            work.Get(readNumber, state.DataRecordIn);
-            if (work.EndOfFile()) state.DataRecordIn = BlankRecord();
+            work.Get(readNumber, state.dataRecordIn);
+            if (work.EndOfFile()) state.dataRecordIn = BlankRecord();
         });
-        state.DataRecord = state.DataRecordIn;
-        Attempt([&] { report.Put(writeNumber, state.DataRecord); });
+        state.dataRecord = state.dataRecordIn;
+        Attempt([&] { report.Put(writeNumber, state.dataRecord); });
         ++writeNumber;
     }
     report.Close();

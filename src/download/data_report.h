@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/event_pump.h"
 #include "core/working_state.h"
 #include "download/report_names.h"
-#include "link/device_link.h"
 
 namespace tarvex
 {
@@ -11,7 +11,7 @@ namespace tarvex
 /// without data, so that the title comes last. A work file of N + 2 records gives N + 4.
 ///
 /// When the work file cannot be opened this never returns: only the end of the program ends it.
-void WriteDataReport(WorkingState& state, DeviceLink& link, const ReportFile& reportFile,
+void WriteDataReport(WorkingState& state, EventPump& pump, const ReportFile& reportFile,
                      const ReportFile& workFile);
 
 } // namespace tarvex

@@ -3,7 +3,7 @@
 #include "core/code_page.h"
 #include "core/conversion.h"
 #include "core/failure_rule.h"
-#include "core/header_boxes.h"
+#include "core/header_store.h"
 #include "core/start_up.h"
 
 namespace tarvex
@@ -14,102 +14,50 @@ namespace
 
 constexpr std::string_view kAllFiles = " FILE (*.*)|*.*|";
 
-void ShowCurrentBlock(Panel& panel, const WorkingState& state)
-{
-    panel.Text2.SetText(TwoDigits(state.CurrentBlock));
-}
-
-void MoveUp(Panel& panel, WorkingState& state)
-{
-    state.CurrentBlock += 1;
-    if (state.CurrentBlock > kBlockCount) state.CurrentBlock = kBlockCount;
-    ShowCurrentBlock(panel, state);
-}
-
-void MoveDown(Panel& panel, WorkingState& state)
-{
-    state.CurrentBlock -= 1;
-    if (state.CurrentBlock < 1) state.CurrentBlock = 1;
-    ShowCurrentBlock(panel, state);
-}
-
-using Move = void (*)(Panel&, WorkingState&);
-
-void StepRecord(Panel& panel, WorkingState& state, HeaderStore& headers, Move move)
-{
-    if (state.HeaderFilePath.empty()) return;
-    headers.StorePanel(state.CurrentBlock);
-    move(panel, state);
-
-    HeaderFile file(state);
-    file.Open();
-    file.Get(state.CurrentBlock);
-    LoadHeaderBoxes(panel, state.BlockHeader);
-    file.Close();
-}
-
 } // namespace
 
-void StepRecordUp(Panel& panel, WorkingState& state, HeaderStore& headers)
-{
-    StepRecord(panel, state, headers, MoveUp);
-}
-
-void StepRecordDown(Panel& panel, WorkingState& state, HeaderStore& headers)
-{
-    StepRecord(panel, state, headers, MoveDown);
-}
-
-void CopyHeaderForward(Panel& panel, WorkingState& state, HeaderStore& headers)
-{
-    SkipOnError rule;
-    if (state.HeaderFilePath.empty()) return;
-    headers.StorePanel(state.CurrentBlock);
-    MoveUp(panel, state);
-}
-
-void ChooseHeaderFile(Panel& panel, WorkingState& state, HeaderStore& headers, FileDialog& dialog,
+void ChooseHeaderFile(ControlPanel& panel, WorkingState& state, FileDialog& dialog,
                       const std::filesystem::path& initialFolder)
 {
     SkipOnError rule;
-    dialog.Filter = kAllFiles;
-    dialog.InitDir = initialFolder;
-    dialog.FilterIndex = 1;
+    dialog.filter = kAllFiles;
+    dialog.initDir = initialFolder;
+    dialog.filterIndex = 1;
     dialog.ShowOpen("Open header file");
-    state.HeaderFilePath = dialog.FileName;
-    panel.Text15.SetText(code_page::Shown(state.HeaderFilePath));
-    if (state.HeaderFilePath.empty()) return;
+    state.headerFilePath = dialog.fileName;
+    panel.headerFile.SetText(code_page::Shown(state.headerFilePath));
+    if (state.headerFilePath.empty()) return;
 
     EnableFileCommandGroup(panel);
-    state.CurrentBlock = 1;
-    ShowCurrentBlock(panel, state);
-    headers.ReloadPanel();
+    state.currentBlock = 1;
+    panel.blockNumber.SetText(TwoDigits(state.currentBlock));
+    ReloadPanel(panel, state);
 }
 
-void CreateDefaultHeaderFile(Panel& panel, WorkingState& state, FileDialog& dialog)
+void CreateDefaultHeaderFile(ControlPanel& panel, WorkingState& state, FileDialog& dialog)
 {
-    dialog.Filter = kAllFiles;
-    dialog.FilterIndex = 1;
+    dialog.filter = kAllFiles;
+    dialog.filterIndex = 1;
     dialog.ShowSave("New default header file", FileDialog::Fate::Overwritten);
-    state.HeaderFilePath = dialog.FileName; // Text15 keeps the name of the file before
-    if (state.HeaderFilePath.empty()) return;
+    state.headerFilePath = dialog.fileName; // the panel keeps the name of the file before
+    if (state.headerFilePath.empty()) return;
 
     HeaderFile file(state);
     file.Open();
     for (int recordNumber = 1; recordNumber <= kBlockCount; ++recordNumber) {
-        state.BlockHeader.cliente = "CLIENT0";
-        SetDefaultsButClient(state.BlockHeader);
+        state.blockHeader.cliente = "CLIENT0";
+        SetDefaultsButClient(state.blockHeader);
         file.Put(recordNumber);
     }
     file.Close();
     DisableFileCommandGroup(panel);
 }
 
-void EnableDownload(Panel& panel, FileDialog& dialog)
+void EnableDownload(ControlPanel& panel, FileDialog& dialog)
 {
     SkipOnError rule;
     dialog.ShowSave("Folder of the reports", FileDialog::Fate::LeftAlone);
-    panel.command3d1.Enable();
+    panel.downloadButton.Enable();
 }
 
 } // namespace tarvex

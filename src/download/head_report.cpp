@@ -2,6 +2,7 @@
 
 #include "core/conversion.h"
 #include "core/failure_rule.h"
+#include "download/depth.h"
 #include "download/report_opening.h"
 
 #include <array>
@@ -12,7 +13,7 @@ namespace tarvex
 namespace
 {
 
-/// Characters 1 and 2, 3 and 4, 5 and 6 of `digits` with `mark` between the pairs, which stands
+/// Characters 1 and 2, 3 and 4, 5 and 6 of `digits` with `mark` between the pairs, which is
 /// there for an empty text too.
 std::string Joined(std::string_view digits, std::string_view mark)
 {
@@ -22,19 +23,20 @@ std::string Joined(std::string_view digits, std::string_view mark)
     return joined;
 }
 
-/// The labels are read by other programs: with and without a blank before the ";" as they stand.
-std::array<std::string, 10> Lines(const HeaderValues& values)
+/// The labels are read by other programs: with and without a blank before the ";" as they are here.
+std::array<std::string, 10> Lines(const HeaderTexts& header)
 {
-    return {"Client: ;" + values.cliente,
-            "Site:;" + values.cantiere,
-            "Tube no: ;" + values.tubo,
-            "Depth:;" + values.profondità,
-            "Step:;" + values.passo,
-            "Guides no: ;" + values.guide,
-            "North:;" + values.nord,
-            "Readout no:;" + values.nlet,
-            "Date: ;" + Joined(values.data, "/"),
-            "Time:;" + Joined(values.ora, ":")};
+    using enum HeaderBox;
+    return {"Client: ;" + header[Client],
+            "Site:;" + header[Site],
+            "Tube no: ;" + header[Tube],
+            "Depth:;" + DepthWithPoint(header),
+            "Step:;" + header[Step],
+            "Guides no: ;" + header[Guides],
+            "North:;" + header[North],
+            "Readout no:;" + header[Readout],
+            "Date: ;" + Joined(header[Date], "/"),
+            "Time:;" + Joined(header[Time], ":")};
 }
 
 void PutLine(RecordFile& file, ReportRecord& record, int recordNumber, std::string_view line)
@@ -46,14 +48,14 @@ void PutLine(RecordFile& file, ReportRecord& record, int recordNumber, std::stri
 
 } // namespace
 
-void WriteHeadReport(WorkingState& state, const HeaderValues& values, const ReportFile& file)
+void WriteHeadReport(WorkingState& state, const HeaderTexts& header, const ReportFile& file)
 {
     RecordFile report(sizeof(ReportRecord));
     Attempt([&] { OpenReport(report, file); });
     int recordNumber = 1;
-    for (const std::string& line : Lines(values)) {
-        if (recordNumber > 1) PutLine(report, state.ReportRecord, recordNumber++, "");
-        PutLine(report, state.ReportRecord, recordNumber++, line);
+    for (const std::string& line : Lines(header)) {
+        if (recordNumber > 1) PutLine(report, state.reportRecord, recordNumber++, "");
+        PutLine(report, state.reportRecord, recordNumber++, line);
     }
     report.Close();
 }

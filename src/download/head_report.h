@@ -7,8 +7,7 @@ namespace tarvex
 {
 
 /// Writes the head report into `file` and closes it: 19 records of 42 bytes, the ten values of the
-/// header behind their labels with an empty line between any two. `values.profondità` comes with
-/// its point.
-void WriteHeadReport(WorkingState& state, const HeaderValues& values, const ReportFile& file);
+/// header after their labels with an empty line between any two.
+void WriteHeadReport(WorkingState& state, const HeaderTexts& header, const ReportFile& file);
 
 } // namespace tarvex

@@ -19,10 +19,10 @@ bool ReachesOutside(std::string_view name)
            name.find(static_cast<char>(separator)) != std::string_view::npos;
 }
 
-std::string NameOf(const HeaderValues& values, std::string_view ending)
+std::string NameOf(const HeaderTexts& header, std::string_view ending)
 {
-    return values.cliente + "-" + values.cantiere + "-" + values.tubo + "-" + values.nlet + "-" +
-           std::string(ending);
+    return header[HeaderBox::Client] + "-" + header[HeaderBox::Site] + "-" +
+           header[HeaderBox::Tube] + "-" + header[HeaderBox::Readout] + "-" + std::string(ending);
 }
 
 } // namespace
@@ -42,14 +42,14 @@ std::filesystem::path ReportFile::Path() const
     return path;
 }
 
-ReportFile HeadReportFile(const std::filesystem::path& folder, const HeaderValues& values)
+ReportFile HeadReportFile(const std::filesystem::path& folder, const HeaderTexts& header)
 {
-    return {folder, NameOf(values, "dat.dat")};
+    return {folder, NameOf(header, "dat.dat")};
 }
 
-ReportFile DataReportFile(const std::filesystem::path& folder, const HeaderValues& values)
+ReportFile DataReportFile(const std::filesystem::path& folder, const HeaderTexts& header)
 {
-    return {folder, NameOf(values, "num.dat")};
+    return {folder, NameOf(header, "num.dat")};
 }
 
 ReportFile WorkFile(const std::filesystem::path& folder)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/header_pages.h"
+#include "core/header_boxes.h"
 
 #include <filesystem>
 #include <string>
@@ -22,10 +22,10 @@ struct ReportFile {
 };
 
 /// "client-site-tube-readout-dat.dat", every blank kept.
-ReportFile HeadReportFile(const std::filesystem::path& folder, const HeaderValues& values);
+ReportFile HeadReportFile(const std::filesystem::path& folder, const HeaderTexts& header);
 
 /// "client-site-tube-readout-num.dat", every blank kept.
-ReportFile DataReportFile(const std::filesystem::path& folder, const HeaderValues& values);
+ReportFile DataReportFile(const std::filesystem::path& folder, const HeaderTexts& header);
 
 /// "datiram.dat".
 ReportFile WorkFile(const std::filesystem::path& folder);

@@ -23,8 +23,8 @@ constexpr std::size_t kWordsOfTwoGuides = 4;
 
 void PutRecord(WorkingState& state, RecordFile& workFile, int recordNumber)
 {
-    state.DataRecord.end = kRecordEnd;
-    Attempt([&] { workFile.Put(recordNumber, state.DataRecord); });
+    state.dataRecord.end = kRecordEnd;
+    Attempt([&] { workFile.Put(recordNumber, state.dataRecord); });
 }
 
 std::string SampleWord(std::string_view reply, std::size_t word)
@@ -39,21 +39,21 @@ std::string SampleWord(std::string_view reply, std::size_t word)
 
 void WriteTitleRecords(WorkingState& state, RecordFile& workFile)
 {
-    state.DataRecord.text = kReportTitle;
+    state.dataRecord.text = kReportTitle;
     PutRecord(state, workFile, 1);
-    state.DataRecord.text = "";
+    state.dataRecord.text = "";
     PutRecord(state, workFile, 2);
 }
 
 void FillDataRow(WorkingState& state, std::string_view reply, double depth, bool fourGuides)
 {
-    state.DataRecord.text = "";
-    state.DataRecord.depth = OneDecimal(depth) + ";";
+    state.dataRecord.text = "";
+    state.dataRecord.depth = OneDecimal(depth) + ";";
     const std::size_t words = fourGuides ? kColumns.size() : kWordsOfTwoGuides;
     for (std::size_t word = 0; word < words; ++word) {
         std::string reading;
         Attempt([&] { DecodeSampleWord(SampleWord(reply, word), reading); });
-        state.DataRecord.*kColumns[word] = reading + ";";
+        state.dataRecord.*kColumns[word] = reading + ";";
     }
 }
 

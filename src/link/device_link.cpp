@@ -15,51 +15,35 @@ constexpr int kLastTick = 5000;
 
 void CountTick(WorkingState& state)
 {
-    ++state.TickCounter;
-    if (state.TickCounter > kLastTick) state.TickCounter = 0;
+    ++state.tickCounter;
+    if (state.tickCounter > kLastTick) state.tickCounter = 0;
 }
 
-void DeviceLink::ShowWaitIndicator()
+DeviceLink::DeviceLink(const Line& line)
+    : port_(line.port),
+      pump_(line.pump),
+      timer_(line.timer),
+      comPortNumber_(line.state.comPortNumber),
+      tickCounter_(line.state.tickCounter)
 {
-    if (line_.indicator != nullptr) {
-        line_.indicator->Label34.Show();
-        line_.indicator->Shape1.Show();
-    }
-    DoEvents();
-}
-
-void DeviceLink::HideWaitIndicator()
-{
-    if (line_.indicator != nullptr) {
-        line_.indicator->Label34.Hide();
-        line_.indicator->Shape1.Hide();
-    }
-    DoEvents();
 }
 
 void DeviceLink::OpenPort()
 {
-    Attempt([&] { line_.port.SetCommPort(line_.state.ComPortNumber); });
-    Attempt([&] { line_.port.Open(); });
+    Attempt([&] { port_.SetCommPort(comPortNumber_); });
+    Attempt([&] { port_.Open(); });
 }
 
 void DeviceLink::ClosePort()
 {
-    line_.port.Close();
-}
-
-void DeviceLink::Close()
-{
-    ClosePort();
-    HideWaitIndicator();
+    port_.Close();
 }
 
 bool DeviceLink::TimedWake()
 {
     SendWake();
-    WaitUntil(
-        [&] { return line_.port.InBufferCount() > 0 || line_.state.TickCounter > kLastWakeTick; });
-    if (line_.state.TickCounter > kLastWakeTick) return false;
+    WaitUntil([&] { return port_.InBufferCount() > 0 || tickCounter_ > kLastWakeTick; });
+    if (tickCounter_ > kLastWakeTick) return false;
     TakeReply();
     return true;
 }
@@ -67,76 +51,53 @@ bool DeviceLink::TimedWake()
 void DeviceLink::UntimedWake()
 {
     SendWake();
-    WaitUntil([&] { return line_.port.InBufferCount() > 0; });
+    WaitUntil([&] { return port_.InBufferCount() > 0; });
     TakeReply();
-}
-
-void DeviceLink::ReportNotConnected()
-{
-    line_.boxes.Critical("Attention: TAR--VEX not connected");
-}
-
-void DeviceLink::EndUnanswered()
-{
-    ReportNotConnected();
-    Close();
 }
 
 void DeviceLink::SendFrame(std::string_view frame)
 {
-    Attempt([&] { line_.port.Output(std::string(frame) + kFrameEnd); });
+    Attempt([&] { port_.Output(std::string(frame) + kFrameEnd); });
 }
 
 void DeviceLink::AwaitReply(int count)
 {
     RestartTick();
-    WaitUntil([&] { return line_.port.InBufferCount() >= count; });
+    WaitUntil([&] { return port_.InBufferCount() >= count; });
     TakeReply();
 }
 
-void DeviceLink::SettleWait(SettleBound bound, int ticks)
+void DeviceLink::SettleWait(int ticks)
 {
-    const int enough = bound == SettleBound::AtLeast ? ticks : ticks + 1;
     RestartTick();
-    WaitUntil([&] { return line_.state.TickCounter >= enough; });
-}
-
-void DeviceLink::WaitForEver()
-{
-    for (;;)
-        line_.pump.WaitForEvents();
+    WaitUntil([&] { return tickCounter_ >= ticks; });
 }
 
 void DeviceLink::RestartTick()
 {
-    line_.state.TickCounter = 0;
-    line_.timer.Enable();
-    DoEvents();
+    tickCounter_ = 0;
+    timer_.Enable();
+    pump_.DoEvents();
 }
 
 void DeviceLink::SendWake()
 {
-    Attempt([&] { line_.port.Output(kWake); });
+    Attempt([&] { port_.Output(kWake); });
     RestartTick();
 }
 
 void DeviceLink::TakeReply()
 {
-    Attempt([&] { reply_ = line_.port.Input(); });
+    Attempt([&] { reply_ = port_.Input(); });
 }
 
 /// Tests before it sleeps, for what it waits for may be there already; a failing test ends the
 /// wait.
 void DeviceLink::WaitUntil(const std::function<bool()>& reached)
 {
-    bool over = false;
-    const auto test = [&] {
-        over = true;
-        Attempt([&] { over = reached(); });
-    };
-    DoEvents();
-    for (test(); !over; test())
-        line_.pump.WaitForEvents();
+    pump_.DoEvents();
+    while (!Holds(reached))
+        pump_.WaitForEvents();
 }
 
 } // namespace tarvex

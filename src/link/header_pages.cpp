@@ -8,48 +8,46 @@ namespace tarvex
 namespace
 {
 
-void ReadHeaderPage(DeviceLink& link, Panel& panel, const WorkingState& state,
-                    const HeaderPage& page, HeaderValues& values)
+/// Divides the text of a page among the boxes that show it: the metres of a depth end where its
+/// tenths begin, any other text goes on to the end.
+void TakePage(std::string_view page, std::string_view text, HeaderTexts& texts)
 {
-    ReadPage(link, panel, state);
-    if (page.clearedBefore) {
-        DecodePageText(link.Reply(), page.byteCount, values.*page.value);
-    } else {
-        DecodePageCharacter(link.Reply(), values.*page.value);
+    for (const auto& row : kHeaderBoxes) {
+        const bool ends = row.box == HeaderBox::DepthMetres;
+        if (row.page == page)
+            texts[row.box] = Middle(text, row.first, ends ? row.width : std::string_view::npos);
     }
+}
+
+void DecodeHeaderPage(std::string_view reply, const BoxRow<HeaderBox>& row, int byteCount,
+                      HeaderTexts& texts)
+{
+    if (byteCount == 1) return DecodePageCharacter(reply, texts[row.box]);
+    std::string text;
+    DecodePageText(reply, byteCount, text);
+    TakePage(row.page, text, texts);
 }
 
 } // namespace
 
-bool ReadHeaderPages(DeviceLink& link, Panel& panel, WorkingState& state, const HeaderPages& pages,
-                     HeaderValues& values)
+bool ReadHeaderPages(DeviceLink& link, TextBox& addressShown, WorkingState& state,
+                     HeaderTexts& texts, int timeBytes)
 {
-    for (const HeaderPage& page : pages) {
-        state.ReadAddrBank = '0';
-        state.ReadAddrPage = page.page;
-        if (&page != &pages.front()) {
+    for (const auto& row : kHeaderBoxes) {
+        if (row.first != 1) continue; // the second box of a page that has been read
+        state.readAddrBank = '0';
+        state.readAddrPage = row.page;
+        if (row.box != HeaderBox::Client) {
             link.UntimedWake();
         } else if (!link.TimedWake()) {
             return false;
         }
-        if (link.AnsweredReady()) ReadHeaderPage(link, panel, state, page, values);
+        if (!link.AnsweredReady()) continue;
+        ReadPage(link, addressShown, state);
+        const int width = static_cast<int>(WidthOf(row.field));
+        DecodeHeaderPage(link.Reply(), row, row.box == HeaderBox::Time ? timeBytes : width, texts);
     }
     return true;
-}
-
-void ShowHeaderValues(Panel& panel, const HeaderValues& values)
-{
-    panel.Text3.SetText(values.cliente);
-    panel.Text4.SetText(values.cantiere);
-    panel.Text5.SetText(values.tubo);
-    panel.Text6.SetText(Middle(values.profondità, 1, 3));
-    panel.Text13.SetText(Middle(values.profondità, 4, 1));
-    panel.Text7.SetText(values.passo);
-    panel.Text8.SetText(values.guide);
-    panel.Text9.SetText(values.nord);
-    panel.Text10.SetText(values.nlet);
-    panel.Text11.SetText(values.data);
-    panel.Text12.SetText(values.ora);
 }
 
 } // namespace tarvex

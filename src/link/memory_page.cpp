@@ -4,24 +4,25 @@
 #include "core/conversion.h"
 #include "core/failure_rule.h"
 
+#include <cmath>
+
 namespace tarvex
 {
 
-void SetReadBlock(WorkingState& state, std::string_view indexText)
+void SetReadBlock(WorkingState& state, double blockNumber)
 {
-    for (int index = 0; index < kBlockCount; ++index) {
-        if (indexText == TwoDigits(index)) state.ReadAddrBlock = TwoHexDigits(index);
-    }
+    if (const auto index = BlockWithIndex(std::round(blockNumber - 1)))
+        state.readAddrBlock = TwoHexDigits(*index);
 }
 
 std::string ReadAddress(const WorkingState& state)
 {
-    return state.ReadAddrBlock + state.ReadAddrBank + state.ReadAddrPage;
+    return state.readAddrBlock + state.readAddrBank + state.readAddrPage;
 }
 
-void ReadPage(DeviceLink& link, Panel& panel, const WorkingState& state)
+void ReadPage(DeviceLink& link, TextBox& addressShown, const WorkingState& state)
 {
-    panel.Text17.SetText(ReadAddress(state));
+    addressShown.SetText(ReadAddress(state));
     link.SendFrame('a' + ReadAddress(state));
     link.AwaitReply(kPageReplyLength);
 }

@@ -18,15 +18,16 @@ constexpr std::size_t PositionOfByte(int index)
     return 1 + 3 * static_cast<std::size_t>(index);
 }
 
-/// Sets `ReadAddrBlock` from a block index as text ("00" to "29"); any other text leaves it.
-void SetReadBlock(WorkingState& state, std::string_view indexText);
+/// Makes the block of that number, rounded half away from zero, the one to read. A number outside 1
+/// to 30 leaves the block that was read last.
+void SetReadBlock(WorkingState& state, double blockNumber);
 
 /// The five digits of the page that the address pieces name.
 std::string ReadAddress(const WorkingState& state);
 
-/// Reads the page that the address pieces name, behind a wake answered "!": shows its address in
-/// `Text17`, sends "a", the address and CR, and waits for the reply without limit.
-void ReadPage(DeviceLink& link, Panel& panel, const WorkingState& state);
+/// Reads the page that the address pieces name, after a wake answered "!": shows its address, sends
+/// "a", the address and CR, and waits for the reply without limit.
+void ReadPage(DeviceLink& link, TextBox& addressShown, const WorkingState& state);
 
 /// `field` becomes the text of the page's first `byteCount` bytes. A byte whose two digits are not
 /// hexadecimal adds nothing; nothing is trimmed or checked.

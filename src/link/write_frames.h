@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel.h"
+#include "core/header_boxes.h"
 #include "link/device_link.h"
 
 #include <functional>
@@ -12,22 +12,21 @@ namespace tarvex
 // back: the only sign of it is the "!" of the wake before. Text goes out as it stands in the boxes,
 // whose maximum lengths make the widths on the line.
 
-/// The ten fields of a header to the block with that index: "C", the block's base address, 44
-/// characters from `Text3` to `Text13`, CR. Sends nothing unless `blockIndex` equals one of 0
-/// to 29.
-void SendHeaderFrame(DeviceLink& link, const Panel& panel, double blockIndex);
+/// The header to the block with that index: "C", the block's base address, the 44 characters of the
+/// eleven boxes, CR. Sends nothing unless `blockIndex` equals one of 0 to 29.
+void SendHeaderFrame(DeviceLink& link, const HeaderBoxes& boxes, double blockIndex);
 
-/// The calibration to the block with that index: "D", the block's base address, 29 characters as
-/// gain1, zero1, gain2, zero2, punto, CR. Sends nothing unless `blockIndex` equals one of 0 to 29.
-void SendCalibrationFrame(DeviceLink& link, const Panel& panel, double blockIndex);
+/// The calibration to the block with that index: "D", the block's base address, the 29 characters
+/// of the five boxes, CR. Sends nothing unless `blockIndex` equals one of 0 to 29.
+void SendCalibrationFrame(DeviceLink& link, const CalibrationBoxes& boxes, double blockIndex);
 
 /// "b000F500" and CR: the byte that closes the writing of headers.
 void SendClosingFrame(DeviceLink& link);
 
-/// One write exchange: a timed wake, and when it is answered "!", `send` and the settle wait behind
+/// One write exchange: a timed wake, and when it is answered "!", `send` and the settle wait after
 /// it. Any other answer loses the frame in silence. False when the wake ran out: nothing has been
 /// sent then.
-[[nodiscard]] bool WriteExchange(DeviceLink& link, const std::function<void()>& send,
-                                 SettleBound bound, int settleTicks);
+[[nodiscard]] bool WriteExchange(DeviceLink& link, int settleTicks,
+                                 const std::function<void()>& send);
 
 } // namespace tarvex

@@ -68,7 +68,7 @@ BoxEdit::~BoxEdit()
 void BoxEdit::Detach()
 {
     disconnect(this, &QLineEdit::textChanged, this, nullptr);
-    box_.Watch({});
+    box_.Unwatch();
     leave_ = {};
     doubleClick_ = {};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel.h"
+#include "core/control_panel.h"
 
 #include <QLineEdit>
 

@@ -7,6 +7,7 @@
 #include "blocks/set_all.h"
 #include "blocks/set_block.h"
 #include "blocks/total_reset.h"
+#include "core/header_steps.h"
 #include "database/open_database.h"
 #include "download/block_download.h"
 #include "download/file_commands.h"
@@ -25,74 +26,59 @@ namespace
 
 // A command is run with what its parameters name; each on the line with a link of its own.
 
-template <void (*Handler)(Panel&, WorkingState&, DeviceLink&)>
+template <void (*Handler)(ControlPanel&, WorkingState&, DeviceLink&, OperatorView&)>
 void OnLine(CommandContext& context)
 {
     DeviceLink link(context.line);
-    Handler(context.panel, context.line.state, link);
+    OperatorView view(context.line);
+    Handler(context.panel, context.line.state, link, view);
 }
 
-template <void (*Handler)(Panel&, WorkingState&, HeaderStore&, DeviceLink&)>
+template <void (*Handler)(ControlPanel&, WorkingState&, DeviceLink&, OperatorView&, EventPump&)>
 void OnLine(CommandContext& context)
 {
     DeviceLink link(context.line);
-    Handler(context.panel, context.line.state, context.headers, link);
-}
-
-template <void (*Handler)(Panel&, WorkingState&, DeviceLink&, MessageBoxes&)>
-void OnLine(CommandContext& context)
-{
-    DeviceLink link(context.line);
-    Handler(context.panel, context.line.state, link, context.line.boxes);
-}
-
-template <void (*Handler)(Panel&, WorkingState&, HeaderStore&, DeviceLink&, MessageBoxes&)>
-void OnLine(CommandContext& context)
-{
-    DeviceLink link(context.line);
-    Handler(context.panel, context.line.state, context.headers, link, context.line.boxes);
+    OperatorView view(context.line);
+    Handler(context.panel, context.line.state, link, view, context.line.pump);
 }
 
 void RunReadClock(CommandContext& context)
 {
     DeviceLink link(context.line);
-    ReadClock(&context.panel.Clock, link);
+    OperatorView view(context.line);
+    ReadClock(&context.panel.clock, link, view);
 }
 
 void RunWriteClock(CommandContext& context)
 {
     DeviceLink link(context.line);
-    WriteClock(context.panel.Clock, link, context.line.boxes);
+    OperatorView view(context.line);
+    WriteClock(context.panel.clock, link, view);
 }
 
 void RunStartClock(CommandContext& context)
 {
     DeviceLink link(context.line);
-    StartClock(link, context.line.boxes);
+    OperatorView view(context.line);
+    StartClock(link, view);
 }
 
 void RunWriteCycleDelay(CommandContext& context)
 {
     DeviceLink link(context.line);
-    WriteCycleDelay(context.panel.Text16rt, link);
+    OperatorView view(context.line);
+    WriteCycleDelay(context.panel.cycleDelay, link, view);
 }
 
-template <void (*Step)(Panel&, WorkingState&)>
+template <void (*Step)(ControlPanel&, WorkingState&)>
 void OnPanel(CommandContext& context)
 {
     Step(context.panel, context.line.state);
 }
 
-template <void (*Step)(Panel&, WorkingState&, HeaderStore&)>
-void OnRecords(CommandContext& context)
-{
-    Step(context.panel, context.line.state, context.headers);
-}
-
 void RunChooseHeaderFile(CommandContext& context)
 {
-    ChooseHeaderFile(context.panel, context.line.state, context.headers, context.fileDialog,
-                     context.headerFolder);
+    ChooseHeaderFile(context.panel, context.line.state, context.fileDialog, context.headerFolder);
 }
 
 void RunCreateDefaultHeaderFile(CommandContext& context)
@@ -107,14 +93,14 @@ void RunEnableDownload(CommandContext& context)
 
 void RunOpenDatabase(CommandContext& context)
 {
-    OpenDatabase(context.line.state, context.headers,
+    OpenDatabase(context.panel, context.line.state,
                  [&context] { context.forms.ShowDatabasePanel(); });
 }
 
 template <int Index>
 void SelectPort(CommandContext& context)
 {
-    context.panel.ssOption1.Select(Index); // whose click hook makes the choice
+    context.panel.portOptions.Select(Index); // whose click hook makes the choice
 }
 
 template <void (Forms::*Show)()>
@@ -134,9 +120,9 @@ constexpr std::array kCommands = {
     CommandRow{Command::BlockDownload, OnLine<BlockDownload>},
     CommandRow{Command::DownloadBlockUp, OnPanel<StepDownloadBlockUp>},
     CommandRow{Command::DownloadBlockDown, OnPanel<StepDownloadBlockDown>},
-    CommandRow{Command::StepRecordUp, OnRecords<StepRecordUp>},
-    CommandRow{Command::StepRecordDown, OnRecords<StepRecordDown>},
-    CommandRow{Command::CopyHeaderForward, OnRecords<CopyHeaderForward>},
+    CommandRow{Command::StepRecordUp, OnPanel<StepRecordUp>},
+    CommandRow{Command::StepRecordDown, OnPanel<StepRecordDown>},
+    CommandRow{Command::CopyHeaderForward, OnPanel<CopyHeaderForward>},
     CommandRow{Command::ChooseHeaderFile, RunChooseHeaderFile},
     CommandRow{Command::CreateDefaultHeaderFile, RunCreateDefaultHeaderFile},
     CommandRow{Command::ShowFolderChooser, OnForms<&Forms::ShowFolderChooser>},

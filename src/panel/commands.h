@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/file_dialog.h"
-#include "core/header_store.h"
-#include "link/device_link.h"
+#include "link/line.h"
 #include "panel/forms.h"
 
 #include <filesystem>
@@ -49,9 +49,8 @@ enum class Command {
 
 /// What the commands of the main form work with. All of it outlives the main form.
 struct CommandContext {
-    Panel& panel;
-    HeaderStore& headers;
-    Line line; ///< also the way to the working state and to the boxes
+    ControlPanel& panel;
+    Line line; ///< also the way to the working state
     Forms& forms;
     FileDialog& fileDialog;
     std::filesystem::path headerFolder; ///< where the open dialog for a header file starts

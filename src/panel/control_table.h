@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/panel.h"
+#include "core/control_panel.h"
 #include "panel/commands.h"
 
 #include <span>
@@ -24,10 +24,11 @@ enum class ControlKind {
     Shape
 };
 
-/// The part of the Panel model that a control shows. Its maximum length, its first text, and
+/// The part of the ControlPanel that a control shows. Its maximum length, its first text, and
 /// whether it starts hidden or disabled are found there.
-using ModelOf = std::variant<std::monostate, Control Panel::*, TextBox Panel::*, Picture Panel::*,
-                             TextBox ClockBoxes::*, OptionGroup Panel::*>;
+using ModelOf = std::variant<std::monostate, Control ControlPanel::*, TextBox ControlPanel::*,
+                             Picture ControlPanel::*, OptionGroup ControlPanel::*, HeaderBox,
+                             CalibrationBox, TextBox ClockBoxes::*, Control WaitIndicator::*>;
 
 /// One control of the main form. Texts are UTF-8.
 struct ControlRow {
@@ -52,10 +53,10 @@ std::span<const ControlRow> ControlTable();
 const ControlRow& RowNamed(std::string_view name);
 
 /// The row's text box in the model, or null.
-TextBox* TextBoxOf(const ControlRow& row, Panel& panel);
+TextBox* TextBoxOf(const ControlRow& row, ControlPanel& panel);
 
 /// What shows, hides, enables or disables the control, or null when nothing does.
-Control* ControlOf(const ControlRow& row, Panel& panel);
+Control* ControlOf(const ControlRow& row, ControlPanel& panel);
 
 /// True when the control is hidden at the start; a label hides with its box.
 bool StartsHidden(const ControlRow& row);

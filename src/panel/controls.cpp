@@ -64,7 +64,7 @@ QTabBar* MakeTabStrip(QWidget& parent)
     return strip;
 }
 
-QWidget* MakeWidget(const ControlRow& row, Panel& panel, QWidget& parent)
+QWidget* MakeWidget(const ControlRow& row, ControlPanel& panel, QWidget& parent)
 {
     switch (row.kind) {
     case ControlKind::Heading:
@@ -101,10 +101,10 @@ void FollowControl(Control& control, QWidget& widget)
     };
     follow();
     control.Watch(follow);
-    QObject::connect(&widget, &QObject::destroyed, [&control] { control.Watch({}); });
+    QObject::connect(&widget, &QObject::destroyed, [&control] { control.Unwatch(); });
 }
 
-void BindToModel(const ControlRow& row, Panel& panel, QWidget& widget)
+void BindToModel(const ControlRow& row, ControlPanel& panel, QWidget& widget)
 {
     if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
         edit->setReadOnly(row.locked);
@@ -131,7 +131,7 @@ void BindToBox(const ControlRow& row, QWidget& window, QWidget& widget)
 
 } // namespace
 
-QWidget* MakeControl(const ControlRow& row, Panel& panel, QWidget& window)
+QWidget* MakeControl(const ControlRow& row, ControlPanel& panel, QWidget& window)
 {
     QWidget* widget = MakeWidget(row, panel, ParentOf(row, window));
     if (widget == nullptr) return nullptr;

@@ -13,6 +13,8 @@ namespace tarvex::panel
 namespace
 {
 
+using enum HeaderBox;
+
 constexpr std::string_view kInvalidDepth = "Attention: Invalid DEPTH";
 constexpr std::string_view kInvalidValue = "Attention: Invalid value";
 
@@ -24,20 +26,22 @@ void CheckBlockNumber(const TextBox& box, MessageBoxes& boxes)
 {
     if (box.Text().empty()) boxes.Critical("Attention: Insert block number");
     if (NumericValue(box.Text()) < 0) boxes.Critical("Attention: Incorrect block number");
-    if (NumericValue(box.Text()) > 29) boxes.Critical("Attention: Incorrect block number");
+    if (NumericValue(box.Text()) > kLastBlockIndex)
+        boxes.Critical("Attention: Incorrect block number");
 }
 
-void FillAsFieldText(TextBox& box, std::size_t width)
+void FillAsFieldText(HeaderBoxes& boxes, HeaderBox box)
 {
-    const std::string padded = box.Text() + std::string(width, ' ');
-    box.SetText(code_page::Capitals(padded.substr(0, width)));
+    const std::size_t width = RowOf(box).width;
+    const std::string padded = boxes[box].Text() + std::string(width, ' ');
+    boxes[box].SetText(code_page::Capitals(padded.substr(0, width)));
 }
 
-void RefuseDepth(Panel& panel, MessageBoxes& boxes, std::string_view deepestMetres)
+void RefuseDepth(ControlPanel& panel, MessageBoxes& boxes, std::string_view deepestMetres)
 {
     boxes.Critical(kInvalidDepth);
-    panel.Text6.SetText(deepestMetres);
-    panel.Text13.SetText("0");
+    panel.header[DepthMetres].SetText(deepestMetres);
+    panel.header[DepthTenths].SetText("0");
 }
 
 /// Warns and falls back to `fallback` unless the box holds that or `other`.
@@ -49,18 +53,23 @@ void AllowTwoValues(TextBox& box, std::string_view other, std::string_view fallb
     box.SetText(fallback);
 }
 
-void ShowDownloadBlock(Panel& panel, const WorkingState& state)
+void ShowDownloadBlock(ControlPanel& panel, const WorkingState& state)
 {
-    panel.numblocco.SetText(TwoDigits(state.DownloadBlock));
+    panel.downloadBlock.SetText(TwoDigits(state.downloadBlock));
 }
 
 constexpr std::array kRules = {
-    FieldRuleRow{"Text2", LeaveText2},         FieldRuleRow{"Text3", LeaveText3},
-    FieldRuleRow{"Text4", LeaveText4},         FieldRuleRow{"Text5", LeaveText5},
-    FieldRuleRow{"Text6", LeaveText6},         FieldRuleRow{"Text13", LeaveText13},
-    FieldRuleRow{"Text7", LeaveText7},         FieldRuleRow{"Text8", LeaveText8},
-    FieldRuleRow{"Text9", LeaveText9},         FieldRuleRow{"Text10", LeaveText10},
-    FieldRuleRow{"numblocco", LeaveNumblocco},
+    FieldRuleRow{"Text2", LeaveBlockNumber},
+    FieldRuleRow{RowOf(Client).control, LeaveClient},
+    FieldRuleRow{RowOf(Site).control, LeaveSite},
+    FieldRuleRow{RowOf(Tube).control, LeaveTube},
+    FieldRuleRow{RowOf(DepthMetres).control, LeaveDepthMetres},
+    FieldRuleRow{RowOf(DepthTenths).control, LeaveDepthTenths},
+    FieldRuleRow{RowOf(Step).control, LeaveStep},
+    FieldRuleRow{RowOf(Guides).control, LeaveGuides},
+    FieldRuleRow{RowOf(North).control, LeaveNorth},
+    FieldRuleRow{RowOf(Readout).control, LeaveReadout},
+    FieldRuleRow{"numblocco", LeaveDownloadBlock},
 };
 
 } // namespace
@@ -76,77 +85,77 @@ FieldRule RuleOf(std::string_view field)
     return row == kRules.end() ? nullptr : row->leave;
 }
 
-void LeaveText2(Panel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveBlockNumber(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
 {
-    CheckBlockNumber(panel.Text2, boxes);
+    CheckBlockNumber(panel.blockNumber, boxes);
 }
 
-void LeaveNumblocco(Panel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveDownloadBlock(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
 {
-    CheckBlockNumber(panel.numblocco, boxes);
+    CheckBlockNumber(panel.downloadBlock, boxes);
 }
 
-void LeaveText3(Panel& panel, WorkingState&, MessageBoxes&)
+void LeaveClient(ControlPanel& panel, WorkingState&, MessageBoxes&)
 {
-    FillAsFieldText(panel.Text3, 8);
+    FillAsFieldText(panel.header, Client);
 }
 
-void LeaveText4(Panel& panel, WorkingState&, MessageBoxes&)
+void LeaveSite(ControlPanel& panel, WorkingState&, MessageBoxes&)
 {
-    FillAsFieldText(panel.Text4, 8);
+    FillAsFieldText(panel.header, Site);
 }
 
-void LeaveText5(Panel& panel, WorkingState&, MessageBoxes&)
+void LeaveTube(ControlPanel& panel, WorkingState&, MessageBoxes&)
 {
-    FillAsFieldText(panel.Text5, 4);
+    FillAsFieldText(panel.header, Tube);
 }
 
-void LeaveText6(Panel& panel, WorkingState& state, MessageBoxes& boxes)
+void LeaveDepthMetres(ControlPanel& panel, WorkingState& state, MessageBoxes& boxes)
 {
-    panel.Text6.SetText(Right("000" + panel.Text6.Text(), 3));
-    state.DepthText = panel.Text6.Text() + panel.Text13.Text();
-    if (NumericValue(state.DepthText) > kDeepestInHalfMetres && panel.Text7.Text() == "0")
+    panel.header[DepthMetres].SetText(Right("000" + panel.header[DepthMetres].Text(), 3));
+    state.depthText = panel.header[DepthMetres].Text() + panel.header[DepthTenths].Text();
+    if (NumericValue(state.depthText) > kDeepestInHalfMetres && panel.header[Step].Text() == "0")
         RefuseDepth(panel, boxes, "100");
-    if (NumericValue(state.DepthText) > kDeepestInMetres && panel.Text7.Text() == "1")
+    if (NumericValue(state.depthText) > kDeepestInMetres && panel.header[Step].Text() == "1")
         RefuseDepth(panel, boxes, "200");
 }
 
-void LeaveText13(Panel& panel, WorkingState& state, MessageBoxes& boxes)
+void LeaveDepthTenths(ControlPanel& panel, WorkingState& state, MessageBoxes& boxes)
 {
-    AllowTwoValues(panel.Text13, "5", "0", kInvalidDepth, boxes);
-    LeaveText6(panel, state, boxes);
+    AllowTwoValues(panel.header[DepthTenths], "5", "0", kInvalidDepth, boxes);
+    LeaveDepthMetres(panel, state, boxes);
 }
 
-void LeaveText7(Panel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveStep(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
 {
-    AllowTwoValues(panel.Text7, "1", "0", kInvalidValue, boxes);
+    AllowTwoValues(panel.header[Step], "1", "0", kInvalidValue, boxes);
 }
 
-void LeaveText8(Panel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveGuides(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
 {
-    AllowTwoValues(panel.Text8, "4", "2", kInvalidValue, boxes);
+    AllowTwoValues(panel.header[Guides], "4", "2", kInvalidValue, boxes);
 }
 
-void LeaveText9(Panel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveNorth(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
 {
-    if (panel.Text9.Text().size() >= 4) return;
+    if (panel.header[North].Text().size() >= 4) return;
     boxes.Critical(kInvalidValue);
-    panel.Text9.SetText("+000");
+    panel.header[North].SetText("+000");
 }
 
-void LeaveText10(Panel& panel, WorkingState&, MessageBoxes&)
+void LeaveReadout(ControlPanel& panel, WorkingState&, MessageBoxes&)
 {
-    panel.Text10.SetText(Right("00" + panel.Text10.Text(), 2));
+    panel.header[Readout].SetText(Right("00" + panel.header[Readout].Text(), 2));
 }
 
-void ToggleText13(Panel& panel)
+void ToggleDepthTenths(ControlPanel& panel)
 {
-    panel.Text13.SetText(panel.Text13.Text() == "0" ? "5" : "0");
+    panel.header[DepthTenths].SetText(panel.header[DepthTenths].Text() == "0" ? "5" : "0");
 }
 
-void SelectTab(Panel& panel, int index)
+void SelectTab(ControlPanel& panel, int index)
 {
-    const std::array frames = {&panel.Frame1, &panel.Frame2, &panel.Frame3};
+    const std::array frames = {&panel.headerFrame, &panel.downloadFrame, &panel.setupFrame};
     const auto selected = static_cast<std::size_t>(index - 1);
     if (selected >= frames.size()) return;
     frames[selected]->Show();
@@ -154,15 +163,15 @@ void SelectTab(Panel& panel, int index)
         if (frame != frames[selected]) frame->Hide();
 }
 
-void StepDownloadBlockUp(Panel& panel, WorkingState& state)
+void StepDownloadBlockUp(ControlPanel& panel, WorkingState& state)
 {
-    state.DownloadBlock = std::min(state.DownloadBlock + 1, 30);
+    state.downloadBlock = std::min(state.downloadBlock + 1, kBlockCount);
     ShowDownloadBlock(panel, state);
 }
 
-void StepDownloadBlockDown(Panel& panel, WorkingState& state)
+void StepDownloadBlockDown(ControlPanel& panel, WorkingState& state)
 {
-    state.DownloadBlock = std::max(state.DownloadBlock - 1, 1);
+    state.downloadBlock = std::max(state.downloadBlock - 1, 1);
     ShowDownloadBlock(panel, state);
 }
 

@@ -13,7 +13,7 @@ public:
     /// `aboutus`.
     virtual void ShowAbout() = 0;
 
-    /// `Form6`, which sets the `ReportFolder` and enables the panel's `command3d1`.
+    /// `Form6`, which sets the `reportFolder` and enables the panel's `command3d1`.
     virtual void ShowFolderChooser() = 0;
 
     /// The manual, in whatever the desktop opens a web address with; no window of ours.

@@ -33,16 +33,17 @@ public:
         : window_(window),
           context_(context),
           handlers_(handlers),
-          leaving_(handlers, context.line.boxes)
+          leaving_(handlers, context.line.messages)
     {
         MakeControls();
         LayOut(window_);
         OrderTabKey();
         HangOnButtons();
         HangOnTabStrip();
-        context_.panel.ssOption1.OnClick(
+        context_.panel.portOptions.OnClick(
             [this](int index) { ChoosePort(context_.line.state, index); });
-        portOptions_ = std::make_unique<PortOptions>(window_, context_.panel.ssOption1, portNames);
+        portOptions_ =
+            std::make_unique<PortOptions>(window_, context_.panel.portOptions, portNames);
         auto* list = new ServiceList(&window_, [this](Command command) { RunFromList(command); });
         new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F12), &window_, [list] { list->PopUp(); });
         new FocusMark(window_);
@@ -54,7 +55,7 @@ public:
     {
         for (BoxEdit* edit : edits_)
             edit->Detach();
-        context_.panel.ssOption1.OnClick({});
+        context_.panel.portOptions.OnClick({});
     }
 
 private:
@@ -76,8 +77,8 @@ private:
                 rule(context_.panel, context_.line.state, boxes);
             });
         }
-        if (row.name == "Text13")
-            edit->OnDoubleClick([this] { Run([&] { ToggleText13(context_.panel); }); });
+        if (row.name == RowOf(HeaderBox::DepthTenths).control)
+            edit->OnDoubleClick([this] { Run([&] { ToggleDepthTenths(context_.panel); }); });
     }
 
     void HangOnButtons()

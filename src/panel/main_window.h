@@ -12,7 +12,7 @@
 namespace tarvex::panel
 {
 
-/// The main form `Scaricodati`: it shows the Panel model and lets the operator work on it. Closing
+/// The main form `Scaricodati`: it shows the ControlPanel and lets the operator work on it. Closing
 /// it ends the program at once with status 0, without a question.
 class MainWindow final : public QWidget
 {

@@ -32,7 +32,7 @@ PortOptions::PortOptions(QWidget& window, OptionGroup& group, PortNames& names)
 
 PortOptions::~PortOptions()
 {
-    group_.Watch({});
+    group_.Unwatch();
 }
 
 void PortOptions::ShowSelected()

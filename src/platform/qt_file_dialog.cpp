@@ -20,8 +20,8 @@ namespace
 /// Where a dialog starts: at the file chosen last, else in its folder, else where the program is.
 std::filesystem::path StartOf(const FileDialog& dialog)
 {
-    if (!dialog.FileName.empty()) return dialog.FileName.parent_path();
-    if (!dialog.InitDir.empty()) return dialog.InitDir;
+    if (!dialog.fileName.empty()) return dialog.fileName.parent_path();
+    if (!dialog.initDir.empty()) return dialog.initDir;
     std::error_code gone;
     return std::filesystem::current_path(gone);
 }
@@ -100,7 +100,7 @@ void QtFileDialog::SetUp(QFileDialog& dialog) const
     dialog.setObjectName(QStringLiteral("CommonDialog1"));
     dialog.setWindowModality(Qt::ApplicationModal);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
-    SetFilters(dialog, NameFilters(Filter), FilterIndex);
+    SetFilters(dialog, NameFilters(filter), filterIndex);
 }
 
 void QtFileDialog::Show(QFileDialog& dialog)
@@ -109,13 +109,13 @@ void QtFileDialog::Show(QFileDialog& dialog)
     const auto start = StartOf(*this);
     const SpelledFolder folder(start);
     if (!start.empty()) dialog.setDirectory(folder.Spelling());
-    if (!FileName.empty()) dialog.selectFile(PathToQString(FileName.filename()));
+    if (!fileName.empty()) dialog.selectFile(PathToQString(fileName.filename()));
     StayOutOfTheAlias(dialog, folder, start);
 
     const bool chosen = dialog.exec() == QDialog::Accepted;
     if (end_.Ended()) throw ProgramEnded();
     if (chosen && !dialog.selectedFiles().isEmpty()) {
-        FileName = folder.Behind(dialog.selectedFiles().constFirst());
+        fileName = folder.Behind(dialog.selectedFiles().constFirst());
     }
 }
 

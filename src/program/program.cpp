@@ -27,13 +27,13 @@ Program::Program(const std::filesystem::path& startFolder,
     : startFolder_(startFolder),
       finder_(startFolder),
       sideForms_({state_, panel_, handlers_, boxes_, startFolder},
-                 {headers_, {port_, pump_, timer_, boxes_, state_, nullptr}, handlers_, portNames_},
+                 {panel_, {port_, pump_, timer_, boxes_, state_, nullptr}, handlers_, portNames_},
                  shell_, programFolder),
-      databaseForms_({panel_, state_, headers_, survey_, pump_, boxes_, handlers_,
-                      SystemCurrentDirectory, [this] {
-                          return std::make_unique<platform::SurveyTableModel>(
-                              [this] { return survey_.DatabasePath; });
-                      }})
+      databaseForms_(
+          {panel_, state_, survey_, pump_, boxes_, handlers_, SystemCurrentDirectory, [this] {
+               return std::make_unique<platform::SurveyTableModel>(
+                   [this] { return survey_.databasePath; });
+           }})
 {
     sideForms_.Dress(panel::ApplyLook);
     sideForms_.OpenDatabasePanelBy([this] { databaseForms_.ShowPanel(); });
@@ -58,13 +58,16 @@ void Program::Start()
 void Program::ShowMainForm()
 {
     const panel::CommandContext context{
-        panel_,     headers_,    {port_, pump_, timer_, boxes_, state_, &panel_},
-        sideForms_, fileDialog_, startFolder_ / "dati"};
+        panel_,
+        {port_, pump_, timer_, boxes_, state_, &panel_.waitIndicator},
+        sideForms_,
+        fileDialog_,
+        startFolder_ / "dati"};
     QGuiApplication::setWindowIcon(panel::ProgramIcon()); // now, for the splash needs none
     mainForm_ = std::make_unique<panel::MainWindow>(context, portNames_, handlers_, end_);
     sideForms_.StandAbove(mainForm_.get());
     databaseForms_.StandAbove(mainForm_.get());
-    handlers_.Run([this] { LoadMainForm(panel_, state_, headers_, SystemCurrentDirectory); });
+    handlers_.Run([this] { LoadMainForm(panel_, state_, SystemCurrentDirectory); });
     mainForm_->show();
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/handlers.h"
-#include "core/header_store.h"
-#include "core/panel.h"
 #include "core/program_end.h"
 #include "core/working_state.h"
 #include "panel/database_forms/database_forms.h"
@@ -44,15 +43,14 @@ public:
     /// The main form; none before it is shown.
     panel::MainWindow* MainForm() const { return mainForm_.get(); }
 
-    Panel& PanelModel() { return panel_; }
+    ControlPanel& PanelModel() { return panel_; }
     WorkingState& State() { return state_; }
 
 private:
     std::filesystem::path startFolder_;
     ProgramEnd end_;
     WorkingState state_;
-    Panel panel_;
-    HeaderStore headers_{state_, panel_};
+    ControlPanel panel_;
     platform::QtMessageBoxes boxes_{end_};
     Handlers handlers_{end_, boxes_};
     platform::PortFinder finder_;

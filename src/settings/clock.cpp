@@ -2,6 +2,7 @@
 
 #include "core/conversion.h"
 #include "core/failure_rule.h"
+#include "link/operation_end.h"
 #include "link/write_frames.h"
 
 namespace tarvex
@@ -12,60 +13,62 @@ namespace
 
 constexpr std::string_view kActivateClock =
     "ATTENTION: ACTIVATE CLOCK, WOULD YOU LIKE TO CONTINUE ?";
+constexpr int kWriteSettleTicks = 2;
+constexpr int kStartSettleTicks = 3;
 constexpr int kClockReplyLength = 14; // twelve digits, and two bytes that mean nothing here
 
 void ShowClock(ClockBoxes& shown, std::string_view reply)
 {
-    shown.Text2a.SetText(Middle(reply, 1, 2));
-    shown.Text1a.SetText(Middle(reply, 3, 2));
-    shown.Text13a.SetText(Middle(reply, 5, 2));
-    shown.Text14a.SetText(Middle(reply, 7, 2));
-    shown.Text3a.SetText(Middle(reply, 9, 2));
-    shown.Text4a.SetText(Middle(reply, 11, 2));
+    shown.year.SetText(Middle(reply, 1, 2));
+    shown.month.SetText(Middle(reply, 3, 2));
+    shown.day.SetText(Middle(reply, 5, 2));
+    shown.hours.SetText(Middle(reply, 7, 2));
+    shown.minutes.SetText(Middle(reply, 9, 2));
+    shown.seconds.SetText(Middle(reply, 11, 2));
 }
 
 } // namespace
 
-void ReadClock(ClockBoxes* shown, DeviceLink& link)
+void ReadClock(ClockBoxes* shown, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
     link.OpenPort();
-    if (!link.TimedWake()) return link.EndUnanswered();
+    if (!link.TimedWake()) return EndUnanswered(link, view);
     if (link.AnsweredReady()) {
         link.SendFrame("H");
         link.AwaitReply(kClockReplyLength);
         if (shown != nullptr) ShowClock(*shown, link.Reply());
     }
-    link.Close();
+    EndOperation(link, view);
 }
 
-void WriteClock(const ClockBoxes& boxes, DeviceLink& link, MessageBoxes& messages)
+void WriteClock(const ClockBoxes& boxes, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
-    if (!messages.AskOkCancel(kActivateClock)) return;
-    if (boxes.Text13a.Text().empty() || boxes.Text14a.Text().empty()) return;
+    if (!view.Confirms(kActivateClock)) return;
+    if (boxes.day.Text().empty() || boxes.hours.Text().empty()) return;
 
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
     link.OpenPort();
     const auto send = [&] {
-        link.SendFrame("G" + boxes.Text2a.Text() + boxes.Text1a.Text() + boxes.Text13a.Text() +
-                       boxes.Text14a.Text() + boxes.Text3a.Text() + boxes.Text4a.Text());
+        link.SendFrame("G" + boxes.year.Text() + boxes.month.Text() + boxes.day.Text() +
+                       boxes.hours.Text() + boxes.minutes.Text() + boxes.seconds.Text());
     };
-    if (!WriteExchange(link, send, SettleBound::AtLeast, 2)) return link.EndUnanswered();
-    link.Close();
+    if (!WriteExchange(link, kWriteSettleTicks, send)) return EndUnanswered(link, view);
+    EndOperation(link, view);
 }
 
-void StartClock(DeviceLink& link, MessageBoxes& messages)
+void StartClock(DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
-    if (!messages.AskOkCancel(kActivateClock)) return;
+    if (!view.Confirms(kActivateClock)) return;
 
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
     link.OpenPort();
     const auto send = [&] { link.SendFrame("c"); };
-    if (!WriteExchange(link, send, SettleBound::Above, 2)) return link.EndUnanswered();
-    link.Close();
+    if (!WriteExchange(link, kStartSettleTicks, send)) return EndUnanswered(link, view);
+    EndOperation(link, view);
 }
 
 } // namespace tarvex

@@ -2,19 +2,25 @@
 
 #include "core/conversion.h"
 #include "core/failure_rule.h"
+#include "link/operation_end.h"
 #include "link/write_frames.h"
 
 namespace tarvex
 {
 
-void WriteCycleDelay(const TextBox& delay, DeviceLink& link)
+namespace
+{
+constexpr int kSettleTicks = 2;
+} // namespace
+
+void WriteCycleDelay(const TextBox& delay, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
-    link.ShowWaitIndicator();
+    view.ShowWaitIndicator();
     link.OpenPort();
     const auto send = [&] { link.SendFrame("b000F0" + PlainNumber(NumericValue(delay.Text()))); };
-    if (!WriteExchange(link, send, SettleBound::AtLeast, 2)) return link.EndUnanswered();
-    link.Close();
+    if (!WriteExchange(link, kSettleTicks, send)) return EndUnanswered(link, view);
+    EndOperation(link, view);
 }
 
 } // namespace tarvex

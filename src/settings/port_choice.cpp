@@ -5,7 +5,7 @@ namespace tarvex
 
 void ChoosePort(WorkingState& state, int optionIndex)
 {
-    state.ComPortNumber = optionIndex + 1;
+    state.comPortNumber = optionIndex + 1;
 }
 
 } // namespace tarvex

@@ -25,47 +25,48 @@ inline constexpr const char* kGainZeroQuestion =
 
 inline void PressReadBlock(TestProgram& program)
 {
-    program.ClickLink([&](DeviceLink& link) { ReadBlock(program.panel, program.state, link); });
+    program.ClickLink(
+        [&](DeviceLink& link) { ReadBlock(program.panel, program.state, link, program.view); });
 }
 
 inline void PressReadAllBlocks(TestProgram& program)
 {
-    program.ClickLink([&](DeviceLink& link) {
-        ReadAllBlocks(program.panel, program.state, program.headers, link);
-    });
+    program.ClickLink(
+        [&](DeviceLink& link) { ReadAllBlocks(program.panel, program.state, link, program.view); });
 }
 
 inline void PressSetBlock(TestProgram& program)
 {
     program.ClickLink([&](DeviceLink& link) {
-        SetBlock(program.panel, program.state, program.headers, link, program.boxes);
+        SetBlock(program.panel, program.state, link, program.view, program.world);
     });
 }
 
 inline void PressSetAll(TestProgram& program)
 {
     program.ClickLink([&](DeviceLink& link) {
-        SetAll(program.panel, program.state, program.headers, link, program.boxes);
+        SetAll(program.panel, program.state, link, program.view, program.world);
     });
 }
 
 inline void PressResetBlock(TestProgram& program)
 {
-    program.ClickLink(
-        [&](DeviceLink& link) { ResetBlock(program.panel, program.state, link, program.boxes); });
+    program.ClickLink([&](DeviceLink& link) {
+        ResetBlock(program.panel, program.state, link, program.view, program.world);
+    });
 }
 
 inline void PressTotalReset(TestProgram& program)
 {
     program.ClickLink([&](DeviceLink& link) {
-        TotalReset(program.panel, program.state, program.headers, link, program.boxes);
+        TotalReset(program.panel, program.state, link, program.view, program.world);
     });
 }
 
 inline void PressResetGainZero(TestProgram& program)
 {
     program.ClickLink([&](DeviceLink& link) {
-        ResetGainZero(program.panel, program.state, program.headers, link, program.boxes);
+        ResetGainZero(program.panel, program.state, link, program.view, program.world);
     });
 }
 

@@ -17,7 +17,7 @@ protected:
     EventPassTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text2.SetText("07");
+        panel.blockNumber.SetText("07");
     }
 
     /// Runs `event` in the first pass behind those that are over at `moment`.
@@ -33,16 +33,16 @@ protected:
 
     void HideIndicator()
     {
-        panel.Label34.Hide();
-        panel.Shape1.Hide();
+        panel.waitIndicator.label.Hide();
+        panel.waitIndicator.ground.Hide();
     }
 
     void ExpectIndicatorAtWake(int number)
     {
         unit.onWake = [this, number](int wake) {
             if (wake != number) return;
-            EXPECT_TRUE(panel.Label34.Visible());
-            EXPECT_TRUE(panel.Shape1.Visible());
+            EXPECT_TRUE(panel.waitIndicator.label.Visible());
+            EXPECT_TRUE(panel.waitIndicator.ground.Visible());
         };
     }
 
@@ -72,12 +72,12 @@ TEST_F(EventPassTest, TotalResetShowsTheIndicatorAgainAfterWhatHidItBehindTheHea
 TEST_F(EventPassTest, SetBlockShowsTheNumberBeforeItsRecord)
 {
     InThePassAfter(0, [&] {
-        EXPECT_EQ(state.CurrentBlock, 7);
-        EXPECT_EQ(state.BlockHeader, StoredHeader(7));
+        EXPECT_EQ(state.currentBlock, 7);
+        EXPECT_EQ(state.blockHeader, StoredHeader(7));
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(3)));
         EXPECT_THAT(port.history, IsEmpty());
     });
-    panel.Text2.SetText("7");
+    panel.blockNumber.SetText("7");
     boxes.ExpectQuestion(kBlocksQuestion, true);
     PressSetBlock(*this);
 
@@ -87,7 +87,7 @@ TEST_F(EventPassTest, SetBlockShowsTheNumberBeforeItsRecord)
 TEST_F(EventPassTest, SetAllShowsEachNumberBeforeItsRecord)
 {
     InThePassAfter(200, [&] {
-        EXPECT_EQ(panel.Text2.Text(), "02");
+        EXPECT_EQ(panel.blockNumber.Text(), "02");
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(1)));
     });
     boxes.ExpectQuestion(kBlockQuestion, true);
@@ -102,7 +102,7 @@ TEST_F(EventPassTest, ResetOfGainAndZeroShowsTheDefaultsBeforeTheFirstWake)
         EXPECT_TRUE(port.IsOpen());
         EXPECT_EQ(CalibrationOnPanel(*this), "+1.0000+0.0000+1.0000+0.00000");
         EXPECT_THAT(port.sent, IsEmpty());
-        EXPECT_EQ(state.CurrentBlock, 3) << "not yet the counter";
+        EXPECT_EQ(state.currentBlock, 3) << "not yet the counter";
     });
     boxes.ExpectQuestion(kGainZeroQuestion, true);
     PressResetGainZero(*this);
@@ -115,7 +115,7 @@ TEST_F(EventPassTest, TheEndIsSeenWithThePortClosedAndTheIndicatorHidden)
     // In the last pass Set All has not yet gone back to block 1, and Total Reset has.
     InThePassAfter(6'200, [&] {
         EXPECT_LINK_AT_REST();
-        EXPECT_EQ(panel.Text2.Text(), "30");
+        EXPECT_EQ(panel.blockNumber.Text(), "30");
     });
     boxes.ExpectQuestion(kBlockQuestion, true);
     PressSetAll(*this);
@@ -123,7 +123,7 @@ TEST_F(EventPassTest, TheEndIsSeenWithThePortClosedAndTheIndicatorHidden)
 
     InThePassAfter(6'200 + 12'400, [&] {
         EXPECT_LINK_AT_REST();
-        EXPECT_EQ(panel.Text2.Text(), "01");
+        EXPECT_EQ(panel.blockNumber.Text(), "01");
     });
     boxes.ExpectQuestion(kBlockQuestion, true);
     PressTotalReset(*this);

@@ -20,12 +20,12 @@ constexpr Milliseconds kForEver = 900'000;
 void Prepare(TestProgram& program)
 {
     OpenOwnTableAt(program, 3);
-    program.panel.Text3.SetText("VERDI   ");
-    program.panel.Text2.SetText("07");
-    program.panel.command3d1.Enable();
+    program.panel.header[Client].SetText("VERDI   ");
+    program.panel.blockNumber.SetText("07");
+    program.panel.downloadButton.Enable();
     FillUnit(program);
-    program.state.ReportFolder = program.folder / "reports";
-    std::filesystem::create_directory(program.state.ReportFolder);
+    program.state.reportFolder = program.folder / "reports";
+    std::filesystem::create_directory(program.state.reportFolder);
 }
 
 void Arrange(TestProgram& program, const FaultAt& at)
@@ -53,17 +53,17 @@ EndState Left(const TestProgram& program)
     end.sent = program.port.sent;
     end.finished = program.finishedHandlers == 1;
     end.portOpen = program.port.IsOpen();
-    end.indicator = program.panel.Label34.Visible();
-    end.currentBlock = program.state.CurrentBlock;
-    end.text2 = program.panel.Text2.Text();
+    end.indicator = program.panel.waitIndicator.label.Visible();
+    end.currentBlock = program.state.currentBlock;
+    end.text2 = program.panel.blockNumber.Text();
     end.header = HeaderOnPanel(program);
     end.calibration = CalibrationOnPanel(program);
     end.readAddress =
-        program.state.ReadAddrBlock + program.state.ReadAddrBank + program.state.ReadAddrPage;
+        program.state.readAddrBlock + program.state.readAddrBank + program.state.readAddrPage;
     end.table = StoredTable(program);
-    for (const std::string& name : NamesIn(program.state.ReportFolder))
-        end.reports[name] = FileBytes(program.state.ReportFolder / name);
-    end.downloadEnabled = program.panel.command3d1.Enabled();
+    for (const std::string& name : NamesIn(program.state.reportFolder))
+        end.reports[name] = FileBytes(program.state.reportFolder / name);
+    end.downloadEnabled = program.panel.downloadButton.Enabled();
     return end;
 }
 
@@ -129,7 +129,8 @@ bool RunAndCompare(const SweptCommand& command, const FaultAt& at)
     command.press(program);
 
     Compare(expected, Left(program));
-    EXPECT_EQ(program.panel.Label34.Visible(), program.panel.Shape1.Visible());
+    EXPECT_EQ(program.panel.waitIndicator.label.Visible(),
+              program.panel.waitIndicator.ground.Visible());
     EXPECT_FALSE(program.unhandledFailure.has_value());
     return program.unit.wakes >= at.wake;
 }

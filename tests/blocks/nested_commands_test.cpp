@@ -1,6 +1,6 @@
 #include "blocks/block_commands.h"
 
-#include "download/file_commands.h"
+#include "core/header_steps.h"
 #include "settings/cycle_delay.h"
 #include "support/logic_test.h"
 
@@ -32,13 +32,13 @@ protected:
 
     void StepUpAt(Milliseconds moment)
     {
-        world.At(moment, [&] { Click([&] { StepRecordUp(panel, state, headers); }); });
+        world.At(moment, [&] { Click([&] { StepRecordUp(panel, state); }); });
     }
 
     void WriteDelayAt(Milliseconds moment)
     {
         world.At(moment, [&] {
-            ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.Text16rt, link); });
+            ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.cycleDelay, link, view); });
         });
     }
 
@@ -59,8 +59,8 @@ protected:
 
     void ExpectSuccessEnd()
     {
-        EXPECT_EQ(state.CurrentBlock, 1);
-        EXPECT_EQ(panel.Text2.Text(), "01");
+        EXPECT_EQ(state.currentBlock, 1);
+        EXPECT_EQ(panel.blockNumber.Text(), "01");
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(1)));
         EXPECT_LINK_AT_REST();
         EXPECT_EQ(finishedHandlers, 2);
@@ -86,9 +86,9 @@ TEST_F(NestedInSetAllTest, StepUpInASettleWaitSkipsTheNextBlock)
 TEST_F(NestedInSetAllTest, StepUpInAWakeMakesThatExchangeTheNextBlocks)
 {
     world.At(4 * 200 + 5, [&] {
-        Click([&] { StepRecordUp(panel, state, headers); });
-        EXPECT_EQ(state.CurrentBlock, 5);
-        EXPECT_EQ(panel.Text2.Text(), "05");
+        Click([&] { StepRecordUp(panel, state); });
+        EXPECT_EQ(state.currentBlock, 5);
+        EXPECT_EQ(panel.blockNumber.Text(), "05");
     });
 
     PressAndConfirm();
@@ -113,7 +113,7 @@ TEST_F(NestedInSetAllTest, StepUpAtTheLastBlockEndsTheLoopAsBefore)
 
 TEST_F(NestedInSetAllTest, StepDownRepeatsABlock)
 {
-    world.At(4 * 200 + 50, [&] { Click([&] { StepRecordDown(panel, state, headers); }); });
+    world.At(4 * 200 + 50, [&] { Click([&] { StepRecordDown(panel, state); }); });
 
     PressAndConfirm();
 
@@ -141,7 +141,7 @@ TEST_F(NestedInSetAllTest, StepUpAtIndex0EndsTheProgramAndSetAllWithIt)
 TEST_F(NestedInSetAllTest, LeavesTheRuleOfSetAllInForceBehindACommandWithoutIt)
 {
     StepUpAt(4 * 200 + 50);
-    world.At(10 * 200 + 50, [&] { state.HeaderFilePath.clear(); }); // every later get fails
+    world.At(10 * 200 + 50, [&] { state.headerFilePath.clear(); }); // every later get fails
 
     PressAndConfirm();
 
@@ -154,7 +154,7 @@ TEST_F(NestedInSetAllTest, LeavesTheRuleOfSetAllInForceBehindACommandWithoutIt)
 TEST_F(NestedInSetAllTest, ACommandThatClosesThePortLetsItRunToItsEndInSilence)
 {
     WriteDelayAt(4 * 200 + 50);
-    LogTexts(*this, "Text2", panel.Text2);
+    LogTexts(*this, "Text2", panel.blockNumber);
 
     PressAndConfirm();
 
@@ -192,7 +192,7 @@ TEST_F(NestedInSetAllTest, ASilentUnitIsReportedByTheNestedCommandAndAgainByItse
 
     EXPECT_EQ(port.sent, Joined(HeadersOut(0, 3), {"}", "}"}));
     EXPECT_EQ(world.Now(), 4 * 200 + 600) << "the tick of 850 was the first after the reset";
-    EXPECT_EQ(state.CurrentBlock, 1);
+    EXPECT_EQ(state.currentBlock, 1);
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(5)));
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 2);
@@ -228,7 +228,7 @@ TEST_F(NestedInSetAllTest, TheProgramsEndUnderANestedBoxEndsBoth)
 
     EXPECT_EQ(finishedHandlers, 0);
     EXPECT_EQ(port.sent, Joined(HeadersOut(0, 4), {"}"}));
-    EXPECT_EQ(state.CurrentBlock, 4);
+    EXPECT_EQ(state.currentBlock, 4);
 }
 
 } // namespace

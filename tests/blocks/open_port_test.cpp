@@ -20,10 +20,10 @@ protected:
     OpenPortTest()
     {
         FillUnit(*this);
-        panel.Text2.SetText("05");
+        panel.blockNumber.SetText("05");
         boxes.ExpectQuestion(kBlockQuestion, true);
         PressResetBlock(*this);
-        panel.ssOption1.Select(1);
+        panel.portOptions.Select(1);
         port.history.clear();
         port.sent.clear();
     }
@@ -41,7 +41,7 @@ TEST_F(OpenPortTest, IsWhatReadBlockWorksOnAndCloses)
     EXPECT_EQ(port.history.front(), "> }");
     EXPECT_EQ(port.history.back(), "close");
     EXPECT_EQ(port.OpenedPort(), 1);
-    EXPECT_EQ(panel.Text3.Text(), "UNIT  05");
+    EXPECT_EQ(panel.header[Client].Text(), "UNIT  05");
     EXPECT_LINK_AT_REST();
 }
 
@@ -68,7 +68,7 @@ TEST_F(OpenPortTest, IsWhatAnotherResetBlockWorksOnAndLeavesOpen)
 TEST_F(OpenPortTest, IsWhatReadClockWorksOnAndCloses)
 {
     unit.answers["H\r"] = "14042310153000";
-    ClickLink([&](DeviceLink& link) { ReadClock(&panel.Clock, link); });
+    ClickLink([&](DeviceLink& link) { ReadClock(&panel.clock, link, view); });
 
     EXPECT_THAT(port.history, ElementsAre("> }", "< !", "> H\r", "< 14042310153000", "close"));
 }

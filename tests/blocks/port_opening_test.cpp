@@ -31,8 +31,8 @@ protected:
     PortOpeningTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI   ");
-        panel.Text2.SetText("07");
+        panel.header[Client].SetText("VERDI   ");
+        panel.blockNumber.SetText("07");
         edited_[2] = WithClient("VERDI", OwnRecord(3));
         typed_ = HeaderOnPanel(*this);
     }
@@ -42,7 +42,7 @@ protected:
     void ExpectAtOpening(const std::vector<std::string>& table, const std::string& header)
     {
         refusing_.atOpening = [this, table, header] {
-            EXPECT_TRUE(panel.Label34.Visible());
+            EXPECT_TRUE(panel.waitIndicator.label.Visible());
             EXPECT_EQ(StoredTable(*this), table);
             EXPECT_EQ(HeaderOnPanel(*this), header);
             EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
@@ -52,7 +52,7 @@ protected:
     std::vector<std::string> edited_ = OwnTable(); // the file once the panel has been stored
     std::string typed_;
     RefusingPort refusing_;
-    Line refusingLine_{refusing_, world, world, boxes, state, &panel};
+    Line refusingLine_{refusing_, world, world, boxes, state, &panel.waitIndicator};
     DeviceLink link_{refusingLine_};
 };
 
@@ -60,35 +60,35 @@ TEST_F(PortOpeningTest, SetBlockHasStoredThePanelAndShownTheChosenRecord)
 {
     ExpectAtOpening(edited_, HeaderPayload(OwnRecord(7)));
     boxes.ExpectQuestion(kBlocksQuestion, true);
-    Click([&] { SetBlock(panel, state, headers, link_, boxes); });
+    Click([&] { SetBlock(panel, state, link_, view, world); });
 }
 
 TEST_F(PortOpeningTest, SetAllHasStoredThePanelAndShownNoOtherRecord)
 {
     ExpectAtOpening(edited_, typed_);
     boxes.ExpectQuestion(kBlockQuestion, true);
-    Click([&] { SetAll(panel, state, headers, link_, boxes); });
+    Click([&] { SetAll(panel, state, link_, view, world); });
 }
 
 TEST_F(PortOpeningTest, ResetBlockHasNotTouchedTheFile)
 {
     ExpectAtOpening(OwnTable(), typed_);
     boxes.ExpectQuestion(kBlockQuestion, true);
-    Click([&] { ResetBlock(panel, state, link_, boxes); });
+    Click([&] { ResetBlock(panel, state, link_, view, world); });
 }
 
 TEST_F(PortOpeningTest, TotalResetHasNotTouchedTheFile)
 {
     ExpectAtOpening(OwnTable(), typed_);
     boxes.ExpectQuestion(kBlockQuestion, true);
-    Click([&] { TotalReset(panel, state, headers, link_, boxes); });
+    Click([&] { TotalReset(panel, state, link_, view, world); });
 }
 
 TEST_F(PortOpeningTest, ResetOfGainAndZeroHasStoredThePanelAndNotShownTheDefaults)
 {
     ExpectAtOpening(edited_, typed_);
     boxes.ExpectQuestion(kGainZeroQuestion, true);
-    Click([&] { ResetGainZero(panel, state, headers, link_, boxes); });
+    Click([&] { ResetGainZero(panel, state, link_, view, world); });
 }
 
 } // namespace

@@ -41,14 +41,14 @@ TEST_F(ReadAllBlocksTest, StoresAllThirtyHeadersWithTheCalibrationOfTheHiddenBox
     EXPECT_EQ(StoredTable(*this), fetched_);
     EXPECT_EQ(fetched_[16], "UNIT  17SITO_17/#17#117704-01717171226  221759  "
                             "C+1.0003+2.0003+0.1003+0.2003");
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(fetched_[0]));
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
-    EXPECT_EQ(panel.Text17.Text(), "1D090");
-    EXPECT_EQ(state.ReadAddrBlock, "1D");
-    EXPECT_EQ(state.ReadAddrBank, "0");
-    EXPECT_EQ(state.ReadAddrPage, "90");
+    EXPECT_EQ(panel.readAddress.Text(), "1D090");
+    EXPECT_EQ(state.readAddrBlock, "1D");
+    EXPECT_EQ(state.readAddrBank, "0");
+    EXPECT_EQ(state.readAddrPage, "90");
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
 }
@@ -75,9 +75,9 @@ TEST_F(ReadAllBlocksTest, OpensThePortAnewForEachBlockAndWakesBeforeEachPage)
 TEST_F(ReadAllBlocksTest, ShowsEachBlockOnceItIsReadAndStoresItWithThePortClosed)
 {
     LogIndicator();
-    LogTexts(*this, "Text2", panel.Text2);
-    LogTexts(*this, "Text3", panel.Text3);
-    LogTexts(*this, "Text18", panel.Text18);
+    LogTexts(*this, "Text2", panel.blockNumber);
+    LogTexts(*this, "Text3", panel.header[Client]);
+    LogTexts(*this, "Text18", panel.calibration[Gain1]);
     PressReadAllBlocks(*this);
 
     std::vector<std::string> steps;
@@ -108,7 +108,7 @@ TEST_F(ReadAllBlocksTest, LeavesTheFileWhenTheFirstWakeIsNotAnswered)
     unit.answerWake = [](int) { return ""; };
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
     });
     PressReadAllBlocks(*this);
 
@@ -116,8 +116,8 @@ TEST_F(ReadAllBlocksTest, LeavesTheFileWhenTheFirstWakeIsNotAnswered)
     EXPECT_EQ(world.Now(), 600);
     EXPECT_EQ(StoredTable(*this), OwnTable());
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(3)));
-    EXPECT_EQ(state.CurrentBlock, 3);
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(state.currentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
     EXPECT_LINK_AT_REST();
 }
 
@@ -128,12 +128,12 @@ TEST_F(ReadAllBlocksTest, KeepsTheRecordsBeforeTheBlockWhereTheUnitFellSilent)
     PressReadAllBlocks(*this);
 
     EXPECT_EQ(StoredTable(*this), FetchedUpTo(5));
-    EXPECT_EQ(panel.Text2.Text(), "06");
+    EXPECT_EQ(panel.blockNumber.Text(), "06");
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(fetched_[4]));
-    EXPECT_EQ(state.CurrentBlock, 3);
-    EXPECT_EQ(panel.Text17.Text(), "04090");
-    EXPECT_EQ(state.ReadAddrBlock, "05");
-    EXPECT_EQ(state.ReadAddrPage, "00");
+    EXPECT_EQ(state.currentBlock, 3);
+    EXPECT_EQ(panel.readAddress.Text(), "04090");
+    EXPECT_EQ(state.readAddrBlock, "05");
+    EXPECT_EQ(state.readAddrPage, "00");
     EXPECT_LINK_AT_REST();
 }
 
@@ -159,7 +159,7 @@ TEST_F(ReadAllBlocksTest, StoresThirtyBlankHeadersWithoutAWordWhenThePortCannotB
     EXPECT_EQ(StoredTable(*this), std::vector<std::string>(30, blank));
     EXPECT_THAT(port.sent, IsEmpty());
     EXPECT_EQ(world.Now(), 0);
-    EXPECT_EQ(state.CurrentBlock, 1);
+    EXPECT_EQ(state.currentBlock, 1);
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(blank));
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
     EXPECT_LINK_AT_REST();
@@ -214,7 +214,7 @@ TEST_F(ReadAllBlocksTest, KeepsStepAndGuidesOfTheBlockBeforeWhenTheirDigitsAreGa
 
 TEST_F(ReadAllBlocksTest, LosesWhatTheOperatorTypesDuringTheRunToTheBlocksOwnHeader)
 {
-    world.At(30, [&] { panel.Text3.SetText("VERDI"); });
+    world.At(30, [&] { panel.header[Client].SetText("VERDI"); });
     PressReadAllBlocks(*this);
 
     EXPECT_EQ(StoredTable(*this), fetched_);
@@ -223,7 +223,7 @@ TEST_F(ReadAllBlocksTest, LosesWhatTheOperatorTypesDuringTheRunToTheBlocksOwnHea
 TEST_F(ReadAllBlocksTest, StoresAHiddenBoxThatChangesDuringTheRunFromTheNextStoreOn)
 {
     unit.onWake = [&](int wake) {
-        if (wake == 45) panel.Text21.SetText("-0.5000");
+        if (wake == 45) panel.calibration[Zero2].SetText("-0.5000");
     };
     PressReadAllBlocks(*this);
 
@@ -234,21 +234,21 @@ TEST_F(ReadAllBlocksTest, StoresAHiddenBoxThatChangesDuringTheRunFromTheNextStor
 
 TEST_F(ReadAllBlocksTest, GoesOnWithTheBlockItselfWhenItsNumberIsTypedOver)
 {
-    world.At(30, [&] { panel.Text2.SetText("29"); });
+    world.At(30, [&] { panel.blockNumber.SetText("29"); });
     PressReadAllBlocks(*this);
 
     EXPECT_EQ(StoredTable(*this), fetched_);
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
 }
 
 TEST_F(ReadAllBlocksTest, ReadsToTheEndWhenTheFileCannotBeWritten)
 {
-    state.HeaderFilePath = folder.Path();
+    state.headerFilePath = folder.Path();
     PressReadAllBlocks(*this);
 
     EXPECT_EQ(port.sent.size(), 600U);
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(fetched_[29]));
     EXPECT_LINK_AT_REST();
 }
@@ -256,7 +256,7 @@ TEST_F(ReadAllBlocksTest, ReadsToTheEndWhenTheFileCannotBeWritten)
 TEST_F(ReadAllBlocksTest, TakesAPortChosenDuringABlockFromTheNextBlockOn)
 {
     unit.onWake = [&](int wake) {
-        if (wake == 285) state.ComPortNumber = 4; // within block 29
+        if (wake == 285) state.comPortNumber = 4; // within block 29
         EXPECT_EQ(port.OpenedPort(), wake <= 290 ? 1 : 4);
     };
     PressReadAllBlocks(*this);

@@ -34,25 +34,25 @@ class ReadBlockTest : public LogicTest
 protected:
     void Read()
     {
-        ClickLink([&](DeviceLink& link) { ReadBlock(panel, state, link); });
+        ClickLink([&](DeviceLink& link) { ReadBlock(panel, state, link, view); });
     }
 
     void Read(const std::string& block)
     {
-        panel.Text2.SetText(block);
+        panel.blockNumber.SetText(block);
         Read();
     }
 
     /// Nothing but the panel may change: a look only.
     void ExpectNothingStored() const
     {
-        EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
-        EXPECT_EQ(state.CurrentBlock, 1);
-        EXPECT_EQ(FileBytes(state.HeaderFilePath), defaults_);
+        EXPECT_EQ(state.blockHeader, DefaultHeader(0));
+        EXPECT_EQ(state.currentBlock, 1);
+        EXPECT_EQ(FileBytes(state.headerFilePath), defaults_);
         EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("intestazione"));
     }
 
-    std::string defaults_ = FileBytes(state.HeaderFilePath);
+    std::string defaults_ = FileBytes(state.headerFilePath);
 };
 
 TEST_F(ReadBlockTest, FillsThePanelFromTheTenPagesOfTheBlock)
@@ -61,7 +61,7 @@ TEST_F(ReadBlockTest, FillsThePanelFromTheTenPagesOfTheBlock)
     Read("11");
     EXPECT_EQ(port.sent, Conversation("0A"));
     EXPECT_EQ(HeaderBoxTexts(), kDamShown);
-    EXPECT_EQ(panel.Text2.Text(), "11");
+    EXPECT_EQ(panel.blockNumber.Text(), "11");
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
 }
@@ -69,10 +69,10 @@ TEST_F(ReadBlockTest, FillsThePanelFromTheTenPagesOfTheBlock)
 TEST_F(ReadBlockTest, LeavesTheAddressOfTheLastPage)
 {
     Read("02");
-    EXPECT_EQ(panel.Text17.Text(), "01090");
-    EXPECT_EQ(state.ReadAddrBlock, "01");
-    EXPECT_EQ(state.ReadAddrBank, "0");
-    EXPECT_EQ(state.ReadAddrPage, "90");
+    EXPECT_EQ(panel.readAddress.Text(), "01090");
+    EXPECT_EQ(state.readAddrBlock, "01");
+    EXPECT_EQ(state.readAddrBank, "0");
+    EXPECT_EQ(state.readAddrPage, "90");
 }
 
 TEST_F(ReadBlockTest, StoresNothing)
@@ -85,7 +85,7 @@ TEST_F(ReadBlockTest, StoresNothing)
 TEST_F(ReadBlockTest, ExchangesEveryByteInItsOrderOnOnePort)
 {
     LogIndicator();
-    panel.ssOption1.Select(1);
+    panel.portOptions.Select(1);
     Read("02");
     std::vector<std::string> expected = {"Label34 on", "Shape1 on", "port 2", "open"};
     for (const char page : std::string("0123456789")) {
@@ -106,19 +106,10 @@ TEST_F(ReadBlockTest, ChangesThePanelAtOnceAndInItsOrderAfterTheLastPage)
             order += name + " ";
         });
     };
-    watch(panel.Text3, "3");
-    watch(panel.Text4, "4");
-    watch(panel.Text5, "5");
-    watch(panel.Text6, "6");
-    watch(panel.Text13, "13");
-    watch(panel.Text7, "7");
-    watch(panel.Text8, "8");
-    watch(panel.Text9, "9");
-    watch(panel.Text10, "10");
-    watch(panel.Text11, "11");
-    watch(panel.Text12, "12");
-    watch(panel.Text18, "18");
-    watch(panel.Text22, "22");
+    for (const auto& row : kHeaderBoxes)
+        watch(panel.header[row.box], std::string(row.control.substr(4)));
+    for (const auto& row : kCalibrationBoxes)
+        watch(panel.calibration[row.box], std::string(row.control.substr(4)));
     Read();
     EXPECT_EQ(order, "3 4 5 6 13 7 8 9 10 11 12 ");
 }
@@ -126,7 +117,7 @@ TEST_F(ReadBlockTest, ChangesThePanelAtOnceAndInItsOrderAfterTheLastPage)
 TEST_F(ReadBlockTest, ShowsEachAddressDuringTheRun)
 {
     std::vector<std::string> shown;
-    panel.Text17.Watch([&] { shown.push_back(panel.Text17.Text()); });
+    panel.readAddress.Watch([&] { shown.push_back(panel.readAddress.Text()); });
     Read("30");
     EXPECT_THAT(shown, ElementsAre("1D000", "1D010", "1D020", "1D030", "1D040", "1D050", "1D060",
                                    "1D070", "1D080", "1D090"));
@@ -148,7 +139,7 @@ TEST_P(ReadBlockNumberTest, SetsTheAddressOrLeavesThatOfTheReadBefore)
     port.sent.clear();
     Read(GetParam().text);
     EXPECT_EQ(port.sent, Conversation(GetParam().block));
-    EXPECT_EQ(panel.Text2.Text(), GetParam().text);
+    EXPECT_EQ(panel.blockNumber.Text(), GetParam().text);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -169,7 +160,7 @@ TEST_F(ReadBlockTest, ReadsWithoutABlockPieceWhenThereHasBeenNone)
     ASSERT_EQ(port.sent.size(), 20U);
     EXPECT_EQ(port.sent[1], "a000\r");
     EXPECT_EQ(port.sent[19], "a090\r");
-    EXPECT_EQ(panel.Text17.Text(), "090");
+    EXPECT_EQ(panel.readAddress.Text(), "090");
 }
 
 TEST_F(ReadBlockTest, SaysNotConnectedAndLeavesThePanelWhenTheUnitIsSilent)
@@ -185,7 +176,7 @@ TEST_F(ReadBlockTest, SaysNotConnectedAndLeavesThePanelWhenTheUnitIsSilent)
     EXPECT_THAT(port.history, ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "> }",
                                           "close", "Label34 off", "Shape1 off"));
     EXPECT_EQ(HeaderBoxTexts(), before);
-    EXPECT_EQ(panel.Text17.Text(), "");
+    EXPECT_EQ(panel.readAddress.Text(), "");
     EXPECT_EQ(finishedHandlers, 1);
     ExpectNothingStored();
 }
@@ -193,15 +184,15 @@ TEST_F(ReadBlockTest, SaysNotConnectedAndLeavesThePanelWhenTheUnitIsSilent)
 TEST_F(ReadBlockTest, APortThatCannotBeOpenedBlanksTheBoxesWithoutAWord)
 {
     port.refused = {1};
-    panel.Text17.SetText("shown");
+    panel.readAddress.SetText("shown");
     Read();
     EXPECT_THAT(HeaderBoxTexts(), ElementsAre("", "", "", "", "", "", "", "", "", "", "", "+1.0000",
                                               "+0.0000", "+1.0000", "+0.0000", "0"));
-    EXPECT_EQ(panel.Text17.Text(), "shown");
+    EXPECT_EQ(panel.readAddress.Text(), "shown");
     EXPECT_EQ(world.Now(), 0);
     EXPECT_THAT(port.history, ElementsAre("port 1"));
     EXPECT_EQ(boxes.shown, 0);
-    EXPECT_EQ(state.ReadAddrPage, "90");
+    EXPECT_EQ(state.readAddrPage, "90");
     EXPECT_LINK_AT_REST();
     ExpectNothingStored();
 }
@@ -234,8 +225,10 @@ TEST_F(ReadBlockTest, EveryWakeAnsweredOtherwiseBlanksAllAndSendsNoFrame)
     unit.answerWake = [](int) { return "!!"; };
     Read();
     EXPECT_THAT(port.sent, ElementsAreArray(std::vector<std::string>(10, "}")));
-    EXPECT_EQ(panel.Text3.Text() + panel.Text6.Text() + panel.Text12.Text(), "");
-    EXPECT_EQ(panel.Text17.Text(), "");
+    EXPECT_EQ(panel.header[Client].Text() + panel.header[DepthMetres].Text() +
+                  panel.header[Time].Text(),
+              "");
+    EXPECT_EQ(panel.readAddress.Text(), "");
     EXPECT_LINK_AT_REST();
 }
 
@@ -309,20 +302,20 @@ TEST_F(ReadBlockTest, ShowsWhateverTheUnitHolds)
     const std::string odd("\0\xE0\r\xFF\x7F\0\0z", 8);
     unit.SetHeader(0, {odd, "", "", "a\xE8", "", "?"});
     Read();
-    EXPECT_EQ(panel.Text3.Text(), odd);
-    EXPECT_EQ(panel.Text4.Text(), std::string(8, '\0'));
-    EXPECT_EQ(panel.Text6.Text(), std::string("a\xE8\0", 3));
-    EXPECT_EQ(panel.Text13.Text(), std::string(1, '\0'));
-    EXPECT_EQ(panel.Text8.Text(), "?");
+    EXPECT_EQ(panel.header[Client].Text(), odd);
+    EXPECT_EQ(panel.header[Site].Text(), std::string(8, '\0'));
+    EXPECT_EQ(panel.header[DepthMetres].Text(), std::string("a\xE8\0", 3));
+    EXPECT_EQ(panel.header[DepthTenths].Text(), std::string(1, '\0'));
+    EXPECT_EQ(panel.header[Guides].Text(), "?");
 }
 
 TEST_F(ReadBlockTest, AReloadBringsTheStoredRecordBack)
 {
     unit.SetHeader(0, kDam);
     Read();
-    Click([&] { headers.ReloadPanel(); });
-    EXPECT_EQ(panel.Text3.Text(), "CLIENT 1");
-    EXPECT_EQ(panel.Text11.Text(), "DDMMYY");
+    Click([&] { ReloadPanel(panel, state); });
+    EXPECT_EQ(panel.header[Client].Text(), "CLIENT 1");
+    EXPECT_EQ(panel.header[Date].Text(), "DDMMYY");
 }
 
 TEST_F(ReadBlockTest, TheEndOfTheProgramInTheFirstWakeShowsNothingMore)

@@ -31,15 +31,15 @@ TEST_P(ResetBlockNumberTest, KeepsTheClientAndSendsTheClosingFrameAlone)
 {
     const NumberRow& row = GetParam();
     OpenOwnTableAt(*this, 3);
-    panel.Text2.SetText(row.typed);
+    panel.blockNumber.SetText(row.typed);
     boxes.ExpectQuestion(kBlockQuestion, true);
 
     PressResetBlock(*this);
 
     EXPECT_THAT(port.sent, ElementsAre("}", "}", "b000F500\r"));
     EXPECT_EQ(world.Now(), 800);
-    EXPECT_EQ(state.CurrentBlock, row.currentBlock);
-    EXPECT_EQ(panel.Text2.Text(), row.shown);
+    EXPECT_EQ(state.currentBlock, row.currentBlock);
+    EXPECT_EQ(panel.blockNumber.Text(), row.shown);
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(DefaultsWithClient("ROSSI_03")));
     std::vector<std::string> stored = StoredTable(*this);
     ASSERT_EQ(stored.size(), row.fileRecords);
@@ -66,7 +66,7 @@ TEST_F(ResetBlockNumberTest, TakesEveryBlocksOwnDefaults)
     std::vector<std::string> defaults;
     for (int number = 1; number <= 30; ++number) {
         port.sent.clear();
-        panel.Text2.SetText(std::to_string(number));
+        panel.blockNumber.SetText(std::to_string(number));
         boxes.ExpectQuestion(kBlockQuestion, true);
 
         PressResetBlock(*this);

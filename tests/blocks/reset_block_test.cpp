@@ -18,8 +18,8 @@ protected:
     ResetBlockTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI");
-        panel.Text2.SetText("11");
+        panel.header[Client].SetText("VERDI");
+        panel.blockNumber.SetText("11");
         reset_[10] = DefaultRecord(11);
     }
 
@@ -32,8 +32,8 @@ protected:
     /// Whatever the end, the hidden boxes keep what they held.
     void ExpectEnd(double currentBlock, const std::string& text2)
     {
-        EXPECT_EQ(state.CurrentBlock, currentBlock);
-        EXPECT_EQ(panel.Text2.Text(), text2);
+        EXPECT_EQ(state.currentBlock, currentBlock);
+        EXPECT_EQ(panel.blockNumber.Text(), text2);
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(DefaultRecord(11)));
         EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
         EXPECT_EQ(StoredTable(*this), reset_);
@@ -50,20 +50,20 @@ TEST_F(ResetBlockTest, SendsTheDefaultsOfOneBlockAndLeavesThePortOpen)
                                           "> C0A000CLIENT11SITE0000T   000002+00000DDMMYYhhmmss\r",
                                           "> }", "< !", "> b000F500\r"));
     ExpectEnd(11, "11");
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(10));
+    EXPECT_EQ(state.blockHeader, DefaultHeader(10));
     EXPECT_TRUE(port.IsOpen());
-    EXPECT_FALSE(panel.Label34.Visible());
-    EXPECT_FALSE(panel.Shape1.Visible());
+    EXPECT_FALSE(panel.waitIndicator.label.Visible());
+    EXPECT_FALSE(panel.waitIndicator.ground.Visible());
     EXPECT_EQ(finishedHandlers, 1);
 }
 
 TEST_F(ResetBlockTest, RunsItsStepsInTheirOrder)
 {
     LogIndicator();
-    LogTexts(*this, "Text2", panel.Text2);
-    LogTexts(*this, "Text3", panel.Text3);
-    LogTexts(*this, "Text12", panel.Text12);
-    LogTexts(*this, "Text18", panel.Text18);
+    LogTexts(*this, "Text2", panel.blockNumber);
+    LogTexts(*this, "Text3", panel.header[Client]);
+    LogTexts(*this, "Text12", panel.header[Time]);
+    LogTexts(*this, "Text18", panel.calibration[Gain1]);
 
     PressAndConfirm();
 
@@ -77,7 +77,7 @@ TEST_F(ResetBlockTest, ResetsTheRecordAfterTheIndicatorAndBeforeTheFirstWake)
 {
     boxes.ExpectQuestion(kBlockQuestion, true, [&] { EXPECT_EQ(StoredTable(*this), OwnTable()); });
     world.At(0, [&] {
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
         EXPECT_FALSE(port.IsOpen());
         EXPECT_EQ(StoredTable(*this), OwnTable());
     });
@@ -88,15 +88,15 @@ TEST_F(ResetBlockTest, ResetsTheRecordAfterTheIndicatorAndBeforeTheFirstWake)
 TEST_F(ResetBlockTest, ChangesNothingWhenTheOperatorCancels)
 {
     const std::vector<std::string> typed = HeaderBoxTexts();
-    const BlockHeader before = state.BlockHeader;
+    const BlockHeader before = state.blockHeader;
     boxes.ExpectQuestion(kBlockQuestion, false);
     PressResetBlock(*this);
 
     EXPECT_EQ(StoredTable(*this), OwnTable());
-    EXPECT_EQ(state.BlockHeader, before);
+    EXPECT_EQ(state.blockHeader, before);
     EXPECT_EQ(HeaderBoxTexts(), typed);
-    EXPECT_EQ(panel.Text2.Text(), "11");
-    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "11");
+    EXPECT_EQ(state.currentBlock, 3);
     EXPECT_THAT(port.history, IsEmpty());
     EXPECT_EQ(world.passes, 0);
 }
@@ -107,8 +107,8 @@ TEST_F(ResetBlockTest, GoesBackToBlock01WithTheRecordResetWhenTheFirstWakeIsNotA
     boxes.ExpectQuestion(kBlockQuestion, true);
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Label34.Visible());
-        EXPECT_EQ(state.CurrentBlock, 11);
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
+        EXPECT_EQ(state.currentBlock, 11);
     });
     PressResetBlock(*this);
 
@@ -130,8 +130,8 @@ TEST_F(ResetBlockTest, LeavesTheIndicatorAndTheNumberWhenTheSecondWakeIsNotAnswe
                             "> " + HeaderFrame(10, DefaultRecord(11)), "> }", "close"));
     ExpectEnd(11, "11");
     EXPECT_FALSE(port.IsOpen());
-    EXPECT_TRUE(panel.Label34.Visible());
-    EXPECT_TRUE(panel.Shape1.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
+    EXPECT_TRUE(panel.waitIndicator.ground.Visible());
 }
 
 TEST_F(ResetBlockTest, SendsTheClosingFrameAlthoughTheHeaderWasLostToAWrongAnswer)
@@ -156,7 +156,7 @@ TEST_F(ResetBlockTest, LosesTheClosingFrameToAWrongAnswer)
     EXPECT_EQ(world.Now(), 401);
     ExpectEnd(11, "11");
     EXPECT_TRUE(port.IsOpen());
-    EXPECT_FALSE(panel.Label34.Visible());
+    EXPECT_FALSE(panel.waitIndicator.label.Visible());
 }
 
 TEST_F(ResetBlockTest, SettlesFourTicksBehindEachFrame)
@@ -191,13 +191,13 @@ TEST_F(ResetBlockTest, TakesAByteOfTheSettleWaitForTheNextWakesAnswer)
 
 TEST_F(ResetBlockTest, SendsTheDefaultsOnScreenWhenTheFileCannotBeOpened)
 {
-    state.HeaderFilePath = folder.Path();
+    state.headerFilePath = folder.Path();
 
     PressAndConfirm();
 
     EXPECT_EQ(port.sent[1], HeaderFrame(10, DefaultRecord(11)));
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(DefaultRecord(11)));
-    EXPECT_EQ(state.CurrentBlock, 11);
+    EXPECT_EQ(state.currentBlock, 11);
 }
 
 TEST_F(ResetBlockTest, IsUndoneInItsCalibrationByASetBlockAfterIt)
@@ -218,7 +218,7 @@ TEST_F(ResetBlockTest, StopsWithoutAnotherStepWhenTheProgramEndsInASettleWait)
 
     EXPECT_EQ(finishedHandlers, 0);
     EXPECT_THAT(port.sent, ElementsAre("}", HeaderFrame(10, DefaultRecord(11))));
-    EXPECT_TRUE(panel.Label34.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
     ExpectEnd(11, "11");
 }
 

@@ -1,7 +1,7 @@
 #include "blocks/block_commands.h"
 
 #include "core/header_boxes.h"
-#include "download/file_commands.h"
+#include "core/header_steps.h"
 #include "support/logic_test.h"
 
 namespace tarvex::tests
@@ -31,9 +31,9 @@ protected:
     ResetGainZeroTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI");
-        panel.Text18.SetText("+9.9999");
-        panel.Text2.SetText("07");
+        panel.header[Client].SetText("VERDI");
+        panel.calibration[Gain1].SetText("+9.9999");
+        panel.blockNumber.SetText("07");
         edited_[2] = WithClient("VERDI", OwnRecord(3));
         edited_[2].replace(49, 7, "+9.9999");
         typed_ = HeaderOnPanel(*this);
@@ -48,8 +48,8 @@ protected:
     /// The eleven visible boxes and the block's number stay as typed, whatever the end.
     void ExpectEnd(double currentBlock, const std::string& calibration)
     {
-        EXPECT_EQ(state.CurrentBlock, currentBlock);
-        EXPECT_EQ(panel.Text2.Text(), "07");
+        EXPECT_EQ(state.currentBlock, currentBlock);
+        EXPECT_EQ(panel.blockNumber.Text(), "07");
         EXPECT_EQ(HeaderOnPanel(*this), typed_);
         EXPECT_EQ(CalibrationOnPanel(*this), calibration);
         EXPECT_EQ(StoredTable(*this), edited_);
@@ -74,11 +74,11 @@ TEST_F(ResetGainZeroTest, SendsTheDefaultCalibrationToAllThirtyBlocks)
 TEST_F(ResetGainZeroTest, RunsItsStepsInTheirOrder)
 {
     LogIndicator();
-    LogTexts(*this, "Text18", panel.Text18);
-    LogTexts(*this, "Text19", panel.Text19);
-    LogTexts(*this, "Text20", panel.Text20);
-    LogTexts(*this, "Text21", panel.Text21);
-    LogTexts(*this, "Text22", panel.Text22);
+    LogTexts(*this, "Text18", panel.calibration[Gain1]);
+    LogTexts(*this, "Text19", panel.calibration[Gain2]);
+    LogTexts(*this, "Text20", panel.calibration[Zero1]);
+    LogTexts(*this, "Text21", panel.calibration[Zero2]);
+    LogTexts(*this, "Text22", panel.calibration[Point]);
 
     PressAndConfirm();
 
@@ -96,13 +96,13 @@ TEST_F(ResetGainZeroTest, StoresThePanelBeforeItAsks)
 {
     boxes.ExpectQuestion(kGainZeroQuestion, true, [&] {
         EXPECT_EQ(StoredTable(*this), edited_);
-        EXPECT_FALSE(panel.Label34.Visible());
-        EXPECT_EQ(state.CurrentBlock, 3);
+        EXPECT_FALSE(panel.waitIndicator.label.Visible());
+        EXPECT_EQ(state.currentBlock, 3);
     });
     world.At(0, [&] {
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
         EXPECT_FALSE(port.IsOpen());
-        EXPECT_EQ(panel.Text18.Text(), "+9.9999");
+        EXPECT_EQ(panel.calibration[Gain1].Text(), "+9.9999");
     });
     PressResetGainZero(*this);
 }
@@ -134,7 +134,7 @@ TEST_F(ResetGainZeroTest, StaysAtIndex0WhenTheFirstWakeIsNotAnswered)
     boxes.ExpectQuestion(kGainZeroQuestion, true);
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
     });
     PressResetGainZero(*this);
 
@@ -158,7 +158,7 @@ TEST_F(ResetGainZeroTest, LetsASetBlockAfterIndex0PassOverItsStore)
 
     EXPECT_EQ(StoredTable(*this), edited_);
     EXPECT_EQ(port.sent[2], HeaderFrame(6, OwnRecord(7)));
-    EXPECT_EQ(state.CurrentBlock, 7);
+    EXPECT_EQ(state.currentBlock, 7);
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(7)));
 }
 
@@ -169,7 +169,7 @@ TEST_F(ResetGainZeroTest, LetsAStepAfterIndex0EndTheProgram)
     boxes.Expect(kNotConnected);
     PressResetGainZero(*this);
 
-    Click([&] { StepRecordUp(panel, state, headers); });
+    Click([&] { StepRecordUp(panel, state); });
 
     EXPECT_TRUE(unhandledFailure.has_value());
     EXPECT_TRUE(world.Ended());
@@ -226,7 +226,7 @@ TEST_F(ResetGainZeroTest, ShowsTheDefaultsWithoutAWordWhenThePortCannotBeOpened)
 TEST_F(ResetGainZeroTest, SendsWhatTheHiddenBoxesHoldOnceTheUnitIsAwake)
 {
     unit.onWake = [&](int wake) {
-        if (wake == 2) LoadCalibrationBoxes(panel, StoredHeader(9));
+        if (wake == 2) LoadCalibration(panel.calibration, StoredHeader(9));
     };
 
     PressAndConfirm();
@@ -245,7 +245,7 @@ TEST_F(ResetGainZeroTest, StopsWithoutAnotherStepWhenTheProgramEndsInASettleWait
     EXPECT_EQ(port.sent, BlocksOut(3));
     ExpectEnd(2, kDefaultCalibration);
     EXPECT_TRUE(port.IsOpen());
-    EXPECT_TRUE(panel.Label34.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
 }
 
 } // namespace

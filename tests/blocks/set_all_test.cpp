@@ -17,9 +17,9 @@ protected:
     SetAllTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI");
-        panel.Text18.SetText("+9.9999");
-        panel.Text2.SetText("07");
+        panel.header[Client].SetText("VERDI");
+        panel.calibration[Gain1].SetText("+9.9999");
+        panel.blockNumber.SetText("07");
         edited_[2] = WithClient("VERDI", OwnRecord(3));
     }
 
@@ -50,8 +50,8 @@ protected:
     void ExpectEnd(double currentBlock, const std::string& text2, const std::string& header,
                    const std::string& calibration)
     {
-        EXPECT_EQ(state.CurrentBlock, currentBlock);
-        EXPECT_EQ(panel.Text2.Text(), text2);
+        EXPECT_EQ(state.currentBlock, currentBlock);
+        EXPECT_EQ(panel.blockNumber.Text(), text2);
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(header));
         EXPECT_EQ(CalibrationOnPanel(*this), calibration);
         EXPECT_EQ(StoredTable(*this), edited_);
@@ -71,7 +71,7 @@ TEST_F(SetAllTest, SendsAllThirtyRecordsAndOneClosingFrameAndShowsBlock1)
     EXPECT_EQ(port.sent[5], "C02000VERDI   DIGA  03T03 003514+00303030126100330\r");
     EXPECT_EQ(port.sent[59], "C1D000ROSSI_30DIGA  30T30 030504+03030300126103030\r");
     ExpectEnd(1, "01", OwnRecord(1), CalibrationPayload(OwnRecord(1)));
-    EXPECT_EQ(state.BlockHeader, StoredHeader(1));
+    EXPECT_EQ(state.blockHeader, StoredHeader(1));
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
 }
@@ -79,9 +79,9 @@ TEST_F(SetAllTest, SendsAllThirtyRecordsAndOneClosingFrameAndShowsBlock1)
 TEST_F(SetAllTest, RunsItsStepsInTheirOrder)
 {
     LogIndicator();
-    LogTexts(*this, "Text2", panel.Text2);
-    LogTexts(*this, "Text12", panel.Text12);
-    LogTexts(*this, "Text22", panel.Text22);
+    LogTexts(*this, "Text2", panel.blockNumber);
+    LogTexts(*this, "Text12", panel.header[Time]);
+    LogTexts(*this, "Text22", panel.calibration[Point]);
 
     PressAndConfirm();
 
@@ -102,11 +102,11 @@ TEST_F(SetAllTest, StoresThePanelOnlyAfterTheAnswerAndTheIndicator)
 {
     boxes.ExpectQuestion(kBlockQuestion, true, [&] {
         EXPECT_EQ(StoredTable(*this), OwnTable());
-        EXPECT_FALSE(panel.Label34.Visible());
+        EXPECT_FALSE(panel.waitIndicator.label.Visible());
     });
     world.At(0, [&] {
-        EXPECT_TRUE(panel.Label34.Visible());
-        EXPECT_TRUE(panel.Shape1.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
+        EXPECT_TRUE(panel.waitIndicator.ground.Visible());
         EXPECT_EQ(StoredTable(*this), OwnTable());
     });
     unit.onWake = [&](int wake) {
@@ -119,15 +119,15 @@ TEST_F(SetAllTest, StoresThePanelOnlyAfterTheAnswerAndTheIndicator)
 TEST_F(SetAllTest, ChangesNothingWhenTheOperatorCancels)
 {
     const std::vector<std::string> typed = HeaderBoxTexts();
-    const BlockHeader before = state.BlockHeader;
+    const BlockHeader before = state.blockHeader;
     boxes.ExpectQuestion(kBlockQuestion, false);
     PressSetAll(*this);
 
     EXPECT_EQ(StoredTable(*this), OwnTable());
-    EXPECT_EQ(state.BlockHeader, before);
+    EXPECT_EQ(state.blockHeader, before);
     EXPECT_EQ(HeaderBoxTexts(), typed);
-    EXPECT_EQ(panel.Text2.Text(), "07");
-    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "07");
+    EXPECT_EQ(state.currentBlock, 3);
     EXPECT_THAT(port.history, IsEmpty());
     EXPECT_EQ(world.passes, 0);
 }
@@ -138,9 +138,9 @@ TEST_F(SetAllTest, GoesBackToBlock01AndKeepsTheFieldsOfTheBlockThatWasNotAnswere
     boxes.ExpectQuestion(kBlockQuestion, true);
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Label34.Visible());
-        EXPECT_EQ(state.CurrentBlock, 4);
-        EXPECT_EQ(panel.Text2.Text(), "05");
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
+        EXPECT_EQ(state.currentBlock, 4);
+        EXPECT_EQ(panel.blockNumber.Text(), "05");
     });
     PressSetAll(*this);
 
@@ -149,7 +149,7 @@ TEST_F(SetAllTest, GoesBackToBlock01AndKeepsTheFieldsOfTheBlockThatWasNotAnswere
     EXPECT_EQ(port.sent, sent);
     EXPECT_EQ(world.Now(), 4 * 200 + 600);
     ExpectEnd(1, "01", OwnRecord(5), kOwnCalibration);
-    EXPECT_EQ(state.BlockHeader, StoredHeader(5));
+    EXPECT_EQ(state.blockHeader, StoredHeader(5));
     EXPECT_LINK_AT_REST();
 }
 
@@ -165,8 +165,8 @@ TEST_F(SetAllTest, LeavesTheIndicatorAndBlock30WhenTheLastWakeIsNotAnswered)
     EXPECT_EQ(port.sent, sent);
     ExpectEnd(30, "30", OwnRecord(30), kOwnCalibration);
     EXPECT_FALSE(port.IsOpen());
-    EXPECT_TRUE(panel.Label34.Visible());
-    EXPECT_TRUE(panel.Shape1.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
+    EXPECT_TRUE(panel.waitIndicator.ground.Visible());
 }
 
 TEST_F(SetAllTest, LosesOneBlocksHeaderToAWrongAnswerWithoutItsSettleWait)
@@ -192,7 +192,7 @@ TEST_F(SetAllTest, SettlesTwoTicksBehindEachFrame)
 
 TEST_F(SetAllTest, WalksThePanelThroughAllRecordsWhenThePortCannotBeOpened)
 {
-    LogTexts(*this, "Text2", panel.Text2);
+    LogTexts(*this, "Text2", panel.blockNumber);
     port.refused = {1};
 
     PressAndConfirm();
@@ -207,7 +207,7 @@ TEST_F(SetAllTest, WalksThePanelThroughAllRecordsWhenThePortCannotBeOpened)
 
 TEST_F(SetAllTest, TakesTheCalibrationOfTheStoredRecordFromWhateverWasLoadedLast)
 {
-    state.BlockHeader = StoredHeader(9);
+    state.blockHeader = StoredHeader(9);
 
     PressAndConfirm();
 
@@ -236,7 +236,7 @@ TEST_F(SetAllTest, StoresAtRecord30WhenTheClosingFrameFailedAndItIsPressedOnceMo
     boxes.ExpectQuestion(kBlockQuestion, true);
     boxes.Expect(kNotConnected);
     PressSetAll(*this);
-    panel.Text3.SetText("NERI");
+    panel.header[Client].SetText("NERI");
     port.sent.clear();
 
     PressAndConfirm();
@@ -249,15 +249,15 @@ TEST_F(SetAllTest, StoresAtRecord30WhenTheClosingFrameFailedAndItIsPressedOnceMo
 
 TEST_F(SetAllTest, SendsThePanelThirtyTimesWhenTheFileCannotBeOpened)
 {
-    state.HeaderFilePath = folder / "missing" / "intestazione";
+    state.headerFilePath = folder / "missing" / "intestazione";
 
     PressAndConfirm();
 
     EXPECT_EQ(port.sent.size(), 62U);
     EXPECT_EQ(port.sent[1], HeaderFrame(0, WithClient("VERDI", OwnRecord(3))));
     EXPECT_EQ(port.sent[59], HeaderFrame(29, WithClient("VERDI", OwnRecord(3))));
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)))
         << "the working header's, for the boxes are reloaded from it";
     EXPECT_LINK_AT_REST();
@@ -271,7 +271,7 @@ TEST_F(SetAllTest, StopsWithoutAnotherStepWhenTheProgramEndsInASettleWait)
 
     EXPECT_EQ(finishedHandlers, 0);
     EXPECT_EQ(port.sent, HeadersOut(3));
-    EXPECT_EQ(state.CurrentBlock, 2);
+    EXPECT_EQ(state.currentBlock, 2);
     EXPECT_TRUE(port.IsOpen());
     EXPECT_EQ(StoredTable(*this), edited_);
 }

@@ -32,7 +32,7 @@ TEST_P(SetBlockNumberTest, SendsOnlyToOneOfTheThirtyAndShowsWhatTheNumberNames)
 {
     const NumberRow& row = GetParam();
     OpenOwnTableAt(*this, 3);
-    panel.Text2.SetText(row.typed);
+    panel.blockNumber.SetText(row.typed);
     boxes.ExpectQuestion(kBlocksQuestion, true);
 
     PressSetBlock(*this);
@@ -45,8 +45,8 @@ TEST_P(SetBlockNumberTest, SendsOnlyToOneOfTheThirtyAndShowsWhatTheNumberNames)
                                 "b000F500\r"));
     }
     EXPECT_EQ(world.Now(), 800) << "both settle waits run, whatever went out";
-    EXPECT_EQ(state.CurrentBlock, row.currentBlock);
-    EXPECT_EQ(panel.Text2.Text(), row.shown);
+    EXPECT_EQ(state.currentBlock, row.currentBlock);
+    EXPECT_EQ(panel.blockNumber.Text(), row.shown);
     EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(row.reloaded));
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(row.reloaded));
     EXPECT_EQ(StoredTable(*this), OwnTable());
@@ -77,7 +77,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(SetBlockNumberTest, WalksOverAFractionWithoutAHeaderFrame)
 {
     OpenOwnTableAt(*this, 3);
-    panel.Text2 = TextBox(3, "2.5");
+    panel.blockNumber = TextBox(3, "2.5");
     boxes.ExpectQuestion(kBlocksQuestion, true);
 
     PressSetBlock(*this);

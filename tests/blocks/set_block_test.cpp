@@ -18,8 +18,8 @@ protected:
     SetBlockTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI");
-        panel.Text2.SetText("07");
+        panel.header[Client].SetText("VERDI");
+        panel.blockNumber.SetText("07");
         edited_[2] = WithClient("VERDI", OwnRecord(3));
     }
 
@@ -32,8 +32,8 @@ protected:
     void ExpectEnd(double currentBlock, const std::string& text2, const std::string& header,
                    const std::string& calibrated)
     {
-        EXPECT_EQ(state.CurrentBlock, currentBlock);
-        EXPECT_EQ(panel.Text2.Text(), text2);
+        EXPECT_EQ(state.currentBlock, currentBlock);
+        EXPECT_EQ(panel.blockNumber.Text(), text2);
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(header));
         EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(calibrated));
         EXPECT_EQ(StoredTable(*this), edited_);
@@ -50,7 +50,7 @@ TEST_F(SetBlockTest, SendsTheStoredRecordOfTheTypedNumberAndThePanelItselfGoesTo
                                        "C06000ROSSI_07DIGA  07T07 007512+007070701261007"
                                        "30\r",
                                        "}", "b000F500\r"));
-    EXPECT_EQ(state.BlockHeader, StoredHeader(7));
+    EXPECT_EQ(state.blockHeader, StoredHeader(7));
     ExpectEnd(7, "07", OwnRecord(7), OwnRecord(7));
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
@@ -59,9 +59,9 @@ TEST_F(SetBlockTest, SendsTheStoredRecordOfTheTypedNumberAndThePanelItselfGoesTo
 TEST_F(SetBlockTest, RunsItsStepsInTheirOrder)
 {
     LogIndicator();
-    LogTexts(*this, "Text2", panel.Text2);
-    LogTexts(*this, "Text3", panel.Text3);
-    LogTexts(*this, "Text22", panel.Text22);
+    LogTexts(*this, "Text2", panel.blockNumber);
+    LogTexts(*this, "Text3", panel.header[Client]);
+    LogTexts(*this, "Text22", panel.calibration[Point]);
 
     PressAndConfirm();
 
@@ -77,8 +77,8 @@ TEST_F(SetBlockTest, StoresThePanelBeforeItAsksAndTouchesNothingElseUntilTheAnsw
     boxes.ExpectQuestion(kBlocksQuestion, true, [&] {
         EXPECT_EQ(StoredTable(*this), edited_);
         EXPECT_THAT(port.history, IsEmpty());
-        EXPECT_EQ(state.CurrentBlock, 3);
-        EXPECT_FALSE(panel.Label34.Visible());
+        EXPECT_EQ(state.currentBlock, 3);
+        EXPECT_FALSE(panel.waitIndicator.label.Visible());
     });
     PressSetBlock(*this);
 }
@@ -86,9 +86,9 @@ TEST_F(SetBlockTest, StoresThePanelBeforeItAsksAndTouchesNothingElseUntilTheAnsw
 TEST_F(SetBlockTest, LetsTheIndicatorBeSeenBeforeAnythingElseChanges)
 {
     world.At(0, [&] {
-        EXPECT_TRUE(panel.Label34.Visible());
-        EXPECT_TRUE(panel.Shape1.Visible());
-        EXPECT_EQ(state.CurrentBlock, 3);
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
+        EXPECT_TRUE(panel.waitIndicator.ground.Visible());
+        EXPECT_EQ(state.currentBlock, 3);
         EXPECT_THAT(port.history, IsEmpty());
     });
     PressAndConfirm();
@@ -102,8 +102,8 @@ TEST_F(SetBlockTest, LeavesAllButTheStoredPanelWhenTheOperatorCancels)
 
     EXPECT_EQ(StoredTable(*this), edited_);
     EXPECT_EQ(HeaderBoxTexts(), typed);
-    EXPECT_EQ(panel.Text2.Text(), "07");
-    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "07");
+    EXPECT_EQ(state.currentBlock, 3);
     EXPECT_THAT(port.history, IsEmpty());
     EXPECT_EQ(world.passes, 0);
     EXPECT_FALSE(world.TimerRuns());
@@ -115,8 +115,8 @@ TEST_F(SetBlockTest, GoesBackToBlock01AndKeepsTheFieldsWhenTheFirstWakeIsNotAnsw
     boxes.ExpectQuestion(kBlocksQuestion, true);
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Label34.Visible());
-        EXPECT_EQ(state.CurrentBlock, 7);
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
+        EXPECT_EQ(state.currentBlock, 7);
     });
     PressSetBlock(*this);
 
@@ -137,14 +137,14 @@ TEST_F(SetBlockTest, LeavesTheIndicatorAndTheNumberWhenTheSecondWakeIsNotAnswere
                                           "> " + HeaderFrame(6, OwnRecord(7)), "> }", "close"));
     EXPECT_EQ(world.Now(), 1000);
     ExpectEnd(7, "07", OwnRecord(7), OwnRecord(3));
-    EXPECT_TRUE(panel.Label34.Visible());
-    EXPECT_TRUE(panel.Shape1.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
+    EXPECT_TRUE(panel.waitIndicator.ground.Visible());
 }
 
 TEST_F(SetBlockTest, ClearsAnIndicatorThatAFailureBeforeHadLeftOnTheScreen)
 {
-    panel.Label34.Show();
-    panel.Shape1.Show();
+    panel.waitIndicator.label.Show();
+    panel.waitIndicator.ground.Show();
 
     PressAndConfirm();
 
@@ -206,7 +206,7 @@ TEST_F(SetBlockTest, SettlesLittleMoreThanThreePeriodsWhenTheTimerAlreadyRuns)
 
 TEST_F(SetBlockTest, ReloadsTheBlockThatTheOperatorTypedDuringTheRun)
 {
-    world.At(500, [&] { panel.Text2.SetText("12"); });
+    world.At(500, [&] { panel.blockNumber.SetText("12"); });
 
     PressAndConfirm();
 
@@ -217,7 +217,7 @@ TEST_F(SetBlockTest, ReloadsTheBlockThatTheOperatorTypedDuringTheRun)
 TEST_F(SetBlockTest, SendsWhatTheBoxesHoldOnceTheUnitIsAwake)
 {
     unit.onWake = [&](int wake) {
-        if (wake == 1) panel.Text4.SetText("B");
+        if (wake == 1) panel.header[Site].SetText("B");
     };
 
     PressAndConfirm();
@@ -228,8 +228,8 @@ TEST_F(SetBlockTest, SendsWhatTheBoxesHoldOnceTheUnitIsAwake)
 
 TEST_F(SetBlockTest, TellsTheUnitNothingOfTheCalibrationThatItStores)
 {
-    panel.Text18.SetText("+9.9999");
-    panel.Text2.SetText("03");
+    panel.calibration[Gain1].SetText("+9.9999");
+    panel.blockNumber.SetText("03");
     edited_[2].replace(49, 7, "+9.9999");
 
     PressAndConfirm();
@@ -240,7 +240,7 @@ TEST_F(SetBlockTest, TellsTheUnitNothingOfTheCalibrationThatItStores)
 
 TEST_F(SetBlockTest, PassesOverTheStoreAtRecord0)
 {
-    state.CurrentBlock = 0;
+    state.currentBlock = 0;
     edited_ = OwnTable();
 
     PressAndConfirm();
@@ -251,12 +251,12 @@ TEST_F(SetBlockTest, PassesOverTheStoreAtRecord0)
 
 TEST_F(SetBlockTest, SendsThePanelItselfWhenTheFileCannotBeOpened)
 {
-    state.HeaderFilePath = folder.Path();
+    state.headerFilePath = folder.Path();
 
     PressAndConfirm();
 
     EXPECT_EQ(port.sent[1], HeaderFrame(6, WithClient("VERDI", OwnRecord(3))));
-    EXPECT_EQ(state.CurrentBlock, 7);
+    EXPECT_EQ(state.currentBlock, 7);
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
     EXPECT_LINK_AT_REST();
 }
@@ -271,7 +271,7 @@ TEST_F(SetBlockTest, StopsWithoutAnotherStepWhenTheProgramEndsInTheSettleWait)
     EXPECT_EQ(world.Now(), 250);
     EXPECT_THAT(port.sent, ElementsAre("}", HeaderFrame(6, OwnRecord(7))));
     EXPECT_TRUE(port.IsOpen());
-    EXPECT_TRUE(panel.Label34.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
     EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
 }
 
@@ -282,7 +282,7 @@ TEST_F(SetBlockTest, StopsUnderItsQuestionWhenTheProgramEndsThere)
 
     EXPECT_EQ(finishedHandlers, 0);
     EXPECT_THAT(port.history, IsEmpty());
-    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(state.currentBlock, 3);
 }
 
 } // namespace

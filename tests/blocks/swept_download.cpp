@@ -30,8 +30,10 @@ void PressBlockDownload(TestProgram& program)
     program.unit.SetHeader(6, TubeValues());
     program.unit.SetReadings(6, 0, {0x8001, 2, 0x8003, 4});
     program.unit.SetReadings(6, 1, {0x8005, 6, 0x8007, 8});
-    program.panel.numblocco.SetText("07");
-    program.ClickLink([&](DeviceLink& link) { BlockDownload(program.panel, program.state, link); });
+    program.panel.downloadBlock.SetText("07");
+    program.ClickLink([&](DeviceLink& link) {
+        BlockDownload(program.panel, program.state, link, program.view, program.world);
+    });
 }
 
 std::string AddressOf(int wake)

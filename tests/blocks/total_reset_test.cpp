@@ -41,8 +41,8 @@ protected:
     TotalResetTest()
     {
         OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI");
-        panel.Text2.SetText("07");
+        panel.header[Client].SetText("VERDI");
+        panel.blockNumber.SetText("07");
     }
 
     void PressAndConfirm()
@@ -54,8 +54,8 @@ protected:
     void ExpectEnd(double currentBlock, const std::string& text2, int shownRecord,
                    const std::string& calibrated)
     {
-        EXPECT_EQ(state.CurrentBlock, currentBlock);
-        EXPECT_EQ(panel.Text2.Text(), text2);
+        EXPECT_EQ(state.currentBlock, currentBlock);
+        EXPECT_EQ(panel.blockNumber.Text(), text2);
         EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(DefaultRecord(shownRecord)));
         EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(calibrated));
         EXPECT_EQ(StoredTable(*this), DefaultTable());
@@ -70,7 +70,7 @@ TEST_F(TotalResetTest, SendsAllThirtyDefaultsAndOneClosingFrameAndShowsBlock1)
     EXPECT_EQ(port.sent[1], "C00000CLIENT 1SITE0000T   000002+00000DDMMYYhhmmss\r");
     EXPECT_EQ(port.sent[59], "C1D000CLIENT30SITE0000T   000002+00000DDMMYYhhmmss\r");
     ExpectEnd(1, "01", 1, DefaultRecord(1));
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
+    EXPECT_EQ(state.blockHeader, DefaultHeader(0));
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
 }
@@ -78,9 +78,9 @@ TEST_F(TotalResetTest, SendsAllThirtyDefaultsAndOneClosingFrameAndShowsBlock1)
 TEST_F(TotalResetTest, RunsItsStepsInTheirOrder)
 {
     LogIndicator();
-    LogTexts(*this, "Text2", panel.Text2);
-    LogTexts(*this, "Text3", panel.Text3);
-    LogTexts(*this, "Text20", panel.Text20);
+    LogTexts(*this, "Text2", panel.blockNumber);
+    LogTexts(*this, "Text3", panel.header[Client]);
+    LogTexts(*this, "Text20", panel.calibration[Zero1]);
 
     PressAndConfirm();
 
@@ -101,7 +101,7 @@ TEST_F(TotalResetTest, ResetsAllRecordsAfterTheIndicatorAndBeforeTheFirstWake)
 {
     boxes.ExpectQuestion(kBlockQuestion, true, [&] { EXPECT_EQ(StoredTable(*this), OwnTable()); });
     world.At(0, [&] {
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
         EXPECT_FALSE(port.IsOpen());
         EXPECT_EQ(StoredTable(*this), OwnTable());
     });
@@ -115,15 +115,15 @@ TEST_F(TotalResetTest, ResetsAllRecordsAfterTheIndicatorAndBeforeTheFirstWake)
 TEST_F(TotalResetTest, ChangesNothingWhenTheOperatorCancels)
 {
     const std::vector<std::string> typed = HeaderBoxTexts();
-    const BlockHeader before = state.BlockHeader;
+    const BlockHeader before = state.blockHeader;
     boxes.ExpectQuestion(kBlockQuestion, false);
     PressTotalReset(*this);
 
     EXPECT_EQ(StoredTable(*this), OwnTable());
-    EXPECT_EQ(state.BlockHeader, before);
+    EXPECT_EQ(state.blockHeader, before);
     EXPECT_EQ(HeaderBoxTexts(), typed);
-    EXPECT_EQ(panel.Text2.Text(), "07");
-    EXPECT_EQ(state.CurrentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "07");
+    EXPECT_EQ(state.currentBlock, 3);
     EXPECT_THAT(port.history, IsEmpty());
     EXPECT_EQ(world.passes, 0);
 }
@@ -132,7 +132,7 @@ TEST_F(TotalResetTest, HasResetTheWholeFileWhenNoUnitIsThere)
 {
     unit.answerWake = [](int) { return ""; };
     boxes.ExpectQuestion(kBlockQuestion, true);
-    boxes.Expect(kNotConnected, [&] { EXPECT_EQ(state.CurrentBlock, 0); });
+    boxes.Expect(kNotConnected, [&] { EXPECT_EQ(state.currentBlock, 0); });
     PressTotalReset(*this);
 
     EXPECT_THAT(port.history, ::testing::ElementsAre("port 1", "open", "> }", "close"));
@@ -145,7 +145,7 @@ TEST_F(TotalResetTest, KeepsTheFieldsOfTheBlockThatWasNotAnswered)
 {
     unit.answerWake = [](int wake) { return wake < 20 ? "!" : ""; };
     boxes.ExpectQuestion(kBlockQuestion, true);
-    boxes.Expect(kNotConnected, [&] { EXPECT_EQ(panel.Text2.Text(), "20"); });
+    boxes.Expect(kNotConnected, [&] { EXPECT_EQ(panel.blockNumber.Text(), "20"); });
     PressTotalReset(*this);
 
     std::vector<std::string> sent = HeadersOut(19);
@@ -167,8 +167,8 @@ TEST_F(TotalResetTest, LeavesTheIndicatorAndBlock30WhenTheLastWakeIsNotAnswered)
     EXPECT_EQ(port.sent, sent);
     ExpectEnd(30, "30", 30, OwnRecord(3));
     EXPECT_FALSE(port.IsOpen());
-    EXPECT_TRUE(panel.Label34.Visible());
-    EXPECT_TRUE(panel.Shape1.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
+    EXPECT_TRUE(panel.waitIndicator.ground.Visible());
 }
 
 TEST_F(TotalResetTest, LosesOneBlocksHeaderToAWrongAnswerWithoutItsSettleWait)
@@ -219,13 +219,13 @@ TEST_F(TotalResetTest, KeepsWhatStandsBehindRecord30)
 
 TEST_F(TotalResetTest, SendsTheLastDefaultsThirtyTimesWhenTheFileCannotBeOpened)
 {
-    state.HeaderFilePath = folder.Path();
+    state.headerFilePath = folder.Path();
 
     PressAndConfirm();
 
     EXPECT_EQ(port.sent[1], HeaderFrame(0, DefaultRecord(30))) << "what the filling left";
     EXPECT_EQ(port.sent[59], HeaderFrame(29, DefaultRecord(30)));
-    EXPECT_EQ(state.CurrentBlock, 1);
+    EXPECT_EQ(state.currentBlock, 1);
     EXPECT_LINK_AT_REST();
 }
 
@@ -237,9 +237,9 @@ TEST_F(TotalResetTest, StopsWithoutAnotherStepWhenTheProgramEndsInASettleWait)
 
     EXPECT_EQ(finishedHandlers, 0);
     EXPECT_EQ(port.sent, HeadersOut(3));
-    EXPECT_EQ(state.CurrentBlock, 2);
+    EXPECT_EQ(state.currentBlock, 2);
     EXPECT_TRUE(port.IsOpen());
-    EXPECT_TRUE(panel.Label34.Visible());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
 }
 
 } // namespace

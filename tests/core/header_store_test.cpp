@@ -15,14 +15,14 @@ protected:
     /// The bytes of one record of the header file.
     std::string StoredBytes(std::size_t recordNumber) const
     {
-        return FileBytes(state.HeaderFilePath).substr((recordNumber - 1) * 77, 77);
+        return FileBytes(state.headerFilePath).substr((recordNumber - 1) * 77, 77);
     }
 
     void Store(double recordNumber)
     {
         Click([&] {
             SkipOnError rule;
-            headers.StorePanel(recordNumber);
+            StorePanel(panel, state, recordNumber);
         });
     }
 
@@ -30,7 +30,7 @@ protected:
     {
         Click([&] {
             SkipOnError rule;
-            headers.ReloadPanel();
+            ReloadPanel(panel, state);
         });
     }
 
@@ -38,9 +38,12 @@ protected:
     {
         char letter = 'a';
         for (TextBox* box :
-             {&panel.Text3, &panel.Text4, &panel.Text5, &panel.Text6, &panel.Text13, &panel.Text7,
-              &panel.Text8, &panel.Text9, &panel.Text10, &panel.Text11, &panel.Text12,
-              &panel.Text18, &panel.Text19, &panel.Text20, &panel.Text21, &panel.Text22}) {
+             {&panel.header[Client], &panel.header[Site], &panel.header[Tube],
+              &panel.header[DepthMetres], &panel.header[DepthTenths], &panel.header[Step],
+              &panel.header[Guides], &panel.header[North], &panel.header[Readout],
+              &panel.header[Date], &panel.header[Time], &panel.calibration[Gain1],
+              &panel.calibration[Gain2], &panel.calibration[Zero1], &panel.calibration[Zero2],
+              &panel.calibration[Point]}) {
             box->SetText(std::string(9, letter++));
         }
     }
@@ -56,8 +59,8 @@ TEST_F(HeaderStoreTest, StoresEveryBoxAtItsPlaceOfTheRecord)
     EXPECT_EQ(StoredBytes(2), kLettersOnFile);
     EXPECT_EQ(StoredHeader(1), DefaultHeader(0));
     EXPECT_EQ(StoredHeader(3), DefaultHeader(2));
-    EXPECT_EQ(state.BlockHeader, StoredHeader(2));
-    EXPECT_EQ(state.CurrentBlock, 1);
+    EXPECT_EQ(state.blockHeader, StoredHeader(2));
+    EXPECT_EQ(state.currentBlock, 1);
 }
 
 TEST_F(HeaderStoreTest, ReloadsEveryBoxTheHiddenOnesToo)
@@ -66,11 +69,11 @@ TEST_F(HeaderStoreTest, ReloadsEveryBoxTheHiddenOnesToo)
     const std::vector<std::string> before = HeaderBoxTexts();
     Store(2);
     Reload();
-    EXPECT_EQ(panel.Text3.Text(), "CLIENT 1");
-    state.CurrentBlock = 2;
+    EXPECT_EQ(panel.header[Client].Text(), "CLIENT 1");
+    state.currentBlock = 2;
     Reload();
     EXPECT_EQ(HeaderBoxTexts(), before);
-    EXPECT_EQ(state.BlockHeader, StoredHeader(2));
+    EXPECT_EQ(state.blockHeader, StoredHeader(2));
 }
 
 TEST_F(HeaderStoreTest, ReloadsInTheOrderOfThePanel)
@@ -79,158 +82,146 @@ TEST_F(HeaderStoreTest, ReloadsInTheOrderOfThePanel)
     const auto watch = [&](TextBox& box, std::string name) {
         box.Watch([&order, name = std::move(name)] { order += name + " "; });
     };
-    watch(panel.Text3, "3");
-    watch(panel.Text4, "4");
-    watch(panel.Text5, "5");
-    watch(panel.Text6, "6");
-    watch(panel.Text13, "13");
-    watch(panel.Text7, "7");
-    watch(panel.Text8, "8");
-    watch(panel.Text9, "9");
-    watch(panel.Text10, "10");
-    watch(panel.Text11, "11");
-    watch(panel.Text12, "12");
-    watch(panel.Text18, "18");
-    watch(panel.Text20, "20");
-    watch(panel.Text19, "19");
-    watch(panel.Text21, "21");
-    watch(panel.Text22, "22");
+    for (const auto& row : kHeaderBoxes)
+        watch(panel.header[row.box], std::string(row.control.substr(4)));
+    for (const auto& row : kCalibrationBoxes)
+        watch(panel.calibration[row.box], std::string(row.control.substr(4)));
     Reload();
     EXPECT_EQ(order, "3 4 5 6 13 7 8 9 10 11 12 18 20 19 21 22 ");
 }
 
 TEST_F(HeaderStoreTest, PadsAShortClientAndReloadsItsBlanks)
 {
-    panel.Text3.SetText("ENEL");
+    panel.header[Client].SetText("ENEL");
     Store(1);
     Reload();
-    EXPECT_EQ(panel.Text3.Text(), "ENEL    ");
+    EXPECT_EQ(panel.header[Client].Text(), "ENEL    ");
 }
 
 TEST_F(HeaderStoreTest, JoinsTheDepthWithoutPaddingItsPieces)
 {
-    panel.Text6.SetText("12");
-    panel.Text13.SetText("5");
+    panel.header[DepthMetres].SetText("12");
+    panel.header[DepthTenths].SetText("5");
     Store(1);
     EXPECT_EQ(StoredHeader(1).profondità.View(), "125 ");
     Reload();
-    EXPECT_EQ(panel.Text6.Text(), "125");
-    EXPECT_EQ(panel.Text13.Text(), " ");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "125");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), " ");
 }
 
 TEST_F(HeaderStoreTest, KeepsADepthWithoutDigitsAsItStands)
 {
-    panel.Text6.SetText("a-\xE0");
-    panel.Text13.SetText("?");
+    panel.header[DepthMetres].SetText("a-\xE0");
+    panel.header[DepthTenths].SetText("?");
     Store(1);
     Reload();
-    EXPECT_EQ(panel.Text6.Text(), "a-\xE0");
-    EXPECT_EQ(panel.Text13.Text(), "?");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "a-\xE0");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "?");
 }
 
 TEST_F(HeaderStoreTest, PadsDateAndTimeWithTwoBlanksOnFile)
 {
-    panel.Text11.SetText("161126");
-    panel.Text12.SetText("093015");
+    panel.header[Date].SetText("161126");
+    panel.header[Time].SetText("093015");
     Store(1);
     EXPECT_EQ(StoredHeader(1).data.View(), "161126  ");
     EXPECT_EQ(StoredHeader(1).ora.View(), "093015  ");
     Reload();
-    EXPECT_EQ(panel.Text11.Text(), "161126");
-    EXPECT_EQ(panel.Text12.Text(), "093015");
+    EXPECT_EQ(panel.header[Date].Text(), "161126");
+    EXPECT_EQ(panel.header[Time].Text(), "093015");
 }
 
 TEST_F(HeaderStoreTest, KeepsNulAndHighBytesBothWays)
 {
     const std::string odd("\0\xE0\r\xFFx\0\0\0", 8);
-    panel.Text3.SetText(odd);
+    panel.header[Client].SetText(odd);
     Store(1);
     Reload();
-    EXPECT_EQ(panel.Text3.Text(), odd);
+    EXPECT_EQ(panel.header[Client].Text(), odd);
 }
 
 TEST_F(HeaderStoreTest, ReloadPastTheEndShowsBlanks)
 {
-    state.CurrentBlock = 31;
+    state.currentBlock = 31;
     Reload();
     EXPECT_THAT(HeaderBoxTexts(),
                 ElementsAre("        ", "        ", "    ", "   ", " ", " ", " ", "    ", "  ",
                             "      ", "      ", "       ", "       ", "       ", "       ", " "));
-    EXPECT_EQ(FileBytes(state.HeaderFilePath).size(), 2310U);
+    EXPECT_EQ(FileBytes(state.headerFilePath).size(), 2310U);
 }
 
 TEST_F(HeaderStoreTest, ReloadOfATruncatedLastRecordShowsTheBytesThatStandThere)
 {
-    WriteFile(state.HeaderFilePath, FileBytes(state.HeaderFilePath).substr(0, 29 * 77 + 40));
-    state.CurrentBlock = 30;
+    WriteFile(state.headerFilePath, FileBytes(state.headerFilePath).substr(0, 29 * 77 + 40));
+    state.currentBlock = 30;
     Reload();
-    EXPECT_EQ(panel.Text3.Text(), "CLIENT30");
-    EXPECT_EQ(panel.Text10.Text(), "00");
-    EXPECT_EQ(panel.Text11.Text(), "DDMMYY");
-    EXPECT_EQ(panel.Text12.Text(), "      ");
-    EXPECT_EQ(panel.Text18.Text(), "       ");
-    EXPECT_EQ(panel.Text22.Text(), " ");
+    EXPECT_EQ(panel.header[Client].Text(), "CLIENT30");
+    EXPECT_EQ(panel.header[Readout].Text(), "00");
+    EXPECT_EQ(panel.header[Date].Text(), "DDMMYY");
+    EXPECT_EQ(panel.header[Time].Text(), "      ");
+    EXPECT_EQ(panel.calibration[Gain1].Text(), "       ");
+    EXPECT_EQ(panel.calibration[Point].Text(), " ");
 }
 
 TEST_F(HeaderStoreTest, ReloadOfABadRecordNumberShowsWhatTheWorkingHeaderHolds)
 {
     for (const double number : {0.0, -1.0, 0.5}) {
-        state.BlockHeader.cliente = "WORKING";
-        panel.Text3.SetText("");
-        state.CurrentBlock = number;
+        state.blockHeader.cliente = "WORKING";
+        panel.header[Client].SetText("");
+        state.currentBlock = number;
         Reload();
-        EXPECT_EQ(panel.Text3.Text(), "WORKING ") << number;
+        EXPECT_EQ(panel.header[Client].Text(), "WORKING ") << number;
     }
 }
 
 TEST_F(HeaderStoreTest, StoreAtABadRecordNumberStillFillsTheWorkingHeader)
 {
-    const std::string before = FileBytes(state.HeaderFilePath);
-    panel.Text3.SetText("SKIPPED");
+    const std::string before = FileBytes(state.headerFilePath);
+    panel.header[Client].SetText("SKIPPED");
     Store(0);
-    EXPECT_EQ(FileBytes(state.HeaderFilePath), before);
-    EXPECT_EQ(state.BlockHeader.cliente.View(), "SKIPPED ");
+    EXPECT_EQ(FileBytes(state.headerFilePath), before);
+    EXPECT_EQ(state.blockHeader.cliente.View(), "SKIPPED ");
 }
 
 TEST_F(HeaderStoreTest, StoreIntoAFileThatDoesNotOpenStillFillsTheWorkingHeader)
 {
-    state.HeaderFilePath = folder / "missing/intestazione";
-    panel.Text3.SetText("SKIPPED");
+    state.headerFilePath = folder / "missing/intestazione";
+    panel.header[Client].SetText("SKIPPED");
     Store(1);
-    EXPECT_EQ(state.BlockHeader.cliente.View(), "SKIPPED ");
+    EXPECT_EQ(state.blockHeader.cliente.View(), "SKIPPED ");
     EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("intestazione"));
 }
 
 TEST_F(HeaderStoreTest, ReloadFromAFileThatDoesNotOpenShowsTheWorkingHeader)
 {
-    state.HeaderFilePath = folder.Path();
-    state.BlockHeader.cliente = "WORKING";
+    state.headerFilePath = folder.Path();
+    state.blockHeader.cliente = "WORKING";
     Reload();
-    EXPECT_EQ(panel.Text3.Text(), "WORKING ");
+    EXPECT_EQ(panel.header[Client].Text(), "WORKING ");
 }
 
 TEST_F(HeaderStoreTest, OutsideTheRuleAFileThatDoesNotOpenEndsTheProgram)
 {
-    state.HeaderFilePath = folder.Path();
-    panel.Text3.SetText("LOST");
-    Click([&] { headers.StorePanel(1); });
+    state.headerFilePath = folder.Path();
+    panel.header[Client].SetText("LOST");
+    Click([&] { StorePanel(panel, state, 1); });
     EXPECT_TRUE(unhandledFailure.has_value());
     EXPECT_TRUE(world.Ended());
     EXPECT_EQ(world.end.Status(), 1);
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
+    EXPECT_EQ(state.blockHeader, DefaultHeader(0));
     EXPECT_EQ(finishedHandlers, 0);
 }
 
 TEST_F(HeaderStoreTest, FillDefaultsWritesThirtyRecordsAndLeavesWhatLiesBehind)
 {
-    const std::string defaults = FileBytes(state.HeaderFilePath);
-    WriteFile(state.HeaderFilePath, std::string(2320, 'x'));
+    const std::string defaults = FileBytes(state.headerFilePath);
+    WriteFile(state.headerFilePath, std::string(2320, 'x'));
     HeaderFile file(state);
     file.Open();
-    headers.FillDefaults(file);
+    FillDefaults(state, file);
     file.Close();
-    EXPECT_EQ(FileBytes(state.HeaderFilePath), defaults + std::string(10, 'x'));
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(29));
+    EXPECT_EQ(FileBytes(state.headerFilePath), defaults + std::string(10, 'x'));
+    EXPECT_EQ(state.blockHeader, DefaultHeader(29));
 }
 
 } // namespace

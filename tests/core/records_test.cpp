@@ -146,19 +146,19 @@ TEST(DefaultHeader, FillingTheOthersLeavesTheClient)
 TEST(WorkingState, StartsWithItsDefaults)
 {
     const WorkingState state;
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
-    EXPECT_EQ(state.HeaderFilePath, "");
-    EXPECT_EQ(state.ComPortNumber, 1);
-    EXPECT_EQ(state.TickCounter, 0);
-    EXPECT_EQ(state.ReadAddrBlock + state.ReadAddrBank + state.ReadAddrPage, "");
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(state.DownloadBlock, 1);
-    EXPECT_EQ(state.ReportFolder, "");
-    EXPECT_EQ(state.ReportFileName, "");
-    EXPECT_EQ(BytesOf(state.ReportRecord), std::string(42, '\0'));
-    EXPECT_EQ(BytesOf(state.DataRecord), std::string(113, '\0'));
-    EXPECT_EQ(BytesOf(state.DataRecordIn), std::string(113, '\0'));
-    EXPECT_EQ(state.DepthText, "");
+    EXPECT_EQ(state.blockHeader, DefaultHeader(0));
+    EXPECT_EQ(state.headerFilePath, "");
+    EXPECT_EQ(state.comPortNumber, 1);
+    EXPECT_EQ(state.tickCounter, 0);
+    EXPECT_EQ(state.readAddrBlock + state.readAddrBank + state.readAddrPage, "");
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(state.downloadBlock, 1);
+    EXPECT_EQ(state.reportFolder, "");
+    EXPECT_EQ(state.reportFileName, "");
+    EXPECT_EQ(BytesOf(state.reportRecord), std::string(42, '\0'));
+    EXPECT_EQ(BytesOf(state.dataRecord), std::string(113, '\0'));
+    EXPECT_EQ(BytesOf(state.dataRecordIn), std::string(113, '\0'));
+    EXPECT_EQ(state.depthText, "");
 }
 
 } // namespace

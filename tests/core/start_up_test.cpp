@@ -15,28 +15,27 @@ class StartUpTest : public ::testing::Test
 protected:
     StartUpTest()
     {
-        panel.ssOption1.OnClick([this](int index) { state.ComPortNumber = index + 1; });
+        panel.portOptions.OnClick([this](int index) { state.comPortNumber = index + 1; });
     }
 
     void Load()
     {
-        LoadMainForm(panel, state, headers, [this] { return folder.Path(); });
+        LoadMainForm(panel, state, [this] { return folder.Path(); });
     }
 
     /// Client of the panel's record, as it shows after a start that could not use its file.
     void ExpectTheLastDefaultBesideNumberOne() const
     {
-        EXPECT_EQ(panel.Text2.Text(), "01");
-        EXPECT_EQ(panel.Text3.Text(), "CLIENT30");
-        EXPECT_EQ(state.CurrentBlock, 1);
-        EXPECT_EQ(panel.ssOption1.Selected(), 0);
+        EXPECT_EQ(panel.blockNumber.Text(), "01");
+        EXPECT_EQ(panel.header[Client].Text(), "CLIENT30");
+        EXPECT_EQ(state.currentBlock, 1);
+        EXPECT_EQ(panel.portOptions.Selected(), 0);
     }
 
     TemporaryFolder folder;
     std::filesystem::path table = folder / "intestazione";
     WorkingState state;
-    Panel panel;
-    HeaderStore headers{state, panel};
+    ControlPanel panel;
 };
 
 TEST_F(StartUpTest, WritesThirtyDefaultRecords)
@@ -78,38 +77,38 @@ TEST_F(StartUpTest, OverwritesTheTableThatAnotherInstanceHasOpen)
 TEST_F(StartUpTest, ShowsRecordOne)
 {
     Load();
-    EXPECT_EQ(panel.Text2.Text(), "01");
-    EXPECT_EQ(panel.Text3.Text(), "CLIENT 1");
-    EXPECT_EQ(panel.Text4.Text(), "SITE0000");
-    EXPECT_EQ(panel.Text5.Text(), "T   ");
-    EXPECT_EQ(panel.Text6.Text(), "000");
-    EXPECT_EQ(panel.Text13.Text(), "0");
-    EXPECT_EQ(panel.Text7.Text(), "0");
-    EXPECT_EQ(panel.Text8.Text(), "2");
-    EXPECT_EQ(panel.Text9.Text(), "+000");
-    EXPECT_EQ(panel.Text10.Text(), "00");
-    EXPECT_EQ(panel.Text11.Text(), "DDMMYY");
-    EXPECT_EQ(panel.Text12.Text(), "hhmmss");
-    EXPECT_EQ(panel.Text18.Text(), "+1.0000");
-    EXPECT_EQ(panel.Text19.Text(), "+1.0000");
-    EXPECT_EQ(panel.Text20.Text(), "+0.0000");
-    EXPECT_EQ(panel.Text21.Text(), "+0.0000");
-    EXPECT_EQ(panel.Text22.Text(), "0");
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
+    EXPECT_EQ(panel.header[Client].Text(), "CLIENT 1");
+    EXPECT_EQ(panel.header[Site].Text(), "SITE0000");
+    EXPECT_EQ(panel.header[Tube].Text(), "T   ");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "000");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "0");
+    EXPECT_EQ(panel.header[Step].Text(), "0");
+    EXPECT_EQ(panel.header[Guides].Text(), "2");
+    EXPECT_EQ(panel.header[North].Text(), "+000");
+    EXPECT_EQ(panel.header[Readout].Text(), "00");
+    EXPECT_EQ(panel.header[Date].Text(), "DDMMYY");
+    EXPECT_EQ(panel.header[Time].Text(), "hhmmss");
+    EXPECT_EQ(panel.calibration[Gain1].Text(), "+1.0000");
+    EXPECT_EQ(panel.calibration[Gain2].Text(), "+1.0000");
+    EXPECT_EQ(panel.calibration[Zero1].Text(), "+0.0000");
+    EXPECT_EQ(panel.calibration[Zero2].Text(), "+0.0000");
+    EXPECT_EQ(panel.calibration[Point].Text(), "0");
+    EXPECT_EQ(state.blockHeader, DefaultHeader(0));
 }
 
 TEST_F(StartUpTest, SetsTheWorkingStateAnew)
 {
-    state.CurrentBlock = 17;
-    state.DownloadBlock = 9;
-    state.ComPortNumber = 3;
+    state.currentBlock = 17;
+    state.downloadBlock = 9;
+    state.comPortNumber = 3;
     Load();
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(state.DownloadBlock, 1);
-    EXPECT_EQ(state.HeaderFilePath, table);
-    EXPECT_EQ(panel.Text15.Text(), table.string());
-    EXPECT_EQ(panel.ssOption1.Selected(), 0);
-    EXPECT_EQ(state.ComPortNumber, 1);
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(state.downloadBlock, 1);
+    EXPECT_EQ(state.headerFilePath, table);
+    EXPECT_EQ(panel.headerFile.Text(), table.string());
+    EXPECT_EQ(panel.portOptions.Selected(), 0);
+    EXPECT_EQ(state.comPortNumber, 1);
 }
 
 TEST_F(StartUpTest, EnablesTheFileCommandGroupInItsOrder)
@@ -122,19 +121,19 @@ TEST_F(StartUpTest, EnablesTheFileCommandGroupInItsOrder)
             order += name + " ";
         });
     };
-    watch(panel.sscommand9, "sscommand9");
-    watch(panel.sscommand10, "sscommand10");
-    watch(panel.sscommand6, "sscommand6");
-    watch(panel.Command3, "Command3");
-    watch(panel.Command6, "Command6");
-    watch(panel.Command4, "Command4");
-    watch(panel.Command7, "Command7");
-    watch(panel.command3d1, "command3d1");
+    watch(panel.previousRecordButton, "sscommand9");
+    watch(panel.nextRecordButton, "sscommand10");
+    watch(panel.setAllButton, "sscommand6");
+    watch(panel.readBlockButton, "Command3");
+    watch(panel.setBlockButton, "Command6");
+    watch(panel.writeCalibrationButton, "Command4");
+    watch(panel.resetBlockButton, "Command7");
+    watch(panel.downloadButton, "command3d1");
     Load();
     EXPECT_EQ(order, "sscommand9 sscommand10 sscommand6 Command3 Command6 Command4 Command7 ");
-    EXPECT_FALSE(panel.command3d1.Enabled());
-    EXPECT_FALSE(panel.Label34.Visible());
-    EXPECT_FALSE(panel.Shape1.Visible());
+    EXPECT_FALSE(panel.downloadButton.Enabled());
+    EXPECT_FALSE(panel.waitIndicator.label.Visible());
+    EXPECT_FALSE(panel.waitIndicator.ground.Visible());
 }
 
 TEST_F(StartUpTest, AHeaderFileThatDoesNotOpenGivesNoMessageAndShowsTheLastDefault)
@@ -142,7 +141,7 @@ TEST_F(StartUpTest, AHeaderFileThatDoesNotOpenGivesNoMessageAndShowsTheLastDefau
     std::filesystem::create_directory(table);
     Load();
     ExpectTheLastDefaultBesideNumberOne();
-    EXPECT_EQ(state.HeaderFilePath, table);
+    EXPECT_EQ(state.headerFilePath, table);
     EXPECT_TRUE(NamesIn(table).empty());
 }
 
@@ -154,18 +153,18 @@ TEST_F(StartUpTest, AFolderThatMayNotBeWrittenShowsTheLastDefault)
                                                     std::filesystem::perms::others_exec);
     EXPECT_TRUE(HoldsForAnyUser([&] {
         Load();
-        return panel.Text2.Text() == "01" && panel.Text3.Text() == "CLIENT30";
+        return panel.blockNumber.Text() == "01" && panel.header[Client].Text() == "CLIENT30";
     }));
     EXPECT_TRUE(NamesIn(folder.Path()).empty());
 }
 
 TEST_F(StartUpTest, ACurrentDirectoryThatIsGoneLeavesThePathEmpty)
 {
-    LoadMainForm(panel, state, headers,
+    LoadMainForm(panel, state,
                  []() -> std::filesystem::path { throw RunTimeFailure("Path not found"); });
     ExpectTheLastDefaultBesideNumberOne();
-    EXPECT_EQ(state.HeaderFilePath, "");
-    EXPECT_EQ(panel.Text15.Text(), "");
+    EXPECT_EQ(state.headerFilePath, "");
+    EXPECT_EQ(panel.headerFile.Text(), "");
 }
 
 TEST_F(StartUpTest, TheSystemsCurrentDirectoryFailsOnceItIsGone)
@@ -186,15 +185,15 @@ TEST_F(StartUpTest, AFullDiskKeepsWholeRecordsOnly)
         Load();
     }
     EXPECT_EQ(FileBytes(table).size(), 154U);
-    EXPECT_EQ(panel.Text3.Text(), "CLIENT 1");
+    EXPECT_EQ(panel.header[Client].Text(), "CLIENT 1");
 }
 
 TEST_F(StartUpTest, ShowsAPathInTheCodePage)
 {
     const std::filesystem::path site = folder.Path() / std::filesystem::path(u8"città Ω");
     std::filesystem::create_directory(site);
-    LoadMainForm(panel, state, headers, [&] { return site; });
-    EXPECT_EQ(panel.Text15.Text(), folder.Path().string() + "/citt\xE0 ?/intestazione");
+    LoadMainForm(panel, state, [&] { return site; });
+    EXPECT_EQ(panel.headerFile.Text(), folder.Path().string() + "/citt\xE0 ?/intestazione");
     EXPECT_THAT(NamesIn(site), ElementsAre("intestazione"));
 }
 

@@ -14,18 +14,18 @@ TEST_F(ReadHeadersTest, WithoutADatabaseOnlyTheGridOpens)
     Read();
     EXPECT_THAT(engine.calls, ElementsAre("OpenTable"));
     EXPECT_TRUE(Rows().empty());
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(29));
+    EXPECT_EQ(state.blockHeader, DefaultHeader(29));
     EXPECT_EQ(gridsShown, 1);
     EXPECT_EQ(finishedHandlers, 1);
 }
 
 TEST_F(ReadHeadersTest, WithoutAHeaderFileTheWorkingHeaderIsFoldedThirtyTimes)
 {
-    state.HeaderFilePath = folder.Path();
-    state.BlockHeader = kReading;
+    state.headerFilePath = folder.Path();
+    state.blockHeader = kReading;
     Read();
     EXPECT_THAT(Rows(), ElementsAre(With(TubeRow(kReading), {{"l0", kFiled}})));
-    EXPECT_EQ(state.BlockHeader, kReading);
+    EXPECT_EQ(state.blockHeader, kReading);
 }
 
 TEST_F(ReadHeadersTest, AFailureInAnyStepOfTheLookUpMakesANewTube)
@@ -110,13 +110,13 @@ TEST_F(ReadHeadersTest, AnyStepMayFailAndTheWalkReachesItsEnd)
     for (int failing = 1; failing <= kStepsOfTheFirstTwoRecords; ++failing) {
         engine.calls.clear();
         engine.fails = [&](int step, const std::string&) { return step == failing; };
-        state.BlockHeader = kReading;
+        state.blockHeader = kReading;
 
         Click([&] { ReadHeaders(survey, state, anyBoxes, [&] { ++gridsShown; }); });
 
         EXPECT_EQ(gridsShown, 1 + failing);
         EXPECT_EQ(finishedHandlers, 1 + failing);
-        EXPECT_EQ(state.BlockHeader, DefaultHeader(29));
+        EXPECT_EQ(state.blockHeader, DefaultHeader(29));
         EXPECT_GE(static_cast<int>(engine.calls.size()), failing);
     }
 }

@@ -247,21 +247,21 @@ TEST_F(ReadHeadersTest, NamesThatBreakQuotesAreKnownTheSecondTime)
 
 TEST_F(ReadHeadersTest, LeavesRecordThirtyInTheWorkingHeaderAndThePanelAlone)
 {
-    panel.Text3.SetText("TYPED");
-    state.CurrentBlock = 4;
+    panel.header[Client].SetText("TYPED");
+    state.currentBlock = 4;
     Read();
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(29));
-    EXPECT_EQ(panel.Text3.Text(), "TYPED");
-    EXPECT_EQ(panel.Text2.Text(), "01");
-    EXPECT_EQ(state.CurrentBlock, 4);
+    EXPECT_EQ(state.blockHeader, DefaultHeader(29));
+    EXPECT_EQ(panel.header[Client].Text(), "TYPED");
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
+    EXPECT_EQ(state.currentBlock, 4);
     EXPECT_EQ(world.passes, 0);
 }
 
 TEST_F(ReadHeadersTest, TheHandleIsSpentAtTheEnd)
 {
     Read();
-    EXPECT_THROW(survey.SurveyTable.Eof(), RunTimeFailure);
-    EXPECT_THROW(survey.SurveyMatch.Eof(), RunTimeFailure);
+    EXPECT_THROW(survey.surveyTable.Eof(), RunTimeFailure);
+    EXPECT_THROW(survey.surveyMatch.Eof(), RunTimeFailure);
 }
 
 TEST_F(ReadHeadersTest, ANewTubeIsOneWalkThroughTheHandles)
@@ -295,7 +295,7 @@ TEST_F(ReadHeadersTest, TheGridIsShownWhenTheTableIsClosed)
     std::string last;
     Click([&] { ReadHeaders(survey, state, boxes, [&] { last = engine.calls.back(); }); });
     EXPECT_EQ(last, "Close");
-    EXPECT_THROW(survey.SurveyTable.Eof(), RunTimeFailure);
+    EXPECT_THROW(survey.surveyTable.Eof(), RunTimeFailure);
 }
 
 } // namespace

@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 class RecordSetTest : public SurveyTest
 {
 protected:
-    std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.DatabasePath); }
+    std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.databasePath); }
 
     std::unique_ptr<RecordSet> Find(std::string_view criterion)
     {

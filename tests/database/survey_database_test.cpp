@@ -8,13 +8,13 @@ namespace
 
 TEST_F(SurveyTest, TheWayInStoresThePanelBeforeTheDatabasePanelShows)
 {
-    state.CurrentBlock = 3;
-    panel.Text3.SetText("TYPED");
-    panel.Text6.SetText("12");
-    panel.Text13.SetText("5");
-    panel.Text18.SetText("+2.0000");
+    state.currentBlock = 3;
+    panel.header[Client].SetText("TYPED");
+    panel.header[DepthMetres].SetText("12");
+    panel.header[DepthTenths].SetText("5");
+    panel.calibration[Gain1].SetText("+2.0000");
     BlockHeader stored;
-    Click([&] { OpenDatabase(state, headers, [&] { stored = StoredHeader(3); }); });
+    Click([&] { OpenDatabase(panel, state, [&] { stored = StoredHeader(3); }); });
     EXPECT_EQ(stored.cliente.Text(), "TYPED   ");
     EXPECT_EQ(stored.profondità.Text(), "125 "); // as it stands: no check here
     EXPECT_EQ(stored.gain1.Text(), "+2.0000");
@@ -23,9 +23,9 @@ TEST_F(SurveyTest, TheWayInStoresThePanelBeforeTheDatabasePanelShows)
 
 TEST_F(SurveyTest, AStoreThatFailsEndsTheProgramBeforeTheDatabasePanelShows)
 {
-    state.CurrentBlock = 0;
+    state.currentBlock = 0;
     bool shown = false;
-    Click([&] { OpenDatabase(state, headers, [&] { shown = true; }); });
+    Click([&] { OpenDatabase(panel, state, [&] { shown = true; }); });
     EXPECT_FALSE(shown);
     EXPECT_TRUE(unhandledFailure.has_value());
 }
@@ -33,7 +33,7 @@ TEST_F(SurveyTest, AStoreThatFailsEndsTheProgramBeforeTheDatabasePanelShows)
 TEST_F(SurveyTest, TheDatabaseLiesInTheCurrentDirectoryOfTheLoad)
 {
     LoadDatabaseForm(survey, [&] { return folder / "elsewhere"; });
-    EXPECT_EQ(survey.DatabasePath, folder / "elsewhere" / "tar_vex.mdb");
+    EXPECT_EQ(survey.databasePath, folder / "elsewhere" / "tar_vex.mdb");
 }
 
 TEST_F(SurveyTest, WithoutACurrentDirectoryThePathStays)
@@ -41,13 +41,13 @@ TEST_F(SurveyTest, WithoutACurrentDirectoryThePathStays)
     Click([&] {
         LoadDatabaseForm(survey, []() -> std::filesystem::path { throw RunTimeFailure("gone"); });
     });
-    EXPECT_EQ(survey.DatabasePath, folder / "tar_vex.mdb");
+    EXPECT_EQ(survey.databasePath, folder / "tar_vex.mdb");
     EXPECT_EQ(finishedHandlers, 1);
 }
 
 TEST_F(SurveyTest, EveryCallOnAHandleThatWasNeverSetFails)
 {
-    SurveyHandle& table = survey.SurveyTable;
+    SurveyHandle& table = survey.surveyTable;
     EXPECT_THROW(table.Eof(), RunTimeFailure);
     EXPECT_THROW(table.Fields("b"), RunTimeFailure);
     EXPECT_THROW(table.OpenRecordset(), RunTimeFailure);
@@ -64,13 +64,13 @@ TEST_F(SurveyTest, EveryCallOnAHandleThatWasNeverSetFails)
 TEST_F(SurveyTest, ATableThatDoesNotOpenLeavesNoHandleOfTheTimeBefore)
 {
     survey.OpenTable();
-    EXPECT_TRUE(survey.SurveyTable.Eof());
+    EXPECT_TRUE(survey.surveyTable.Eof());
     engine.fails = [](int, const std::string&) { return true; };
     bool failed = false;
     SkipOnError rule(failed);
     survey.OpenTable();
     EXPECT_TRUE(failed);
-    EXPECT_THROW(survey.SurveyTable.Eof(), RunTimeFailure);
+    EXPECT_THROW(survey.surveyTable.Eof(), RunTimeFailure);
 }
 
 TEST_F(SurveyTest, ATestThatFailsCountsAsPassedUnderTheRule)

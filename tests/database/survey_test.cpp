@@ -30,7 +30,7 @@ SurveyTest::SurveyTest()
 
 void SurveyTest::AddRow(const SurveyRow& row)
 {
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     table->AddNew();
     for (const auto& [name, value] : row)
         table->SetField(name, value);
@@ -41,7 +41,7 @@ void SurveyTest::AddRow(const SurveyRow& row)
 std::vector<SurveyRow> SurveyTest::Rows()
 {
     std::vector<SurveyRow> rows;
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     for (; !table->Eof(); table->MoveNext()) {
         SurveyRow& row = rows.emplace_back();
         for (const auto name : kSurveyFields) {
@@ -65,7 +65,7 @@ SurveyRow SurveyTest::RowAt(std::size_t place)
 void SurveyTest::PutHeader(int recordNumber, const BlockHeader& header)
 {
     RecordFile file(sizeof(BlockHeader));
-    file.Open(state.HeaderFilePath);
+    file.Open(state.headerFilePath);
     file.Put(recordNumber, header);
 }
 
@@ -76,7 +76,7 @@ void SurveyTest::Read()
 
 void SurveyTest::Write()
 {
-    Click([&] { WriteHeaders(panel, state, headers, survey, world, boxes); });
+    Click([&] { WriteHeaders(panel, state, survey, world, boxes); });
 }
 
 SurveyRow TubeRow(const BlockHeader& header)

@@ -13,7 +13,7 @@ TEST(Value, NullGoesThroughJoinsPartsAndCapitals)
     EXPECT_EQ(Join(Value(), "x"), Value());
     EXPECT_EQ(Join("x", Value()), Value());
     EXPECT_EQ(Left(Value(), 3), Value());
-    EXPECT_EQ(Mid(Value(), 2, 3), Value());
+    EXPECT_EQ(Middle(Value(), 2, 3), Value());
     EXPECT_EQ(Capitals(Value()), Value());
     EXPECT_EQ(Length(Value()), Value());
 }
@@ -24,9 +24,9 @@ TEST(Value, TextIsJoinedCutAndMeasured)
     EXPECT_EQ(Join(5.0, "cd"), "5cd");
     EXPECT_EQ(Left("abcd", 2), "ab");
     EXPECT_EQ(Left("a", 2), "a");
-    EXPECT_EQ(Mid("abcdef", 3, 2), "cd");
-    EXPECT_EQ(Mid("abc", 3, 9), "c");
-    EXPECT_EQ(Mid("abc", 4, 1), "");
+    EXPECT_EQ(Middle(Value("abcdef"), 3, 2), "cd");
+    EXPECT_EQ(Middle(Value("abc"), 3, 9), "c");
+    EXPECT_EQ(Middle(Value("abc"), 4, 1), "");
     EXPECT_EQ(Capitals("a\xE0z"), "A\xC0Z");
     EXPECT_EQ(Length("abc"), 3.0);
     EXPECT_EQ(Length(""), 0.0);

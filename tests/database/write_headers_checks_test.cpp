@@ -227,7 +227,7 @@ TEST_P(SlotsTest, TheFirstNullOneIsTheNextReading)
 TEST_F(WriteHeadersTest, TheNorthIsTakenBeforeItsNumberIsChecked)
 {
     AddRow(DamRowWith("nord", "+999"));
-    boxes.Expect(kBadNorth, [&] { EXPECT_EQ(state.BlockHeader.nord.Text(), "+999"); });
+    boxes.Expect(kBadNorth, [&] { EXPECT_EQ(state.blockHeader.nord.Text(), "+999"); });
     Write();
 }
 
@@ -235,9 +235,9 @@ TEST_F(WriteHeadersTest, TheDepthIsTakenBeforeItIsFoundTooDeep)
 {
     AddRow(DamRowWith("profondità", "9999"));
     boxes.Expect(kBadDepth, [&] {
-        EXPECT_EQ(state.BlockHeader.tubo.Text(), "T1  ");
-        EXPECT_EQ(state.BlockHeader.profondità.Text(), "9999");
-        EXPECT_EQ(state.BlockHeader.passo.Text(), "9");
+        EXPECT_EQ(state.blockHeader.tubo.Text(), "T1  ");
+        EXPECT_EQ(state.blockHeader.profondità.Text(), "9999");
+        EXPECT_EQ(state.blockHeader.passo.Text(), "9");
     });
     Write();
 }
@@ -246,8 +246,8 @@ TEST_F(WriteHeadersTest, ATooShortDepthIsNotTakenButTheTubeIs)
 {
     AddRow(DamRowWith("profondità", "123"));
     boxes.Expect(kBadDepth, [&] {
-        EXPECT_EQ(state.BlockHeader.tubo.Text(), "T1  ");
-        EXPECT_EQ(state.BlockHeader.profondità.Text(), "0001");
+        EXPECT_EQ(state.blockHeader.tubo.Text(), "T1  ");
+        EXPECT_EQ(state.blockHeader.profondità.Text(), "0001");
     });
     Write();
 }

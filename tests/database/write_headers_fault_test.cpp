@@ -14,7 +14,7 @@ TEST_F(WriteHeadersTest, WithoutADatabaseTheDepthBoxComesOnce)
 {
     AddRow(DamRow("5"));
     engine.fails = [](int, const std::string& call) { return call == "OpenTable"; };
-    boxes.Expect(kBadDepth, [&] { EXPECT_EQ(state.BlockHeader, working); });
+    boxes.Expect(kBadDepth, [&] { EXPECT_EQ(state.blockHeader, working); });
     Write();
     EXPECT_THAT(engine.calls, ElementsAre("OpenTable"));
     EXPECT_THAT(WrittenRecords(), ElementsAre());
@@ -37,10 +37,10 @@ TEST_F(WriteHeadersTest, ADatabaseThatGoesAwayStopsTheWalkWithTheDepthBox)
 TEST_F(WriteHeadersTest, WithoutAHeaderFileTheMarksAreClearedAllTheSame)
 {
     AddRow(DamRow("5"));
-    state.HeaderFilePath = folder.Path();
+    state.headerFilePath = folder.Path();
     Write();
     EXPECT_THAT(Marks(), ElementsAre(""));
-    EXPECT_EQ(panel.Text3.Text(), "ROSSI   "); // what the working header holds is shown
+    EXPECT_EQ(panel.header[Client].Text(), "ROSSI   "); // what the working header holds is shown
     EXPECT_EQ(finishedHandlers, 1);
 }
 
@@ -48,7 +48,7 @@ TEST_F(WriteHeadersTest, TheHandleIsSpentAtTheEnd)
 {
     AddRow(DamRow("5"));
     Write();
-    EXPECT_THROW(survey.SurveyTable.Eof(), RunTimeFailure);
+    EXPECT_THROW(survey.surveyTable.Eof(), RunTimeFailure);
     Write();
     EXPECT_THAT(engine.calls, Contains("OpenTable").Times(2));
 }

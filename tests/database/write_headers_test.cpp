@@ -10,7 +10,7 @@ using ::testing::ElementsAre;
 TEST_F(WriteHeadersTest, AMarkedRowBecomesTheHeaderOfItsNextReading)
 {
     AddRow(DamRow("5"));
-    state.CurrentBlock = 7;
+    state.currentBlock = 7;
     Write();
     EXPECT_THAT(WrittenRecords(), ElementsAre(5));
     EXPECT_EQ(StoredHeader(5), WrittenHeader());
@@ -32,9 +32,9 @@ TEST_F(WriteHeadersTest, BlockOneIsOnThePanelAtOnce)
 {
     AddRow(DamRow("1"));
     Write();
-    EXPECT_EQ(panel.Text3.Text(), "ROSSI   ");
-    EXPECT_EQ(panel.Text10.Text(), "02");
-    EXPECT_EQ(panel.Text18.Text(), "GAIN1..");
+    EXPECT_EQ(panel.header[Client].Text(), "ROSSI   ");
+    EXPECT_EQ(panel.header[Readout].Text(), "02");
+    EXPECT_EQ(panel.calibration[Gain1].Text(), "GAIN1..");
     ExpectPanelShowsBlockOne();
 }
 
@@ -52,7 +52,7 @@ TEST_F(WriteHeadersTest, WithoutAMarkNothingIsWrittenAndEveryNullMarkBecomesEmpt
 TEST_F(WriteHeadersTest, ARefusedBlockTakesNothingFromItsRow)
 {
     AddRow(DamRow("30"));
-    boxes.Expect(kBadBlock, [&] { EXPECT_EQ(state.BlockHeader, working); });
+    boxes.Expect(kBadBlock, [&] { EXPECT_EQ(state.blockHeader, working); });
     Write();
 }
 
@@ -75,8 +75,8 @@ TEST_F(WriteHeadersTest, TheSecondOfThreeStopsTheWalk)
         held.profondità = "0900";
         held.passo = "0";
         held.guide = "2";
-        EXPECT_EQ(state.BlockHeader, held);
-        EXPECT_EQ(panel.Text3.Text(), "CLIENT 1");
+        EXPECT_EQ(state.blockHeader, held);
+        EXPECT_EQ(panel.header[Client].Text(), "CLIENT 1");
     });
     Write();
     EXPECT_THAT(WrittenRecords(), ElementsAre(5));
@@ -117,10 +117,10 @@ TEST_F(WriteHeadersTest, ACommandThatRanInTheFirstEventsLeavesItsOwnHandleAlone)
 
 TEST_F(WriteHeadersTest, ThePanelShowsBlockOneWhenTheLastEventsRun)
 {
-    state.CurrentBlock = 9;
-    panel.Text2.SetText("09");
+    state.currentBlock = 9;
+    panel.blockNumber.SetText("09");
     std::string shown;
-    world.At(0, [&] { world.At(0, [&] { shown = panel.Text2.Text(); }); });
+    world.At(0, [&] { world.At(0, [&] { shown = panel.blockNumber.Text(); }); });
     Write();
     EXPECT_EQ(shown, "01");
 }
@@ -153,7 +153,7 @@ TEST_F(WriteHeadersTest, WhatReadHeadersFiledGoesBackForTheNextReading)
 {
     PutHeader(3, DamHeader("00", "160926  ", "093015  "));
     Read();
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     table->MoveNext();
     table->MoveNext();
     table->Edit();

@@ -36,7 +36,7 @@ inline SurveyRow DamRowWith(const std::string& field, const Value& value)
 class WriteHeadersTest : public SurveyTest
 {
 protected:
-    WriteHeadersTest() { state.BlockHeader = working; }
+    WriteHeadersTest() { state.blockHeader = working; }
 
     /// What the working header holds when the command starts; no field is a default.
     static BlockHeader WorkingHeader()
@@ -95,13 +95,13 @@ protected:
 
     void ExpectPanelShowsBlockOne()
     {
-        EXPECT_EQ(state.CurrentBlock, 1);
-        EXPECT_EQ(panel.Text2.Text(), "01");
-        EXPECT_EQ(state.BlockHeader, StoredHeader(1));
-        EXPECT_EQ(panel.Text3.Text(), StoredHeader(1).cliente.Text());
-        EXPECT_EQ(panel.Text18.Text(), StoredHeader(1).gain1.Text());
-        EXPECT_EQ(panel.Text22.Text(), StoredHeader(1).punto.Text());
-        EXPECT_EQ(FileBytes(state.HeaderFilePath).size(), 2310U);
+        EXPECT_EQ(state.currentBlock, 1);
+        EXPECT_EQ(panel.blockNumber.Text(), "01");
+        EXPECT_EQ(state.blockHeader, StoredHeader(1));
+        EXPECT_EQ(panel.header[Client].Text(), StoredHeader(1).cliente.Text());
+        EXPECT_EQ(panel.calibration[Gain1].Text(), StoredHeader(1).gain1.Text());
+        EXPECT_EQ(panel.calibration[Point].Text(), StoredHeader(1).punto.Text());
+        EXPECT_EQ(FileBytes(state.headerFilePath).size(), 2310U);
         EXPECT_EQ(finishedHandlers, 1);
         EXPECT_EQ(world.passes, 2);
     }

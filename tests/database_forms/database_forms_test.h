@@ -54,11 +54,11 @@ protected:
     ProgramEnd end;
     Handlers handlers{end, boxes};
     std::filesystem::path currentDirectory = folder.Path();
-    panel::DatabaseForms forms{{panel, state, headers, survey, world, boxes, handlers,
+    panel::DatabaseForms forms{{panel, state, survey, world, boxes, handlers,
                                 [this] { return currentDirectory; },
                                 [this] {
                                     return std::make_unique<platform::SurveyTableModel>(
-                                        [this] { return survey.DatabasePath; });
+                                        [this] { return survey.databasePath; });
                                 }}};
 };
 

@@ -30,18 +30,18 @@ TEST_F(Form4Test, ShowsItsThreeButtons)
 
 TEST_F(Form4Test, ItsLoadSettlesWhereTheDatabaseLies)
 {
-    EXPECT_EQ(survey.DatabasePath, folder / "tar_vex.mdb");
+    EXPECT_EQ(survey.databasePath, folder / "tar_vex.mdb");
     currentDirectory = folder / "elsewhere";
     forms.ShowPanel(); // raised, not loaded
-    EXPECT_EQ(survey.DatabasePath, folder / "tar_vex.mdb");
+    EXPECT_EQ(survey.databasePath, folder / "tar_vex.mdb");
     Window("Form4").close();
     forms.ShowPanel();
-    EXPECT_EQ(survey.DatabasePath, folder / "elsewhere" / "tar_vex.mdb");
+    EXPECT_EQ(survey.databasePath, folder / "elsewhere" / "tar_vex.mdb");
 }
 
 TEST_F(Form4Test, OpeningItMakesNoDatabase)
 {
-    EXPECT_FALSE(std::filesystem::exists(survey.DatabasePath));
+    EXPECT_FALSE(std::filesystem::exists(survey.databasePath));
 }
 
 TEST_F(Form4Test, ReadHeadersEndsInTheGrid)
@@ -71,7 +71,7 @@ TEST_F(Form4Test, WriteHeadersWritesTheMarkedRowsAndTheGridShowsIt)
     Press("Form4", "Command1");
     EXPECT_EQ(StoredHeader(5).cliente.Text(), "ROSSI   ");
     EXPECT_EQ(Cell(0, "b"), "");
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
 }
 
 TEST_F(Form4Test, WriteHeadersNeedsNoGrid)
@@ -86,14 +86,14 @@ TEST_F(Form4Test, WriteHeadersNeedsNoGrid)
 
 TEST_F(Form4Test, WithoutADatabaseEachButtonHasItsOutcome)
 {
-    WriteFile(survey.DatabasePath, "a letter");
+    WriteFile(survey.databasePath, "a letter");
     Press("Form4", "ssCommand2");
     EXPECT_EQ(Grid().model()->rowCount(), 0);
     boxes.Expect("Attention: Invalid DEPTH value");
     Press("Form4", "Command1");
     Press("Form4", "Command2");
     EXPECT_EQ(Grid().model()->rowCount(), 0);
-    EXPECT_EQ(FileBytes(survey.DatabasePath), "a letter");
+    EXPECT_EQ(FileBytes(survey.databasePath), "a letter");
 }
 
 TEST_F(Form4Test, IsOneInstanceAndIsDressedOnceALoad)

@@ -305,7 +305,7 @@ TEST_F(Form5Test, WriteHeadersStartsWithTheOpenEdit)
 TEST_F(Form5Test, IsCurrentWhenItComesToTheFront)
 {
     EXPECT_EQ(Cell(0, "b"), "");
-    RawDatabase(survey.DatabasePath).Run("UPDATE tar_vex SET b = '6'");
+    RawDatabase(survey.databasePath).Run("UPDATE tar_vex SET b = '6'");
     EXPECT_EQ(Cell(0, "b"), "");
     QWidget other;
     other.show();
@@ -339,7 +339,7 @@ TEST_F(Form5Test, AnOpenEditIsNotLostToRowsThatCome)
 
 TEST_F(Form5Test, AMarkThatCannotBeWrittenStaysInItsEditorAndIsTold)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     Type("8");
     Type(Qt::Key_Return);
@@ -357,7 +357,7 @@ TEST_F(Form5Test, AMarkThatCannotBeWrittenStaysInItsEditorAndIsTold)
 
 TEST_F(Form5Test, EscapeDropsAMarkThatCannotBeWritten)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     Type("8");
     Type(Qt::Key_Return);
@@ -372,7 +372,7 @@ TEST_F(Form5Test, EscapeDropsAMarkThatCannotBeWritten)
 
 TEST_F(Form5Test, StaysOpenAsLongAsAMarkCannotBeWritten)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     Type("8");
     Press("Form5", "ssCommand2");
@@ -386,7 +386,7 @@ TEST_F(Form5Test, StaysOpenAsLongAsAMarkCannotBeWritten)
 
 TEST_F(Form5Test, AnotherMarkBeginsOnlyWhenTheRefusedOneIsStored)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     Type("8");
     DoubleClick(1, "b");
@@ -401,14 +401,14 @@ TEST_F(Form5Test, AnotherMarkBeginsOnlyWhenTheRefusedOneIsStored)
 TEST_F(Form5Test, AMarkForAFileThatIsGoneIsToldAndTheRowsGo)
 {
     Type("8");
-    std::filesystem::rename(survey.DatabasePath, folder / "away.mdb");
+    std::filesystem::rename(survey.databasePath, folder / "away.mdb");
     Type(Qt::Key_Return);
     QCoreApplication::processEvents();
     EXPECT_EQ(Notice(), "The mark \"8\" is not stored: the database has changed or cannot be "
                         "written. Look at its rows and type the mark again.");
     EXPECT_EQ(Grid().model()->rowCount(), 0);
     EXPECT_FALSE(IsEditing());
-    EXPECT_FALSE(std::filesystem::exists(survey.DatabasePath));
+    EXPECT_FALSE(std::filesystem::exists(survey.databasePath));
     EXPECT_THAT(RawDatabase(folder / "away.mdb").Run("SELECT count(b) FROM tar_vex"),
                 ElementsAre("0"));
 }
@@ -416,9 +416,9 @@ TEST_F(Form5Test, AMarkForAFileThatIsGoneIsToldAndTheRowsGo)
 TEST_F(Form5Test, AMarkIsNotWrittenToATubeThatWasNotShown)
 {
     Type("8");
-    std::filesystem::copy(survey.DatabasePath, folder / "new.mdb");
+    std::filesystem::copy(survey.databasePath, folder / "new.mdb");
     RawDatabase(folder / "new.mdb").Run("UPDATE tar_vex SET tubo = 'NEW '");
-    std::filesystem::rename(folder / "new.mdb", survey.DatabasePath);
+    std::filesystem::rename(folder / "new.mdb", survey.databasePath);
     Type(Qt::Key_Return);
     QCoreApplication::processEvents();
     EXPECT_EQ(Mark(0), Value());
@@ -429,7 +429,7 @@ TEST_F(Form5Test, AMarkIsNotWrittenToATubeThatWasNotShown)
 TEST_F(Form5Test, ReadHeadersShowsTheFileThatIsInPlace)
 {
     forms.ShowPanel();
-    std::filesystem::remove(survey.DatabasePath);
+    std::filesystem::remove(survey.databasePath);
     Press("Form4", "ssCommand2");
     EXPECT_EQ(Grid().model()->rowCount(), 30);
     EXPECT_EQ(Cell(0, "cliente"), "CLIENT 1");
@@ -438,7 +438,7 @@ TEST_F(Form5Test, ReadHeadersShowsTheFileThatIsInPlace)
 TEST_F(Form5Test, IsCurrentWhenTheGridGetsTheKeyboard)
 {
     Control<QPushButton>("Form5", "ssCommand2").setFocus();
-    RawDatabase(survey.DatabasePath).Run("UPDATE tar_vex SET b = '6'");
+    RawDatabase(survey.databasePath).Run("UPDATE tar_vex SET b = '6'");
     Grid().setFocus();
     QCoreApplication::processEvents();
     EXPECT_EQ(Cell(0, "b"), "6");
@@ -451,14 +451,14 @@ TEST_F(Form5Test, OneFileIsThereWhileItIsShown)
     std::vector<std::string> files = NamesIn(folder.Path());
     std::erase(files, "intestazione");
     EXPECT_THAT(files, ElementsAre("tar_vex.mdb"));
-    std::filesystem::copy(survey.DatabasePath, folder / "copy.mdb");
+    std::filesystem::copy(survey.databasePath, folder / "copy.mdb");
     EXPECT_THAT(RawDatabase(folder / "copy.mdb").Run("SELECT b FROM tar_vex LIMIT 1"),
                 ElementsAre("8"));
 }
 
 TEST_F(Form5Test, LastOfManyRowsIsShownAndEdited)
 {
-    RawDatabase(survey.DatabasePath)
+    RawDatabase(survey.databasePath)
         .Run("INSERT INTO tar_vex (tubo) WITH RECURSIVE n(i) AS (SELECT 4 UNION ALL SELECT i + 1 "
              "FROM n WHERE i < 100000) SELECT 'T' || i FROM n");
     forms.ShowGrid();

@@ -40,7 +40,7 @@ ConversationTest::ConversationTest() : heard(*this, SmallMemory())
 {
     heard.unit.RunningClock().Set("140423101530", unit::Time{0});
     heard.unit.RunningClock().Stop(unit::Time{0});
-    state.ReportFolder = folder.Path();
+    state.reportFolder = folder.Path();
 }
 
 void ConversationTest::Run(const std::string& command)
@@ -61,9 +61,13 @@ void ConversationTest::Press(const std::string& command)
         {"total-reset", [&] { PressTotalReset(*this); }},
         {"reset-gain-zero", [&] { PressResetGainZero(*this); }},
         {"download",
-         [&] { ClickLink([&](DeviceLink& link) { BlockDownload(panel, state, link); }); }},
+         [&] {
+             ClickLink([&](DeviceLink& link) { BlockDownload(panel, state, link, view, world); });
+         }},
         {"cycle-delay",
-         [&] { ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.Text16rt, link); }); }},
+         [&] {
+             ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.cycleDelay, link, view); });
+         }},
         {"read-clock", [&] { PressRead(); }},
         {"write-clock", [&] { PressWrite(); }},
         {"start-clock", [&] { PressStart(); }},

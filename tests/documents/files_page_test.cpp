@@ -57,7 +57,7 @@ TEST_F(FilesPage, FieldsOfTheHeaderTableAreThoseOfTheRecord)
 
 TEST_F(FilesPage, HeaderTableIsTheOneOfTheExample)
 {
-    const std::string table = FileBytes(state.HeaderFilePath);
+    const std::string table = FileBytes(state.headerFilePath);
     EXPECT_EQ(table.size(), 30U * 77);
     EXPECT_EQ(Difference(files.Example("intestazione"), Dump(table)), "");
 }

@@ -5,6 +5,7 @@
 #include "core/failure_rule.h"
 #include "download/block_download.h"
 #include "download/sample_word.h"
+#include "link/operation_end.h"
 #include "link/write_frames.h"
 #include "unit/block_header.h"
 #include "unit/hexadecimal.h"
@@ -32,7 +33,7 @@ protected:
         ClickLink([&](DeviceLink& link) {
             link.OpenPort();
             send(link);
-            link.Close();
+            EndOperation(link, view);
         });
         return heard.said.back().bytes;
     }
@@ -63,7 +64,8 @@ TEST_F(MemoryMap, HeaderFieldsStandInTheFrameAsThePageSays)
     const auto rows = page.Table("The header");
     OpenOwnTableAt(*this, 7);
 
-    const std::string frame = FrameOf([&](DeviceLink& link) { SendHeaderFrame(link, panel, 6); });
+    const std::string frame =
+        FrameOf([&](DeviceLink& link) { SendHeaderFrame(link, panel.header, 6); });
 
     EXPECT_EQ(frame, "C06000" + Payload(rows, StoredHeader(7)) + "\r");
     ExpectOffsetsAddUp(rows);
@@ -75,7 +77,7 @@ TEST_F(MemoryMap, CalibrationFieldsStandInTheFrameAsThePageSays)
     OpenOwnTableAt(*this, 7);
 
     const std::string frame =
-        FrameOf([&](DeviceLink& link) { SendCalibrationFrame(link, panel, 6); });
+        FrameOf([&](DeviceLink& link) { SendCalibrationFrame(link, panel.calibration, 6); });
 
     EXPECT_EQ(frame, "D06000" + Payload(rows, StoredHeader(7)) + "\r");
     ExpectOffsetsAddUp(rows);
@@ -141,7 +143,7 @@ TEST_P(BlockRow, IsTheAddressInTheManagersFrames)
     const double index = Number(GetParam().at(0)) - 1;
 
     const std::string frame =
-        FrameOf([&](DeviceLink& link) { SendHeaderFrame(link, panel, index); });
+        FrameOf([&](DeviceLink& link) { SendHeaderFrame(link, panel.header, index); });
 
     EXPECT_EQ(frame.substr(1, 5), GetParam().at(1));
 }

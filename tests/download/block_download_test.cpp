@@ -44,7 +44,7 @@ TEST_F(DownloadTest, SendsAWakeAndAFrameAPageFromTheBottomUpwards)
                             "a02040\r", "}", "a02050\r", "}", "a02060\r", "}", "a02070\r", "}",
                             "a02080\r", "}", "a02090\r", "}", "a02100\r", "}", "a02110\r", "}",
                             "a02120\r"));
-    EXPECT_EQ(panel.Text17.Text(), "02120");
+    EXPECT_EQ(panel.readAddress.Text(), "02120");
     EXPECT_EQ(port.history.front(), "port 1");
     EXPECT_EQ(port.history[1], "open");
     EXPECT_EQ(port.history.back(), "close");
@@ -130,33 +130,33 @@ TEST_F(DownloadTest, TouchesNeitherTheHeaderBoxesNorTheHeaderNorItsFile)
 {
     SetSmallSurvey(unit, 0);
     const std::vector<std::string> boxesBefore = HeaderBoxTexts();
-    const std::string fileBefore = FileBytes(state.HeaderFilePath);
+    const std::string fileBefore = FileBytes(state.headerFilePath);
     Download();
     EXPECT_EQ(HeaderBoxTexts(), boxesBefore);
-    EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(FileBytes(state.HeaderFilePath), fileBefore);
-    EXPECT_EQ(panel.Text2.Text(), "01");
-    EXPECT_EQ(panel.numblocco.Text(), "01");
+    EXPECT_EQ(state.blockHeader, DefaultHeader(0));
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(FileBytes(state.headerFilePath), fileBefore);
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
+    EXPECT_EQ(panel.downloadBlock.Text(), "01");
 }
 
 TEST_F(DownloadTest, ShowsEachReportsNameAndEmptiesItAtTheEnd)
 {
     SetSmallSurvey(unit, 0);
     std::vector<std::string> shown;
-    panel.Text1.Watch([&] { shown.push_back(panel.Text1.Text()); });
+    panel.reportFile.Watch([&] { shown.push_back(panel.reportFile.Text()); });
     Download();
-    const std::string head = (state.ReportFolder / (kSmallSurvey + "dat.dat")).string();
-    const std::string data = (state.ReportFolder / (kSmallSurvey + "num.dat")).string();
+    const std::string head = (state.reportFolder / (kSmallSurvey + "dat.dat")).string();
+    const std::string data = (state.reportFolder / (kSmallSurvey + "num.dat")).string();
     EXPECT_THAT(shown, ElementsAre(head, data, data, ""));
-    EXPECT_EQ(state.ReportFileName, data);
+    EXPECT_EQ(state.reportFileName, data);
 }
 
 TEST_F(DownloadTest, ShowsEveryPagesAddress)
 {
     SetSmallSurvey(unit, 29);
     std::vector<std::string> shown;
-    panel.Text17.Watch([&] { shown.push_back(panel.Text17.Text()); });
+    panel.readAddress.Watch([&] { shown.push_back(panel.readAddress.Text()); });
     Download("30");
     EXPECT_THAT(shown, ElementsAre("1D000", "1D010", "1D020", "1D030", "1D040", "1D050", "1D060",
                                    "1D070", "1D080", "1D090", "1D100", "1D110", "1D120"));
@@ -166,12 +166,12 @@ TEST_F(DownloadTest, GoesThroughItsStagesInOrder)
 {
     SetSmallSurvey(unit, 0);
     LogIndicator();
-    panel.command3d1.Watch([&] {
-        port.history.emplace_back(panel.command3d1.Enabled() ? "button on" : "button off");
+    panel.downloadButton.Watch([&] {
+        port.history.emplace_back(panel.downloadButton.Enabled() ? "button on" : "button off");
     });
-    panel.Picture1.Watch([&] { port.history.emplace_back("picture"); });
-    panel.Text1.Watch([&] {
-        const auto& text = panel.Text1.Text();
+    panel.drawing.Watch([&] { port.history.emplace_back("picture"); });
+    panel.reportFile.Watch([&] {
+        const auto& text = panel.reportFile.Text();
         port.history.push_back("file " + text.substr(text.size() < 7 ? 0 : text.size() - 7));
     });
     Download();
@@ -187,12 +187,12 @@ TEST_F(DownloadTest, SettlesFiveTicksBehindTheWalkAndStopsTheTick)
 {
     SetSmallSurvey(unit, 0);
     Milliseconds closed = -1;
-    panel.command3d1.Watch([&] {
-        if (!panel.command3d1.Enabled()) return;
+    panel.downloadButton.Watch([&] {
+        if (!panel.downloadButton.Enabled()) return;
         closed = world.Now();
         EXPECT_FALSE(port.IsOpen());
-        EXPECT_FALSE(std::filesystem::exists(state.ReportFolder / (kSmallSurvey + "num.dat")));
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_FALSE(std::filesystem::exists(state.reportFolder / (kSmallSurvey + "num.dat")));
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
     });
     Download();
     EXPECT_EQ(closed, 26);       // thirteen pages of two answers
@@ -224,7 +224,7 @@ TEST_P(DownloadBlockTest, SetsTheAddressOrLeavesThatOfTheCommandBefore)
 {
     Download("8");
     port.sent.clear();
-    state.DownloadBlock = 5; // the text alone counts
+    state.downloadBlock = 5; // the text alone counts
     Download(GetParam().text);
     ASSERT_EQ(port.sent.size(), 20U);
     EXPECT_EQ(port.sent[1], "a" + GetParam().block + "000\r");

@@ -32,8 +32,8 @@ TEST_P(DepthWalkTest, ReadsOnePageAStepFromTheBottomUpwards)
     ASSERT_EQ(depths.size(), static_cast<std::size_t>(GetParam().rows));
     EXPECT_EQ(depths.front(), GetParam().first);
     EXPECT_EQ(depths.back(), GetParam().last);
-    EXPECT_EQ(panel.Text17.Text(), "0A" + GetParam().lastAddress);
-    EXPECT_EQ(state.ReadAddrBank + state.ReadAddrPage, GetParam().nextPage);
+    EXPECT_EQ(panel.readAddress.Text(), "0A" + GetParam().lastAddress);
+    EXPECT_EQ(state.readAddrBank + state.readAddrPage, GetParam().nextPage);
     EXPECT_EQ(port.sent.size(), 2 * (10 + depths.size()));
 
     const std::string work = Report("datiram.dat");
@@ -75,8 +75,8 @@ TEST_P(NoRowTest, WritesTheReportsWithoutARow)
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), DataReportOf({}));
     EXPECT_EQ(Report(kSmallSurvey + "num.dat").size(), 4U * 113);
     EXPECT_EQ(port.sent.size(), 20U);
-    EXPECT_EQ(panel.Text17.Text(), "00090");
-    EXPECT_EQ(state.ReadAddrBank + state.ReadAddrPage, "100");
+    EXPECT_EQ(panel.readAddress.Text(), "00090");
+    EXPECT_EQ(state.readAddrBank + state.readAddrPage, "100");
     EXPECT_LINK_AT_REST();
 }
 

@@ -12,7 +12,7 @@ using ::testing::IsEmpty;
 
 TEST_F(DownloadTest, ASilentUnitIsToldAndNoFileIsTouched)
 {
-    WriteFile(state.ReportFolder / "datiram.dat", "of a former run");
+    WriteFile(state.reportFolder / "datiram.dat", "of a former run");
     unit.answerWake = [](int) { return ""; };
     boxes.Expect("Attention: TAR--VEX not connected", [&] { EXPECT_LINK_WAITING(); });
     LogIndicator();
@@ -21,8 +21,8 @@ TEST_F(DownloadTest, ASilentUnitIsToldAndNoFileIsTouched)
                                           "close", "Label34 off", "Shape1 off"));
     EXPECT_THAT(Reports(), ElementsAre("datiram.dat"));
     EXPECT_EQ(Report("datiram.dat"), "of a former run");
-    EXPECT_FALSE(panel.command3d1.Enabled());
-    EXPECT_EQ(panel.Text1.Text() + panel.Text17.Text(), "");
+    EXPECT_FALSE(panel.downloadButton.Enabled());
+    EXPECT_EQ(panel.reportFile.Text() + panel.readAddress.Text(), "");
     EXPECT_TRUE(world.TimerRuns());
     EXPECT_EQ(finishedHandlers, 1);
 }
@@ -88,7 +88,7 @@ TEST_F(DownloadTest, SilenceInTheHeaderLeavesTheReportsOfTheFormerRun)
     unit.wakes = 0;
     unit.answerWake = [](int wake) { return wake < 10 ? "!" : ""; };
     world.EndProgramAt(1'000'000);
-    panel.command3d1.Enable();
+    panel.downloadButton.Enable();
     Download();
     EXPECT_EQ(finishedHandlers, 1);
     EXPECT_THAT(Reports(),
@@ -96,7 +96,7 @@ TEST_F(DownloadTest, SilenceInTheHeaderLeavesTheReportsOfTheFormerRun)
     EXPECT_EQ(Report("datiram.dat"), work);
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), DataReportOf(SmallSurveyRows()));
     EXPECT_LINK_WAITING();
-    EXPECT_FALSE(panel.command3d1.Enabled());
+    EXPECT_FALSE(panel.downloadButton.Enabled());
 }
 
 TEST_F(DownloadTest, SilenceInTheWalkLeavesTheHeadReportAndTheRowsSoFar)
@@ -112,8 +112,8 @@ TEST_F(DownloadTest, SilenceInTheWalkLeavesTheHeadReportAndTheRowsSoFar)
     EXPECT_EQ(Report("datiram.dat"), WorkFileOf({SmallSurveyRows()[0], SmallSurveyRows()[1]}));
     EXPECT_EQ(finishedHandlers, 1);
     EXPECT_LINK_WAITING();
-    EXPECT_FALSE(panel.command3d1.Enabled());
-    EXPECT_EQ(panel.Text1.Text(), (state.ReportFolder / (kSmallSurvey + "num.dat")).string());
+    EXPECT_FALSE(panel.downloadButton.Enabled());
+    EXPECT_EQ(panel.reportFile.Text(), (state.reportFolder / (kSmallSurvey + "num.dat")).string());
 }
 
 TEST_F(DownloadTest, APortThatCannotBeOpenedWritesEmptyReportsWithoutAWord)
@@ -129,8 +129,8 @@ TEST_F(DownloadTest, APortThatCannotBeOpenedWritesEmptyReportsWithoutAWord)
     EXPECT_EQ(Report("----num.dat"), DataReportOf({}));
     EXPECT_THAT(port.history, ElementsAre("port 1"));
     EXPECT_EQ(boxes.shown, 0);
-    EXPECT_EQ(panel.Text17.Text(), "");
-    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_EQ(panel.readAddress.Text(), "");
+    EXPECT_TRUE(panel.downloadButton.Enabled());
     EXPECT_EQ(world.Now(), 500); // only the settling
     EXPECT_LINK_AT_REST();
 }
@@ -142,9 +142,9 @@ TEST_F(DownloadTest, APortThatCannotBeOpenedWritesEmptyReportsWithoutAWord)
         EXPECT_EQ(world.Now(), 1'000'000);                                                         \
         EXPECT_EQ(finishedHandlers, 0);                                                            \
         EXPECT_FALSE(port.IsOpen());                                                               \
-        EXPECT_TRUE(panel.Label34.Visible());                                                      \
-        EXPECT_TRUE(panel.Shape1.Visible());                                                       \
-        EXPECT_TRUE(panel.command3d1.Enabled());                                                   \
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());                                          \
+        EXPECT_TRUE(panel.waitIndicator.ground.Visible());                                         \
+        EXPECT_TRUE(panel.downloadButton.Enabled());                                               \
         EXPECT_FALSE(world.TimerRuns());                                                           \
         EXPECT_EQ(boxes.shown, 0);                                                                 \
     } while (false)
@@ -152,7 +152,7 @@ TEST_F(DownloadTest, APortThatCannotBeOpenedWritesEmptyReportsWithoutAWord)
 TEST_F(DownloadTest, WithoutItsFolderItReadsTheUnitAndThenWaitsForEver)
 {
     SetSmallSurvey(unit, 0);
-    state.ReportFolder = folder / "missing";
+    state.reportFolder = folder / "missing";
     world.EndProgramAt(1'000'000);
     Download();
     EXPECT_ENDLESS_WAIT_BEHIND_THE_WALK();
@@ -162,7 +162,7 @@ TEST_F(DownloadTest, WithoutItsFolderItReadsTheUnitAndThenWaitsForEver)
 TEST_F(DownloadTest, AFolderThatMayNotBeWrittenEndsInTheSameWait)
 {
     SetSmallSurvey(unit, 0);
-    std::filesystem::permissions(state.ReportFolder, std::filesystem::perms::owner_read |
+    std::filesystem::permissions(state.reportFolder, std::filesystem::perms::owner_read |
                                                          std::filesystem::perms::owner_exec |
                                                          std::filesystem::perms::others_read |
                                                          std::filesystem::perms::others_exec);
@@ -178,22 +178,22 @@ TEST_F(DownloadTest, AFolderThatMayNotBeWrittenEndsInTheSameWait)
 TEST_F(DownloadTest, AFolderInPlaceOfTheWorkFileLeavesAnEmptyDataReportAndTheSameWait)
 {
     SetSmallSurvey(unit, 0);
-    std::filesystem::create_directory(state.ReportFolder / "datiram.dat");
+    std::filesystem::create_directory(state.reportFolder / "datiram.dat");
     world.EndProgramAt(1'000'000);
     Download();
     EXPECT_ENDLESS_WAIT_BEHIND_THE_WALK();
     EXPECT_EQ(Report(kSmallSurvey + "dat.dat"), SmallSurveyHeadReport());
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), "");
-    EXPECT_TRUE(std::filesystem::is_directory(state.ReportFolder / "datiram.dat"));
+    EXPECT_TRUE(std::filesystem::is_directory(state.reportFolder / "datiram.dat"));
 }
 
 TEST_F(DownloadTest, OtherCommandsRunInsideTheEndlessWait)
 {
-    state.ReportFolder = folder / "missing";
-    world.At(10'000, [&] { Click([&] { panel.Text3.SetText("TYPED"); }); });
+    state.reportFolder = folder / "missing";
+    world.At(10'000, [&] { Click([&] { panel.header[Client].SetText("TYPED"); }); });
     world.EndProgramAt(20'000);
     Download();
-    EXPECT_EQ(panel.Text3.Text(), "TYPED");
+    EXPECT_EQ(panel.header[Client].Text(), "TYPED");
     EXPECT_EQ(finishedHandlers, 1);
 }
 
@@ -256,8 +256,8 @@ TEST_F(DownloadTest, TheEndOfTheProgramInTheSettlingMakesNoDataReport)
     Download();
     EXPECT_THAT(Reports(), ElementsAre(kSmallSurvey + "dat.dat", "datiram.dat"));
     EXPECT_FALSE(port.IsOpen());
-    EXPECT_TRUE(panel.command3d1.Enabled());
-    EXPECT_TRUE(panel.Label34.Visible());
+    EXPECT_TRUE(panel.downloadButton.Enabled());
+    EXPECT_TRUE(panel.waitIndicator.label.Visible());
 }
 
 } // namespace

@@ -19,28 +19,28 @@ protected:
     void ChooseFolder(const std::string& name)
     {
         std::filesystem::create_directory(folder / name);
-        state.ReportFolder = folder / name;
-        panel.command3d1.Enable();
+        state.reportFolder = folder / name;
+        panel.downloadButton.Enable();
     }
 
     void Download()
     {
-        ClickLink([&](DeviceLink& link) { BlockDownload(panel, state, link); });
+        ClickLink([&](DeviceLink& link) { BlockDownload(panel, state, link, view, world); });
     }
 
     void Download(const std::string& block)
     {
-        panel.numblocco.SetText(block);
+        panel.downloadBlock.SetText(block);
         Download();
     }
 
     /// The bytes of a file in the folder of the reports.
     std::string Report(const std::string& name) const
     {
-        return FileBytes(state.ReportFolder / name);
+        return FileBytes(state.reportFolder / name);
     }
 
-    std::vector<std::string> Reports() const { return NamesIn(state.ReportFolder); }
+    std::vector<std::string> Reports() const { return NamesIn(state.reportFolder); }
 
     /// Depths of the rows of the work file, in its order.
     std::vector<std::string> DepthsOfRows() const

@@ -1,8 +1,11 @@
 #include "download/file_commands.h"
 
+#include "core/header_steps.h"
 #include "support/header_table.h"
 #include "support/logic_test.h"
 #include "support/system_limits.h"
+
+#include <optional>
 
 namespace tarvex::tests
 {
@@ -10,273 +13,341 @@ namespace
 {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
-/// The panel shows record 3 of the own table, and the operator has changed the client.
-class StepRecordTest : public LogicTest
+/// A file dialog that the operator answers with `choice`, or cancels.
+class ScriptedDialog : public FileDialog
 {
-protected:
-    StepRecordTest()
+public:
+    std::optional<std::filesystem::path> choice;
+    std::vector<std::string> shown; ///< each showing with its settings
+
+    void ShowOpen(std::string_view title) override
     {
-        OpenOwnTableAt(*this, 3);
-        panel.Text3.SetText("VERDI");
-        stored_[2] = WithClient("VERDI", OwnRecord(3));
+        titles.emplace_back(title);
+        Show("open");
+    }
+    void ShowSave(std::string_view title, Fate fate) override
+    {
+        titles.emplace_back(title);
+        fates.push_back(fate);
+        Show("save");
     }
 
-    ~StepRecordTest() override
-    {
-        EXPECT_THAT(port.sent, IsEmpty());
-        EXPECT_EQ(world.passes, 0) << "nothing else can run inside these commands";
-    }
+    std::vector<std::string> titles;
+    std::vector<Fate> fates;
 
-    void Up()
+private:
+    void Show(const std::string& kind)
     {
-        Click([&] { StepRecordUp(panel, state, headers); });
+        shown.push_back(kind + " " + filter + " " + std::to_string(filterIndex) + " " +
+                        initDir.string());
+        if (choice) fileName = *choice;
     }
-    void Down()
-    {
-        Click([&] { StepRecordDown(panel, state, headers); });
-    }
-    void Copy()
-    {
-        Click([&] { CopyHeaderForward(panel, state, headers); });
-    }
-
-    void ExpectShown(double currentBlock, const std::string& text2, const std::string& header)
-    {
-        EXPECT_EQ(state.CurrentBlock, currentBlock);
-        EXPECT_EQ(panel.Text2.Text(), text2);
-        EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(header));
-        EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(3)));
-    }
-
-    std::vector<std::string> stored_ = OwnTable(); // the file once the panel has been stored
 };
 
-TEST_F(StepRecordTest, UpStoresThePanelAndShowsTheNextRecordWithoutItsCalibration)
+std::string ClientZeroTable()
 {
-    Up();
+    std::string bytes;
+    for (int number = 1; number <= 30; ++number)
+        bytes += "CLIENT0 SITE0000T   000002+00000DDMMYY  hhmmss  0+1.0000+1.0000+0.0000+0.0000";
+    return bytes;
+}
 
-    EXPECT_EQ(StoredTable(*this), stored_);
-    ExpectShown(4, "04", OwnRecord(4));
-    EXPECT_EQ(state.BlockHeader, StoredHeader(4)) << "the working header has all fifteen fields";
+/// The panel shows record 3 of the own table.
+class FileDialogTest : public LogicTest
+{
+protected:
+    FileDialogTest() { OpenOwnTableAt(*this, 3); }
+
+    void Choose()
+    {
+        Click([&] { ChooseHeaderFile(panel, state, dialog, folder / "dati"); });
+    }
+    void Create()
+    {
+        Click([&] { CreateDefaultHeaderFile(panel, state, dialog); });
+    }
+
+    /// The seven controls that need a header file, in the order in which they change.
+    std::vector<std::pair<std::string, Control*>> Group()
+    {
+        return {{"sscommand9", &panel.previousRecordButton},
+                {"sscommand10", &panel.nextRecordButton},
+                {"sscommand6", &panel.setAllButton},
+                {"Command3", &panel.readBlockButton},
+                {"Command6", &panel.setBlockButton},
+                {"Command4", &panel.writeCalibrationButton},
+                {"Command7", &panel.resetBlockButton}};
+    }
+
+    void LogGroup()
+    {
+        for (const auto& [name, control] : Group()) {
+            control->Watch([this, named = name, changed = control] {
+                port.history.push_back(named + (changed->Enabled() ? " on" : " off"));
+            });
+        }
+    }
+
+    void ExpectGroup(bool enabled)
+    {
+        for (const auto& [name, control] : Group())
+            EXPECT_EQ(control->Enabled(), enabled) << name;
+    }
+
+    ScriptedDialog dialog;
+};
+
+TEST_F(FileDialogTest, ChoosingShowsRecord1OfTheFileWithItsCalibration)
+{
+    const std::filesystem::path chosen = folder / "other";
+    WriteFile(chosen, OwnRecord(20) + OwnRecord(21));
+    dialog.choice = chosen;
+    LogTexts(*this, "Text15", panel.headerFile);
+    LogTexts(*this, "Text2", panel.blockNumber);
+    LogTexts(*this, "Text3", panel.header[Client]);
+    LogTexts(*this, "Text22", panel.calibration[Point]);
+    LogGroup();
+    Choose();
+
+    EXPECT_THAT(dialog.shown, ElementsAre("open  FILE (*.*)|*.*| 1 " + (folder / "dati").string()));
+    EXPECT_EQ(state.headerFilePath, chosen);
+    EXPECT_THAT(port.history,
+                ElementsAre("Text15=" + chosen.string(), "sscommand9 on", "sscommand10 on",
+                            "sscommand6 on", "Command3 on", "Command6 on", "Command4 on",
+                            "Command7 on", "Text2=01", "Text3=ROSSI_20", "Text22=T"));
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(state.blockHeader, StoredHeader(1));
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(20)));
+    EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(OwnRecord(20)));
+    EXPECT_EQ(FileBytes(chosen), OwnRecord(20) + OwnRecord(21));
     EXPECT_EQ(finishedHandlers, 1);
 }
 
-TEST_F(StepRecordTest, DownStoresThePanelAndShowsTheRecordBefore)
+TEST_F(FileDialogTest, ChoosingShowsWhateverBytesTheFileHolds)
 {
-    Down();
+    std::string bytes;
+    for (int code = 255; code >= 179; --code)
+        bytes += static_cast<char>(code);
+    bytes[0] = '\0';
+    dialog.choice = folder / "other";
+    WriteFile(*dialog.choice, bytes);
+    Choose();
 
-    EXPECT_EQ(StoredTable(*this), stored_);
-    ExpectShown(2, "02", OwnRecord(2));
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(bytes));
+    EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(bytes));
 }
 
-TEST_F(StepRecordTest, SpreadsTheHiddenBoxesOverEveryRecordThatIsLeft)
+TEST_F(FileDialogTest, ChoosingAFileThatEndsInsideItsFirstRecordShowsAndKeepsItsBytes)
 {
-    Up();
-    Up();
-    Up();
-    Down();
+    const std::string begin = OwnRecord(7).substr(0, 40);
+    WriteFile(folder / "short", begin);
+    dialog.choice = folder / "short";
+    Choose();
 
-    for (const int left : {4, 5, 6})
-        stored_[static_cast<std::size_t>(left) - 1] =
-            WithCalibrationOf(OwnRecord(3), OwnRecord(left));
-    EXPECT_EQ(StoredTable(*this), stored_);
-    ExpectShown(5, "05", OwnRecord(5));
+    EXPECT_EQ(HeaderOnPanel(*this), begin.substr(0, 38) + std::string(6, ' '));
+    EXPECT_EQ(CalibrationOnPanel(*this), std::string(29, ' '));
+    EXPECT_EQ(FileBytes(folder / "short"), begin);
+
+    Click([&] { StepRecordUp(panel, state); });
+
+    EXPECT_EQ(FileBytes(folder / "short"), begin + std::string(37, ' '));
 }
 
-TEST_F(StepRecordTest, ShowsTheNumberBeforeTheRecord)
+TEST_F(FileDialogTest, ChoosingANameWithoutAFileMakesOneAndShowsBlanks)
 {
-    LogTexts(*this, "Text2", panel.Text2);
-    LogTexts(*this, "Text3", panel.Text3);
-    LogTexts(*this, "Text12", panel.Text12);
-    LogTexts(*this, "Text18", panel.Text18);
-    Up();
+    dialog.choice = folder / "new";
+    Choose();
 
-    EXPECT_THAT(port.history, ElementsAre("Text2=04", "Text3=ROSSI_04", "Text12=100430"));
+    EXPECT_EQ(FileBytes(folder / "new"), "");
+    EXPECT_EQ(HeaderOnPanel(*this), std::string(44, ' '));
+    EXPECT_EQ(CalibrationOnPanel(*this), std::string(29, ' '));
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
 }
 
-TEST_F(StepRecordTest, UpAtTheLastRecordStoresItAndReadsItBack)
+TEST_F(FileDialogTest, ChoosingAFileThatCannotBeOpenedShowsWhatTheWorkingHeaderHolds)
 {
-    OpenOwnTableAt(*this, 30);
-    panel.Text3.SetText("NERI");
-    panel.Text6.SetText("12");
-    panel.Text13.SetText("5");
-    Up();
+    DisableFileCommandGroup(panel);
+    dialog.choice = folder.Path();
+    state.blockHeader = DefaultHeader(8);
+    Choose();
 
-    std::vector<std::string> expected = OwnTable();
-    expected[29] = WithClient("NERI", OwnRecord(30)).replace(20, 4, "125 ");
-    EXPECT_EQ(StoredTable(*this), expected);
-    EXPECT_EQ(state.CurrentBlock, 30);
-    EXPECT_EQ(panel.Text2.Text(), "30");
-    EXPECT_EQ(panel.Text3.Text(), "NERI    ") << "read back, with its blanks";
-    EXPECT_EQ(panel.Text6.Text(), "125");
-    EXPECT_EQ(panel.Text13.Text(), " ");
+    EXPECT_FALSE(unhandledFailure.has_value());
+    EXPECT_EQ(state.headerFilePath, folder.Path());
+    EXPECT_EQ(panel.headerFile.Text(), folder.Path().string());
+    ExpectGroup(true);
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(DefaultRecord(9)));
+    EXPECT_EQ(CalibrationOnPanel(*this), CalibrationPayload(DefaultRecord(9)));
 }
 
-TEST_F(StepRecordTest, DownAtTheFirstRecordStoresItAndReadsItBack)
+TEST_F(FileDialogTest, ShowsAPathInThePanelsOwnCharacters)
 {
-    OpenOwnTableAt(*this, 1);
-    panel.Text3.SetText("NERI");
-    Down();
+    dialog.choice = folder.Path() / std::filesystem::path(u8"citt\u00E0 \u4E2D");
+    Choose();
 
-    std::vector<std::string> expected = OwnTable();
-    expected[0] = WithClient("NERI", OwnRecord(1));
-    EXPECT_EQ(StoredTable(*this), expected);
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(panel.Text2.Text(), "01");
-    EXPECT_EQ(panel.Text3.Text(), "NERI    ");
+    EXPECT_EQ(panel.headerFile.Text(), folder.Path().string() + "/citt\xE0 ?");
+    EXPECT_TRUE(std::filesystem::exists(*dialog.choice));
 }
 
-TEST_F(StepRecordTest, WithoutAHeaderFileNothingHappens)
+TEST_F(FileDialogTest, CancellingTheFirstChoiceEmptiesThePathAndEndsTheRecordCommands)
 {
-    const std::vector<std::string> typed = HeaderBoxTexts();
-    const BlockHeader before = state.BlockHeader;
-    state.HeaderFilePath.clear();
-    Up();
-    Down();
-    Copy();
+    const std::filesystem::path before = state.headerFilePath;
+    DisableFileCommandGroup(panel);
+    Choose();
 
-    EXPECT_EQ(state.CurrentBlock, 3);
-    EXPECT_EQ(panel.Text2.Text(), "03");
-    EXPECT_EQ(HeaderBoxTexts(), typed);
-    EXPECT_EQ(state.BlockHeader, before);
-    EXPECT_EQ(finishedHandlers, 3);
+    EXPECT_TRUE(state.headerFilePath.empty());
+    EXPECT_EQ(panel.headerFile.Text(), "");
+    ExpectGroup(false);
+    EXPECT_EQ(state.currentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "03");
+
+    panel.header[Client].SetText("VERDI");
+    Click([&] { StepRecordUp(panel, state); });
+    Click([&] { CopyHeaderForward(panel, state); });
+    EXPECT_EQ(state.currentBlock, 3);
+    EXPECT_EQ(panel.header[Client].Text(), "VERDI");
+    state.headerFilePath = before;
+    EXPECT_EQ(StoredTable(*this), OwnTable());
 }
 
-TEST_F(StepRecordTest, AFileThatCannotBeOpenedEndsTheProgramBeforeAnythingChanges)
+TEST_F(FileDialogTest, CancellingALaterChoiceTakesTheSameFileOnceMore)
 {
-    const std::vector<std::string> typed = HeaderBoxTexts();
-    const BlockHeader before = state.BlockHeader;
-    state.HeaderFilePath = folder / "missing" / "intestazione";
-    Up();
+    dialog.choice = folder / "other";
+    WriteFile(*dialog.choice, OwnRecord(20) + OwnRecord(21));
+    Choose();
+    Click([&] { StepRecordUp(panel, state); });
+    dialog.choice.reset();
+    Choose();
+
+    EXPECT_EQ(state.headerFilePath, folder / "other");
+    EXPECT_EQ(panel.blockNumber.Text(), "01");
+    EXPECT_EQ(HeaderOnPanel(*this), HeaderPayload(OwnRecord(20)));
+}
+
+TEST_F(FileDialogTest, CreatingWritesThirtyAlikeRecordsAndDisablesTheGroup)
+{
+    const std::string text15 = panel.headerFile.Text();
+    const std::vector<std::string> shown = HeaderBoxTexts();
+    dialog.choice = folder / "new";
+    LogGroup();
+    Create();
+
+    EXPECT_THAT(dialog.shown, ElementsAre("save  FILE (*.*)|*.*| 1 "));
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable());
+    EXPECT_EQ(state.headerFilePath, folder / "new");
+    EXPECT_EQ(panel.headerFile.Text(), text15);
+    EXPECT_THAT(port.history,
+                ElementsAre("sscommand9 off", "sscommand10 off", "sscommand6 off", "Command3 off",
+                            "Command6 off", "Command4 off", "Command7 off"));
+    EXPECT_EQ(HeaderBoxTexts(), shown);
+    EXPECT_EQ(state.currentBlock, 3);
+    EXPECT_EQ(panel.blockNumber.Text(), "03");
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
+TEST_F(FileDialogTest, CreatingKeepsWhatStandsBehindRecord30)
+{
+    dialog.choice = folder / "long";
+    WriteFile(*dialog.choice, std::string(2310, 'x') + "behind");
+    Create();
+
+    EXPECT_EQ(FileBytes(folder / "long"), ClientZeroTable() + "behind");
+}
+
+TEST_F(FileDialogTest, CopyingAfterCreatingWritesIntoTheNewFile)
+{
+    dialog.choice = folder / "new";
+    Create();
+    Click([&] { CopyHeaderForward(panel, state); });
+
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().replace(154, 77, OwnRecord(3)));
+    EXPECT_EQ(panel.blockNumber.Text(), "04");
+}
+
+TEST_F(FileDialogTest, CancellingTheFirstCreationEmptiesThePathAndChangesNothingElse)
+{
+    const std::string text15 = panel.headerFile.Text();
+    Create();
+
+    EXPECT_TRUE(state.headerFilePath.empty());
+    EXPECT_EQ(panel.headerFile.Text(), text15);
+    ExpectGroup(true);
+    EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("intestazione"));
+}
+
+TEST_F(FileDialogTest, CreatingWhereNoFileCanBeEndsTheProgram)
+{
+    dialog.choice = folder / "missing" / "new";
+    Create();
 
     EXPECT_TRUE(unhandledFailure.has_value());
     EXPECT_EQ(world.end.Status(), 1);
+    EXPECT_EQ(state.headerFilePath, folder / "missing" / "new");
+    ExpectGroup(true);
     EXPECT_EQ(finishedHandlers, 0);
-    EXPECT_EQ(state.CurrentBlock, 3);
-    EXPECT_EQ(panel.Text2.Text(), "03");
-    EXPECT_EQ(HeaderBoxTexts(), typed);
-    EXPECT_EQ(state.BlockHeader, before);
 }
 
-TEST_F(StepRecordTest, ARecordThatCannotBeWrittenEndsTheProgramOnTheSameBlock)
+TEST_F(FileDialogTest, CreatingOnADiskThatBecomesFullEndsTheProgramWithWholeRecords)
 {
+    dialog.choice = folder / "new";
     {
-        const FullDisk full(10);
-        Down();
+        const FullDisk full(385 + 10);
+        Create();
     }
 
     EXPECT_TRUE(unhandledFailure.has_value());
-    EXPECT_TRUE(world.Ended());
-    EXPECT_EQ(StoredTable(*this), OwnTable());
-    EXPECT_EQ(state.CurrentBlock, 3);
-    EXPECT_EQ(panel.Text2.Text(), "03");
+    EXPECT_EQ(FileBytes(folder / "new"), ClientZeroTable().substr(0, 385));
+    ExpectGroup(true);
 }
 
-TEST_F(StepRecordTest, ANumberBelowTheTableOnEntryEndsTheProgram)
+TEST_F(FileDialogTest, EnablesTheDownloadWhateverTheDialogGave)
 {
-    for (const double number : {0.0, 0.5, -1.0}) {
-        TestProgram other;
-        OpenOwnTableAt(other, 3);
-        other.state.CurrentBlock = number;
-        other.Click([&] { StepRecordUp(other.panel, other.state, other.headers); });
+    for (const bool cancelled : {true, false}) {
+        panel.downloadButton.Disable();
+        if (!cancelled) dialog.choice = folder / "name";
+        Click([&] { EnableDownload(panel, dialog); });
 
-        EXPECT_TRUE(other.unhandledFailure.has_value()) << number;
-        EXPECT_EQ(other.state.CurrentBlock, number);
-        EXPECT_EQ(StoredTable(other), OwnTable());
+        EXPECT_TRUE(panel.downloadButton.Enabled());
     }
+    EXPECT_THAT(dialog.shown, ElementsAre("save  0 ", "save  0 ")) << "no setting of its own";
+    EXPECT_TRUE(state.reportFolder.empty());
+    EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("intestazione"));
 }
 
-TEST_F(StepRecordTest, ANumberAboveTheTableOnEntryIsStoredThereAndComesBackToTheLast)
+TEST_F(FileDialogTest, KeepsItsSettingsAndNameFromOneCommandToTheNext)
 {
-    state.CurrentBlock = 32;
-    Up();
+    dialog.choice = folder / "new";
+    Create();
+    dialog.choice.reset();
+    Choose(); // cancelled: the created file's name still stands there
+    EXPECT_EQ(state.headerFilePath, folder / "new");
+    ExpectGroup(true);
+    EXPECT_EQ(panel.header[Client].Text(), "CLIENT0 ");
 
-    std::vector<std::string> expected = OwnTable();
-    expected.emplace_back(77, '\0');
-    expected.push_back(stored_[2]);
-    EXPECT_EQ(StoredTable(*this), expected);
-    ExpectShown(30, "30", OwnRecord(30));
+    dialog.choice = folder / "name";
+    Click([&] { EnableDownload(panel, dialog); });
+    dialog.choice.reset();
+    Create(); // cancelled: the name of the download's dialog is taken for a choice
+    EXPECT_EQ(state.headerFilePath, folder / "name");
+    EXPECT_EQ(FileBytes(folder / "name"), ClientZeroTable());
+
+    const std::string dati = (folder / "dati").string();
+    EXPECT_THAT(dialog.shown,
+                ElementsAre("save  FILE (*.*)|*.*| 1 ", "open  FILE (*.*)|*.*| 1 " + dati,
+                            "save  FILE (*.*)|*.*| 1 " + dati, "save  FILE (*.*)|*.*| 1 " + dati));
 }
 
-class CopyHeaderForwardTest : public StepRecordTest
+TEST_F(FileDialogTest, EachSaysWhatItIsForAndWhatBecomesOfTheFile)
 {
-};
-
-TEST_F(CopyHeaderForwardTest, StoresThePanelAndMovesOnWithoutReading)
-{
-    Copy();
-
-    EXPECT_EQ(StoredTable(*this), stored_);
-    EXPECT_EQ(state.BlockHeader, StoredHeader(3));
-    EXPECT_EQ(state.CurrentBlock, 4);
-    EXPECT_EQ(panel.Text2.Text(), "04");
-    EXPECT_EQ(panel.Text3.Text(), "VERDI") << "as typed";
-    EXPECT_EQ(panel.Text4.Text(), "DIGA  03");
-    EXPECT_EQ(finishedHandlers, 1);
-}
-
-TEST_F(CopyHeaderForwardTest, FillsTheTableInThirtyPresses)
-{
-    OpenOwnTableAt(*this, 1);
-    for (int press = 1; press <= 29; ++press)
-        Copy();
-
-    std::vector<std::string> expected(29, OwnRecord(1));
-    expected.push_back(OwnRecord(30));
-    EXPECT_EQ(StoredTable(*this), expected);
-    EXPECT_EQ(panel.Text2.Text(), "30");
-    EXPECT_EQ(state.CurrentBlock, 30);
-
-    Copy();
-    EXPECT_EQ(StoredTable(*this), std::vector<std::string>(30, OwnRecord(1)));
-    EXPECT_EQ(panel.Text2.Text(), "30");
-    EXPECT_EQ(state.CurrentBlock, 30);
-}
-
-TEST_F(CopyHeaderForwardTest, GoesOnFromWhatWasTypedBetweenTwoPresses)
-{
-    Copy();
-    panel.Text5.SetText("T99");
-    Copy();
-
-    stored_[3] = std::string(stored_[2]).replace(16, 4, "T99 ");
-    EXPECT_EQ(StoredTable(*this), stored_);
-    EXPECT_EQ(panel.Text2.Text(), "05");
-}
-
-TEST_F(CopyHeaderForwardTest, MovesOnAlthoughTheFileCannotBeOpened)
-{
-    state.HeaderFilePath = folder.Path();
-    Copy();
-
-    EXPECT_FALSE(unhandledFailure.has_value());
-    EXPECT_EQ(state.CurrentBlock, 4);
-    EXPECT_EQ(panel.Text2.Text(), "04");
-    EXPECT_EQ(state.BlockHeader.cliente.Text(), "VERDI   ") << "only the put failed";
-    EXPECT_EQ(finishedHandlers, 1);
-}
-
-TEST_F(CopyHeaderForwardTest, MovesOnAlthoughTheRecordCannotBeWritten)
-{
-    {
-        const FullDisk full(10);
-        Copy();
-    }
-
-    EXPECT_EQ(StoredTable(*this), OwnTable());
-    EXPECT_EQ(state.CurrentBlock, 4);
-}
-
-TEST_F(CopyHeaderForwardTest, FromBelowTheTableStoresNothingAndMovesOn)
-{
-    state.CurrentBlock = 0;
-    Copy();
-
-    EXPECT_EQ(StoredTable(*this), OwnTable());
-    EXPECT_EQ(state.CurrentBlock, 1);
-    EXPECT_EQ(panel.Text2.Text(), "01");
+    Choose();
+    dialog.choice = folder / "new";
+    Create();
+    Click([&] { EnableDownload(panel, dialog); });
+    EXPECT_THAT(dialog.titles, ElementsAre("Open header file", "New default header file",
+                                           "Folder of the reports"));
+    EXPECT_THAT(dialog.fates,
+                ElementsAre(FileDialog::Fate::Overwritten, FileDialog::Fate::LeftAlone));
 }
 
 } // namespace

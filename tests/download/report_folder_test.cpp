@@ -78,7 +78,7 @@ TEST_F(DownloadTest, ANameThatLeadsOutsideDeletesNothingThere)
 
 TEST_F(DownloadTest, ANameCutShortByANulDeletesNoOtherFile)
 {
-    WriteFile(state.ReportFolder / "AB", "precious");
+    WriteFile(state.reportFolder / "AB", "precious");
     SetSmallSurvey(unit, 0);
     unit.pages["00000"] = std::string("AB\0     ", 8);
     Download();
@@ -92,7 +92,7 @@ class AcceptedNameTest : public DownloadTest, public ::testing::WithParamInterfa
 TEST_P(AcceptedNameTest, IsTakenLiterally)
 {
     SetSmallSurvey(unit, 0);
-    WriteFile(state.ReportFolder / "other-dat.dat", "kept");
+    WriteFile(state.reportFolder / "other-dat.dat", "kept");
     const auto& fields = GetParam().fields;
     unit.SetHeader(0, HeaderNamed(fields));
     Download();
@@ -121,16 +121,16 @@ TEST_F(DownloadTest, BytesAbove127BecomeUnicodeInTheNamesAndStayBytesInTheReport
     const std::string begin = "CITTÀ   -€ “Lìri -n° 1-Ÿ -";
     EXPECT_EQ(Report(begin + "dat.dat").substr(0, 42), Padded("Client: ;CITT\xC0   ", 40) + "\r ");
     EXPECT_EQ(Report(begin + "num.dat"), DataReportOf(SmallSurveyRows()));
-    EXPECT_EQ(state.ReportFileName,
-              state.ReportFolder.string() + "/CITT\xC0   -\x80 \x93L\xECri -n\xB0 1-\x9F -num.dat");
+    EXPECT_EQ(state.reportFileName,
+              state.reportFolder.string() + "/CITT\xC0   -\x80 \x93L\xECri -n\xB0 1-\x9F -num.dat");
 }
 
 TEST_F(DownloadTest, AFolderInPlaceOfAReportCostsThatReportOnly)
 {
     SetSmallSurvey(unit, 0);
-    std::filesystem::create_directory(state.ReportFolder / (kSmallSurvey + "dat.dat"));
+    std::filesystem::create_directory(state.reportFolder / (kSmallSurvey + "dat.dat"));
     Download();
-    EXPECT_TRUE(std::filesystem::is_directory(state.ReportFolder / (kSmallSurvey + "dat.dat")));
+    EXPECT_TRUE(std::filesystem::is_directory(state.reportFolder / (kSmallSurvey + "dat.dat")));
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), DataReportOf(SmallSurveyRows()));
 }
 
@@ -157,7 +157,7 @@ TEST_F(DownloadTest, AnotherFolderChosenInTheWalkTakesADataReportOfItsOwnEmptyWo
     EXPECT_THAT(NamesIn(folder / "reports"), ElementsAre(kSmallSurvey + "dat.dat", "datiram.dat"));
     EXPECT_EQ(Report("datiram.dat"), "");
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), BlankDataRecord() + BlankDataRecord());
-    EXPECT_EQ(state.ReportFileName, (folder / "later" / (kSmallSurvey + "num.dat")).string());
+    EXPECT_EQ(state.reportFileName, (folder / "later" / (kSmallSurvey + "num.dat")).string());
 }
 
 /// Runs in a current directory of its own.
@@ -181,8 +181,8 @@ TEST_F(CurrentDirectoryTest, LosesItsWorkFileBehindTheHeadReport)
     WriteFile("datiram.dat", "left there");
     WriteFile("datiram.dat2", "kept");
     bool thereAtTheHeadReport = false;
-    panel.Text1.Watch([&] {
-        if (panel.Text1.Text().ends_with("dat.dat"))
+    panel.reportFile.Watch([&] {
+        if (panel.reportFile.Text().ends_with("dat.dat"))
             thereAtTheHeadReport = std::filesystem::exists("datiram.dat");
     });
     Download();
@@ -202,7 +202,7 @@ TEST_F(CurrentDirectoryTest, KeepsItsWorkFileWhenTheUnitIsSilent)
 
 TEST_F(CurrentDirectoryTest, MayBeTheReportFolder)
 {
-    state.ReportFolder = folder / "current";
+    state.reportFolder = folder / "current";
     Download();
     Download();
     EXPECT_EQ(Report("datiram.dat"), WorkFileOf(SmallSurveyRows()));
@@ -211,16 +211,16 @@ TEST_F(CurrentDirectoryTest, MayBeTheReportFolder)
 
 TEST(ReportNames, JoinFolderSeparatorAndName)
 {
-    HeaderValues values;
-    values.cliente = "C ";
-    values.cantiere = "S";
-    values.tubo = "T";
-    values.nlet = "01";
-    EXPECT_EQ(HeadReportFile("/srv/dati", values).Path(), "/srv/dati/C -S-T-01-dat.dat");
-    EXPECT_EQ(DataReportFile("/srv/dati", values).Path(), "/srv/dati/C -S-T-01-num.dat");
+    HeaderTexts header;
+    header[Client] = "C ";
+    header[Site] = "S";
+    header[Tube] = "T";
+    header[Readout] = "01";
+    EXPECT_EQ(HeadReportFile("/srv/dati", header).Path(), "/srv/dati/C -S-T-01-dat.dat");
+    EXPECT_EQ(DataReportFile("/srv/dati", header).Path(), "/srv/dati/C -S-T-01-num.dat");
     EXPECT_EQ(WorkFile("/srv/dati").Path(), "/srv/dati/datiram.dat");
-    EXPECT_EQ(HeadReportFile("/srv/dati", values).Shown(), "/srv/dati/C -S-T-01-dat.dat");
-    EXPECT_EQ(HeadReportFile(std::filesystem::path(u8"/città"), values).Shown(),
+    EXPECT_EQ(HeadReportFile("/srv/dati", header).Shown(), "/srv/dati/C -S-T-01-dat.dat");
+    EXPECT_EQ(HeadReportFile(std::filesystem::path(u8"/città"), header).Shown(),
               "/citt\xE0/C -S-T-01-dat.dat");
 }
 

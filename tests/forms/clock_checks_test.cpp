@@ -57,8 +57,8 @@ TEST_P(LeavingAClockField, WarnsOutsideItsLimitsAlone)
 {
     ClockBoxes clock;
     const LeaveCase& leave = GetParam();
-    for (TextBox* box : {&clock.Text13a, &clock.Text1a, &clock.Text2a, &clock.Text14a,
-                         &clock.Text3a, &clock.Text4a}) {
+    for (TextBox* box :
+         {&clock.day, &clock.month, &clock.year, &clock.hours, &clock.minutes, &clock.seconds}) {
         box->SetText(leave.own);
     }
     ScriptedBoxes boxes;
@@ -66,7 +66,7 @@ TEST_P(LeavingAClockField, WarnsOutsideItsLimitsAlone)
 
     CheckOf(leave.field).left(clock, boxes);
 
-    EXPECT_EQ(clock.Text1a.Text(), leave.own);
+    EXPECT_EQ(clock.month.Text(), leave.own);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -90,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(ClockChecks, TheSecondsLookAtDayAndHoursNeverAtTheirOwnField)
 {
     ClockBoxes clock;
-    clock.Text13a.SetText("1");
-    clock.Text14a.SetText("60");
-    clock.Text4a.SetText("30");
+    clock.day.SetText("1");
+    clock.hours.SetText("60");
+    clock.seconds.SetText("30");
     ScriptedBoxes boxes;
     boxes.Expect("Attention: Insert two digits");
     boxes.Expect("Attention: Invalid value");
@@ -102,11 +102,11 @@ TEST(ClockChecks, TheSecondsLookAtDayAndHoursNeverAtTheirOwnField)
 TEST(ClockChecks, OneDigitIsTooFewInEveryFieldOfTwo)
 {
     ClockBoxes clock;
-    clock.Text2a.SetText("7");
+    clock.year.SetText("7");
     ScriptedBoxes boxes;
     boxes.Expect("Attention: Insert two digits");
     CheckOf("Text2a").left(clock, boxes);
-    EXPECT_EQ(clock.Text2a.Text(), "7");
+    EXPECT_EQ(clock.year.Text(), "7");
 }
 
 struct DelayCase {

@@ -20,7 +20,7 @@ class SettingsDialogs : public FormsTest
 protected:
     SettingsDialogs()
     {
-        LoadMainForm(panel, state, headers, [this] { return folder.Path(); });
+        LoadMainForm(panel, state, [this] { return folder.Path(); });
     }
 
     static void TypeOver(const char* window, const char* box, const QString& text)
@@ -34,21 +34,21 @@ protected:
 
 TEST_F(SettingsDialogs, EachStoresThePanelWhenItLoads)
 {
-    panel.Text3.SetText("FIRST");
+    panel.header[HeaderBox::Client].SetText("FIRST");
     forms.ShowPortDialog();
     EXPECT_EQ(FileBytes(folder / "intestazione").substr(0, 8), "FIRST   ");
-    panel.Text3.SetText("SECOND");
+    panel.header[HeaderBox::Client].SetText("SECOND");
     forms.ShowClockDialog();
     EXPECT_EQ(FileBytes(folder / "intestazione").substr(0, 8), "SECOND  ");
-    panel.Text3.SetText("THIRD");
+    panel.header[HeaderBox::Client].SetText("THIRD");
     forms.ShowDelayDialog();
     EXPECT_EQ(FileBytes(folder / "intestazione").substr(0, 8), "THIRD   ");
 }
 
 TEST_F(SettingsDialogs, AStoreThatFailsEndsTheProgram)
 {
-    state.CurrentBlock = 0;
-    boxes.Expect("Run-time error: Bad record number 0, writing " + state.HeaderFilePath.string());
+    state.currentBlock = 0;
+    boxes.Expect("Run-time error: Bad record number 0, writing " + state.headerFilePath.string());
 
     forms.ShowClockDialog();
 
@@ -66,9 +66,9 @@ TEST_F(SettingsDialogs, ThePortDialogShowsNoCurrentChoiceAndChooses)
         EXPECT_FALSE(Control<QAbstractButton>("Form1", option).isChecked()) << option;
     }
     QTest::mouseClick(&Control<QAbstractButton>("Form1", "ssOption1_2"), Qt::LeftButton);
-    EXPECT_EQ(state.ComPortNumber, 3);
+    EXPECT_EQ(state.comPortNumber, 3);
     EXPECT_TRUE(Control<QAbstractButton>("Form1", "ssOption1_2").isChecked());
-    EXPECT_EQ(panel.ssOption1.Selected(), 0);
+    EXPECT_EQ(panel.portOptions.Selected(), 0);
 
     EXPECT_EQ(Control<QAbstractButton>("Form1", "command3d1close").text(), "&Close");
     Press("Form1", "command3d1close");
@@ -85,8 +85,8 @@ TEST_F(SettingsDialogs, TheClockDialogReadsWithoutFillingItsFieldsOrShowingAnInd
     EXPECT_EQ(Window("Form2").windowTitle(), "Set Clock");
     EXPECT_THAT(port.sent, ElementsAre("}", "H\r"));
     EXPECT_EQ(Control<QLineEdit>("Form2", "Text2a").text(), "");
-    EXPECT_EQ(panel.Clock.Text2a.Text(), "");
-    EXPECT_FALSE(panel.Label34.Visible());
+    EXPECT_EQ(panel.clock.year.Text(), "");
+    EXPECT_FALSE(panel.waitIndicator.label.Visible());
     EXPECT_FALSE(port.IsOpen());
 }
 

@@ -88,8 +88,8 @@ protected:
 
     void ExpectNothingChosen() const
     {
-        EXPECT_EQ(state.ReportFolder, fs::path());
-        EXPECT_FALSE(panel.command3d1.Enabled());
+        EXPECT_EQ(state.reportFolder, fs::path());
+        EXPECT_FALSE(panel.downloadButton.Enabled());
     }
 
     const fs::path dati = folder / "dati";
@@ -127,8 +127,8 @@ TEST_F(FolderChooser, TakesFoldersWhoseNamesAreNoUnicode)
     EXPECT_EQ(Reason(), "");
     Press("Form6", "command3d1");
 
-    EXPECT_EQ(state.ReportFolder, site / "dati" / "Pozzo\xF2");
-    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_EQ(state.reportFolder, site / "dati" / "Pozzo\xF2");
+    EXPECT_TRUE(panel.downloadButton.Enabled());
     EXPECT_EQ(boxes.shown, 0);
 }
 
@@ -172,8 +172,8 @@ TEST_F(FolderChooser, TakesTheFolderAndEnablesTheDownloadOnOk)
     GoTo(dati / "S12");
     const QPointer<QWidget> form = &Window("Form6");
     Press("Form6", "command3d1");
-    EXPECT_EQ(state.ReportFolder, dati / "S12");
-    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_EQ(state.reportFolder, dati / "S12");
+    EXPECT_TRUE(panel.downloadButton.Enabled());
     EXPECT_TRUE(WindowsNamed("Form6").empty());
     DeleteClosed();
     EXPECT_TRUE(form.isNull());
@@ -191,7 +191,7 @@ TEST_F(FolderChooser, IsWorkedFromTheKeyboard)
     QTest::keyClick(&Dir1(), Qt::Key_Down);
     EXPECT_EQ(ShownPath(), dati / "B");
     QTest::keyClick(&Dir1(), Qt::Key_Return);
-    EXPECT_EQ(state.ReportFolder, dati / "B");
+    EXPECT_EQ(state.reportFolder, dati / "B");
 }
 
 TEST_F(FolderChooser, LeavesFolderAndButtonWhenClosedInAnotherWay)
@@ -213,8 +213,8 @@ TEST_F(FolderChooser, KeepsAFormerChoiceWhenClosedWithoutOk)
     forms.ShowFolderChooser();
     GoTo(home);
     Window("Form6").close();
-    EXPECT_EQ(state.ReportFolder, dati);
-    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_EQ(state.reportFolder, dati);
+    EXPECT_TRUE(panel.downloadButton.Enabled());
 }
 
 TEST_F(FolderChooser, StaysWhereItStandsWhenRaisedAndLoadsAnewWhenReopened)
@@ -238,7 +238,7 @@ TEST_F(FolderChooser, TakesNamesOfAnyScriptAsTheyAre)
     GoTo(name);
     EXPECT_EQ(ShownPath(), name);
     Press("Form6", "command3d1");
-    EXPECT_EQ(state.ReportFolder.native(), name.native());
+    EXPECT_EQ(state.reportFolder.native(), name.native());
 }
 
 TEST_F(FolderChooser, ShowsAFolderThatCannotBeWrittenButDoesNotLetItBeChosen)

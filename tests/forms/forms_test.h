@@ -66,18 +66,17 @@ protected:
 
     TemporaryFolder folder;
     WorkingState state;
-    Panel panel;
+    ControlPanel panel;
     ScriptedBoxes boxes;
     ProgramEnd end;
     Handlers handlers{end, boxes};
     RecordingShell shell;
-    HeaderStore headers{state, panel};
     VirtualWorld world{[this] { CountTick(state); }};
     ScriptedPort port;
     ScriptedUnit unit{world, port};
     NumberedPorts portNames;
     panel::DialogContext dialogs{
-        headers, {port, world, world, boxes, state, &panel}, handlers, portNames};
+        panel, {port, world, world, boxes, state, &panel.waitIndicator}, handlers, portNames};
     panel::SideForms forms{
         {state, panel, handlers, boxes, folder.Path()}, dialogs, shell, folder / "bin"};
 };

@@ -132,15 +132,15 @@ protected:
         if (outcome == Outcome::NotConnected)
             program.boxes.Expect("Attention: TAR--VEX not connected");
         program.world.EndProgramAt(kPatience);
-        const std::string table = FileBytes(program.state.HeaderFilePath);
+        const std::string table = FileBytes(program.state.headerFilePath);
 
         program.ClickLink(command);
 
         const bool reached = (GetParam().atRead ? program.unit.reads : program.unit.wakes) >= n;
         if (!reached) outcome = Outcome::Finishes;
         ExpectOutcome(program);
-        EXPECT_EQ(FileBytes(program.state.HeaderFilePath), table);
-        EXPECT_EQ(program.state.BlockHeader, DefaultHeader(0));
+        EXPECT_EQ(FileBytes(program.state.headerFilePath), table);
+        EXPECT_EQ(program.state.blockHeader, DefaultHeader(0));
         EXPECT_FALSE(program.unhandledFailure.has_value());
         return reached;
     }
@@ -152,8 +152,8 @@ protected:
         EXPECT_EQ(program.world.Ended(), !comesBack);
         EXPECT_EQ(program.LineAtRest(), comesBack);
         EXPECT_EQ(program.port.IsOpen(), !comesBack);
-        EXPECT_EQ(program.panel.Label34.Visible(), !comesBack);
-        EXPECT_EQ(program.panel.Shape1.Visible(), !comesBack);
+        EXPECT_EQ(program.panel.waitIndicator.label.Visible(), !comesBack);
+        EXPECT_EQ(program.panel.waitIndicator.ground.Visible(), !comesBack);
         EXPECT_EQ(program.boxes.shown, outcome == Outcome::NotConnected ? 1 : 0);
         if (outcome == Outcome::WaitsForEver) {
             EXPECT_EQ(program.world.Now(), kPatience);
@@ -179,8 +179,9 @@ TEST_P(FaultSweepTest, ReadBlockKeepsItsPromises)
         TestProgram program;
         SetSmallSurvey(program.unit, 0);
         const std::vector<std::string> before = program.HeaderBoxTexts();
-        reached = RunWithFaultAt(
-            n, program, [&](DeviceLink& link) { ReadBlock(program.panel, program.state, link); });
+        reached = RunWithFaultAt(n, program, [&](DeviceLink& link) {
+            ReadBlock(program.panel, program.state, link, program.view);
+        });
         const std::vector<std::string> after = program.HeaderBoxTexts();
         if (outcome != Outcome::Finishes) {
             EXPECT_EQ(after, before);
@@ -204,17 +205,17 @@ TEST_P(FaultSweepTest, DownloadKeepsItsPromises)
         SetSmallSurvey(program.unit, 0);
         const std::filesystem::path reports = program.folder / "reports";
         std::filesystem::create_directory(reports);
-        program.state.ReportFolder = reports;
-        program.panel.command3d1.Enable();
+        program.state.reportFolder = reports;
+        program.panel.downloadButton.Enable();
         reached = RunWithFaultAt(n, program, [&](DeviceLink& link) {
-            BlockDownload(program.panel, program.state, link);
+            BlockDownload(program.panel, program.state, link, program.view, program.world);
         });
         const bool finished = outcome == Outcome::Finishes;
         const bool headerRead = finished || (n > kHeaderPages && outcome != Outcome::NotConnected);
         ExpectSoundReports(reports);
         EXPECT_EQ(NamesIn(reports).size(), finished ? 3U : headerRead ? 2U : 0U);
         EXPECT_EQ(FileEndingIn(reports, "-num.dat").empty(), !finished);
-        EXPECT_EQ(program.panel.command3d1.Enabled(), finished);
+        EXPECT_EQ(program.panel.downloadButton.Enabled(), finished);
         if (headerRead && !finished) {
             EXPECT_EQ(RowsIn(reports), static_cast<std::size_t>(n - kHeaderPages - 1));
         }

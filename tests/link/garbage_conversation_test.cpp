@@ -53,26 +53,25 @@ void ExpectFramesOnly(const TestProgram& program)
 
 void ExpectBoxesWithinTheirLengths(const TestProgram& program)
 {
-    const Panel& panel = program.panel;
-    for (const TextBox* box :
-         {&panel.Text3, &panel.Text4, &panel.Text5, &panel.Text6, &panel.Text13, &panel.Text7,
-          &panel.Text8, &panel.Text9, &panel.Text10, &panel.Text11, &panel.Text12})
-        EXPECT_LE(box->Text().size(), box->MaximumLength());
+    for (const TextBox& box : program.panel.header.things)
+        EXPECT_LE(box.Text().size(), box.MaximumLength());
 }
 
 /// One run of `command` against a garbage unit; what came of it goes into `tally`.
 void Converse(TestProgram& program, std::uint32_t seed, Tally& tally,
-              const std::function<void(DeviceLink&)>& command)
+              const std::function<void(DeviceLink&, OperatorView&)>& command)
 {
     const GarbageUnit garbage(program, seed, seed % 3 == 0 ? 97 : seed % 3 == 1 ? 80 : 30);
     CountingBoxes boxes;
     program.world.EndProgramAt(kPatience);
-    const std::string table = FileBytes(program.state.HeaderFilePath);
+    const std::string table = FileBytes(program.state.headerFilePath);
 
     program.Click([&] {
-        DeviceLink link(
-            Line{program.port, program.world, program.world, boxes, program.state, &program.panel});
-        command(link);
+        const Line line{program.port, program.world, program.world,
+                        boxes,        program.state, &program.panel.waitIndicator};
+        DeviceLink link(line);
+        OperatorView view(line);
+        command(link, view);
         ++tally.finished;
     });
 
@@ -80,14 +79,15 @@ void Converse(TestProgram& program, std::uint32_t seed, Tally& tally,
     if (program.finishedHandlers == 0) {
         ++tally.waitedForEver;
         EXPECT_EQ(program.world.Now(), kPatience);
-        EXPECT_TRUE(program.panel.Label34.Visible() && program.panel.Shape1.Visible());
+        EXPECT_TRUE(program.panel.waitIndicator.label.Visible() &&
+                    program.panel.waitIndicator.ground.Visible());
     } else {
         EXPECT_TRUE(program.LineAtRest());
     }
     EXPECT_FALSE(program.unhandledFailure.has_value());
-    EXPECT_GE(program.state.TickCounter, 0);
-    EXPECT_LE(program.state.TickCounter, 5000);
-    EXPECT_EQ(FileBytes(program.state.HeaderFilePath), table);
+    EXPECT_GE(program.state.tickCounter, 0);
+    EXPECT_LE(program.state.tickCounter, 5000);
+    EXPECT_EQ(FileBytes(program.state.headerFilePath), table);
     ExpectFramesOnly(program);
     ExpectBoxesWithinTheirLengths(program);
 }
@@ -98,8 +98,9 @@ TEST(GarbageConversation, ReadBlockHoldsItsPromisesAgainstAnyUnit)
     for (std::uint32_t seed = 1; seed <= kSeeds; ++seed) {
         SCOPED_TRACE(seed);
         TestProgram program;
-        Converse(program, seed, tally,
-                 [&](DeviceLink& link) { ReadBlock(program.panel, program.state, link); });
+        Converse(program, seed, tally, [&](DeviceLink& link, OperatorView& view) {
+            ReadBlock(program.panel, program.state, link, view);
+        });
         EXPECT_THAT(NamesIn(program.folder.Path()), ::testing::ElementsAre("intestazione"));
         if (::testing::Test::HasFailure()) return;
     }
@@ -116,9 +117,10 @@ TEST(GarbageConversation, DownloadHoldsItsPromisesAgainstAnyUnit)
         TestProgram program;
         const std::filesystem::path reports = program.folder / "reports";
         std::filesystem::create_directory(reports);
-        program.state.ReportFolder = reports;
-        Converse(program, seed, tally,
-                 [&](DeviceLink& link) { BlockDownload(program.panel, program.state, link); });
+        program.state.reportFolder = reports;
+        Converse(program, seed, tally, [&](DeviceLink& link, OperatorView& view) {
+            BlockDownload(program.panel, program.state, link, view, program.world);
+        });
         EXPECT_THAT(NamesIn(program.folder.Path()),
                     ::testing::ElementsAre("intestazione", "reports"));
         ExpectSoundReports(reports);

@@ -1,5 +1,7 @@
 #include "link/memory_page.h"
 
+#include "core/conversion.h"
+
 #include "link/header_pages.h"
 #include "link_test_fixture.h"
 
@@ -12,7 +14,7 @@ using ::testing::ElementsAre;
 
 struct BlockRow {
     std::string name;
-    std::string index;
+    double number;
     std::string piece;
 };
 
@@ -20,34 +22,46 @@ class ReadBlockPieceTest : public ::testing::TestWithParam<BlockRow>
 {
 };
 
-TEST_P(ReadBlockPieceTest, ComesFromTheTextOfTheIndex)
+TEST_P(ReadBlockPieceTest, ComesFromTheNumber)
 {
     WorkingState state;
-    state.ReadAddrBlock = "before";
-    SetReadBlock(state, GetParam().index);
-    EXPECT_EQ(state.ReadAddrBlock, GetParam().piece);
+    state.readAddrBlock = "before";
+    SetReadBlock(state, GetParam().number);
+    EXPECT_EQ(state.readAddrBlock, GetParam().piece);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Table, ReadBlockPieceTest,
-    ::testing::Values(BlockRow{"Block1", "00", "00"}, BlockRow{"Block2", "01", "01"},
-                      BlockRow{"Block10", "09", "09"}, BlockRow{"Block11", "10", "0A"},
-                      BlockRow{"Block12", "11", "0B"}, BlockRow{"Block16", "15", "0F"},
-                      BlockRow{"Block17", "16", "10"}, BlockRow{"Block26", "25", "19"},
-                      BlockRow{"Block27", "26", "1A"}, BlockRow{"Block30", "29", "1D"},
-                      BlockRow{"Beyond", "30", "before"}, BlockRow{"Below", "-01", "before"},
-                      BlockRow{"OneDigit", "1", "before"}, BlockRow{"ThreeDigits", "001", "before"},
-                      BlockRow{"Hexadecimal", "0A", "before"}, BlockRow{"Empty", "", "before"},
-                      BlockRow{"Blank", " 1", "before"}),
+    ::testing::Values(
+        BlockRow{"Block1", 1, "00"}, BlockRow{"Block2", 2, "01"}, BlockRow{"Block10", 10, "09"},
+        BlockRow{"Block11", 11, "0A"}, BlockRow{"Block12", 12, "0B"}, BlockRow{"Block16", 16, "0F"},
+        BlockRow{"Block17", 17, "10"}, BlockRow{"Block26", 26, "19"}, BlockRow{"Block27", 27, "1A"},
+        BlockRow{"Block30", 30, "1D"}, BlockRow{"Beyond", 31, "before"},
+        BlockRow{"Zero", 0, "before"}, BlockRow{"Below", -3, "before"},
+        BlockRow{"HalfGoesUp", 2.5, "02"}, BlockRow{"HalfBelowTheFirst", 0.5, "before"},
+        BlockRow{"JustBelowTheFirst", 0.6, "00"}, BlockRow{"HalfPastTheLast", 30.5, "before"},
+        BlockRow{"JustPastTheLast", 30.4, "1D"}, BlockRow{"NoNumber", std::nan(""), "before"}),
     RowName());
 
 TEST(ReadBlockPiece, AllThirtyCountUpwardsInHexadecimal)
 {
     WorkingState state;
     for (int index = 0; index < 30; ++index) {
-        SetReadBlock(state, (index < 10 ? "0" : "") + std::to_string(index));
-        EXPECT_EQ(std::stoi(state.ReadAddrBlock, nullptr, 16), index);
-        EXPECT_EQ(state.ReadAddrBlock.size(), 2U);
+        SetReadBlock(state, index + 1);
+        EXPECT_EQ(std::stoi(state.readAddrBlock, nullptr, 16), index);
+        EXPECT_EQ(state.readAddrBlock.size(), 2U);
+    }
+}
+
+TEST(ReadBlockPiece, GoesByTheTwoDigitsOfTheIndex)
+{
+    for (int tenths = -50; tenths <= 1000; ++tenths) {
+        const double number = tenths / 10.0;
+        const std::string digits = TwoDigits(number - 1);
+        const bool isBlock = digits.size() == 2 && digits >= "00" && digits <= "29";
+        WorkingState state;
+        SetReadBlock(state, number);
+        EXPECT_EQ(state.readAddrBlock, isBlock ? TwoHexDigits(std::stoi(digits)) : "") << number;
     }
 }
 
@@ -109,9 +123,9 @@ class PageTest : public LinkTest
 protected:
     void SetUp() override
     {
-        state.ReadAddrBlock = "0A";
-        state.ReadAddrBank = "0";
-        state.ReadAddrPage = "30";
+        state.readAddrBlock = "0A";
+        state.readAddrBank = "0";
+        state.readAddrPage = "30";
     }
 
     /// Reads the page and leaves the reply in `reply`.
@@ -119,7 +133,7 @@ protected:
     {
         OnOpenPort([&](DeviceLink& link) {
             link.UntimedWake();
-            ReadPage(link, panel, state);
+            ReadPage(link, panel.readAddress, state);
             reply = link.Reply();
         });
     }
@@ -131,21 +145,21 @@ TEST_F(PageTest, ShowsTheAddressAndSendsItAndTakesTheReply)
 {
     unit.pages["0A030"] = "1250";
     std::string shownBefore = "none";
-    panel.Text17.Watch([&] { shownBefore = port.sent.back(); });
+    panel.readAddress.Watch([&] { shownBefore = port.sent.back(); });
     Read();
     EXPECT_THAT(port.sent, ElementsAre("}", "a0A030\r"));
     EXPECT_EQ(shownBefore, "}"); // shown before the frame goes out
-    EXPECT_EQ(panel.Text17.Text(), "0A030");
+    EXPECT_EQ(panel.readAddress.Text(), "0A030");
     EXPECT_EQ(reply, "31 32 35 30 00 00 00 00 00 00 00 00 00 00 00 00 \r\n");
     EXPECT_EQ(reply.size(), 50U);
 }
 
 TEST_F(PageTest, WithoutABlockEverReadTheFrameHasFiveBytes)
 {
-    state.ReadAddrBlock = "";
+    state.readAddrBlock = "";
     Read();
     EXPECT_THAT(port.sent, ElementsAre("}", "a030\r"));
-    EXPECT_EQ(panel.Text17.Text(), "030");
+    EXPECT_EQ(panel.readAddress.Text(), "030");
 }
 
 TEST_F(PageTest, TakesALongReplyWhole)
@@ -176,66 +190,67 @@ protected:
     void Read()
     {
         OnOpenPort([&](DeviceLink& link) {
-            answered = ReadHeaderPages(link, panel, state, kHeaderPages, values);
+            answered = ReadHeaderPages(link, panel.readAddress, state, texts);
         });
     }
 
-    HeaderValues values;
+    HeaderTexts texts;
     bool answered = false;
 };
 
 TEST_F(HeaderPagesTest, ReadsOneFieldAPageAndNothingBehindIt)
 {
-    state.ReadAddrBlock = "1D";
-    for (const HeaderPage& page : kHeaderPages)
-        unit.pages["1D0" + std::string(page.page)] = "0123456789ABCDEF";
+    state.readAddrBlock = "1D";
+    for (const auto& row : kHeaderBoxes)
+        unit.pages["1D0" + std::string(row.page)] = "0123456789ABCDEF";
     Read();
     EXPECT_TRUE(answered);
-    EXPECT_EQ(values.cliente, "01234567");
-    EXPECT_EQ(values.cantiere, "01234567");
-    EXPECT_EQ(values.tubo, "0123");
-    EXPECT_EQ(values.profondità, "0123");
-    EXPECT_EQ(values.passo, "0");
-    EXPECT_EQ(values.guide, "0");
-    EXPECT_EQ(values.nord, "0123");
-    EXPECT_EQ(values.nlet, "01");
-    EXPECT_EQ(values.data, "01234567");
-    EXPECT_EQ(values.ora, "01234567");
+    EXPECT_EQ(texts[Client], "01234567");
+    EXPECT_EQ(texts[Site], "01234567");
+    EXPECT_EQ(texts[Tube], "0123");
+    EXPECT_EQ(texts[DepthMetres], "012");
+    EXPECT_EQ(texts[DepthTenths], "3");
+    EXPECT_EQ(texts[Step], "0");
+    EXPECT_EQ(texts[Guides], "0");
+    EXPECT_EQ(texts[North], "0123");
+    EXPECT_EQ(texts[Readout], "01");
+    EXPECT_EQ(texts[Date], "01234567");
+    EXPECT_EQ(texts[Time], "01234567");
     EXPECT_EQ(port.sent.back(), "a1D090\r");
 }
 
 TEST_F(HeaderPagesTest, ASkippedPageKeepsTheValueItHad)
 {
-    state.ReadAddrBlock = "00";
-    values.tubo = "OLD ";
-    values.cantiere = "OLD SITE";
+    state.readAddrBlock = "00";
+    texts[Tube] = "OLD ";
+    texts[Site] = "OLD SITE";
     unit.answerWake = [](int wake) { return wake == 3 ? "?" : "!"; };
     unit.SetHeader(0, {"C", "S", "T", "0015", "1", "4"});
     Read();
-    EXPECT_EQ(values.tubo, "OLD ");
-    EXPECT_EQ(values.cantiere, "S" + std::string(7, '\0'));
+    EXPECT_EQ(texts[Tube], "OLD ");
+    EXPECT_EQ(texts[Site], "S" + std::string(7, '\0'));
     EXPECT_EQ(unit.reads, 9);
 }
 
 TEST_F(HeaderPagesTest, GarbledSingleBytesKeepTheirValueAndOthersComeOutEmpty)
 {
-    values = {"c", "s", "t", "d", "p", "g", "n", "l", "d", "o"};
+    texts = {{"c", "s", "t", "d", "e", "p", "g", "n", "l", "d", "o"}};
     unit.answerRead = [](int, const std::string&) { return std::string(50, '?'); };
     Read();
-    EXPECT_EQ(values.passo, "p");
-    EXPECT_EQ(values.guide, "g");
-    EXPECT_EQ(values.cliente + values.cantiere + values.tubo + values.profondità + values.nord +
-                  values.nlet + values.data + values.ora,
+    EXPECT_EQ(texts[Step], "p");
+    EXPECT_EQ(texts[Guides], "g");
+    EXPECT_EQ(texts[Client] + texts[Site] + texts[Tube] + texts[DepthMetres] + texts[DepthTenths] +
+                  texts[North] + texts[Readout] + texts[Date] + texts[Time],
               "");
 }
 
 TEST_F(HeaderPagesTest, ASilentFirstWakeReadsNothing)
 {
     SilenceUnit();
-    values.cliente = "kept";
+    texts[Client] = "kept";
     Read();
     EXPECT_FALSE(answered);
-    EXPECT_EQ(values.cliente, "kept");
+    EXPECT_EQ(texts[Client], "kept");
     EXPECT_EQ(boxes.shown, 0);
     EXPECT_THAT(port.sent, ElementsAre("}"));
 }

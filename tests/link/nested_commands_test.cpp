@@ -18,7 +18,7 @@ protected:
     NestedCommandsTest()
     {
         std::filesystem::create_directory(folder / "reports");
-        state.ReportFolder = folder / "reports";
+        state.reportFolder = folder / "reports";
         SetSmallSurvey(unit, 0);
         unit.SetHeader(4, {"OTHER   ", "PLACE   ", "Q9  ", "2000", "1", "4", "-090", "07",
                            "010203  ", "040506  "});
@@ -26,18 +26,18 @@ protected:
 
     void Read()
     {
-        ClickLink([&](DeviceLink& link) { ReadBlock(panel, state, link); });
+        ClickLink([&](DeviceLink& link) { ReadBlock(panel, state, link, view); });
     }
 
     void Download()
     {
-        ClickLink([&](DeviceLink& link) { BlockDownload(panel, state, link); });
+        ClickLink([&](DeviceLink& link) { BlockDownload(panel, state, link, view, world); });
     }
 
     void ReadBlockFiveAt(Milliseconds moment)
     {
         world.At(moment, [this] {
-            panel.Text2.SetText("05");
+            panel.blockNumber.SetText("05");
             Read();
         });
     }
@@ -66,7 +66,7 @@ protected:
 
     std::string Report(const std::string& name) const
     {
-        return FileBytes(state.ReportFolder / name);
+        return FileBytes(state.reportFolder / name);
     }
 };
 
@@ -102,7 +102,7 @@ TEST_F(NestedCommandsTest, AReadInsideTheFirstWakeBlanksThePanelWhenTheOuterOneF
     EXPECT_EQ(unit.wakes, 11);
     EXPECT_EQ(unit.reads, 10);
     EXPECT_EQ(Shown(), kBlank);
-    EXPECT_EQ(panel.Text17.Text(), "04090");
+    EXPECT_EQ(panel.readAddress.Text(), "04090");
     EXPECT_EQ(port.history.back(), "close");
     EXPECT_LINK_AT_REST();
 }
@@ -112,7 +112,7 @@ TEST_F(NestedCommandsTest, TheInnerReadTakesTheBytesThatTheOuterOneCounts)
     unit.latency = 50;
     ReadBlockFiveAt(20);
     std::vector<std::string> clients;
-    panel.Text3.Watch([&] { clients.push_back(panel.Text3.Text()); });
+    panel.header[Client].Watch([&] { clients.push_back(panel.header[Client].Text()); });
     Read();
     // The outer wake's answer starts the inner page, the inner wake's stands in front of it.
     EXPECT_THAT(clients, ElementsAre("", ""));
@@ -129,7 +129,7 @@ TEST_F(NestedCommandsTest, AReadInsideALaterWakeLeavesTheOuterOneItsPagesSoFar)
     Read();
     EXPECT_THAT(Shown(),
                 ElementsAre("CLIENT0 ", "SITE0000", "T12 ", "", "", "", "", "", "", "", ""));
-    EXPECT_EQ(panel.Text17.Text(), "04090"); // the outer pages are passed over
+    EXPECT_EQ(panel.readAddress.Text(), "04090"); // the outer pages are passed over
     EXPECT_EQ(finishedHandlers, 2);
     EXPECT_LINK_AT_REST();
 }
@@ -139,8 +139,8 @@ TEST_F(NestedCommandsTest, AReadInsideAReplyWaitLetsTheOuterOneRunThroughItsAddr
     MissRead(3);
     ReadBlockFiveAt(30'000);
     std::vector<std::string> addresses;
-    panel.Text17.Watch([&] {
-        if (!port.IsOpen()) addresses.push_back(panel.Text17.Text());
+    panel.readAddress.Watch([&] {
+        if (!port.IsOpen()) addresses.push_back(panel.readAddress.Text());
     });
     Read();
     EXPECT_THAT(Shown(), ElementsAre("CLIENT0 ", "SITE0000", "", "", "", "", "", "", "", "", ""));
@@ -160,10 +160,10 @@ TEST_F(NestedCommandsTest, AReadInsideTheDownloadsWakeCostsTheRowsFromThereOn)
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), DataReportOf({SmallSurveyRows()[0]}));
     EXPECT_EQ(Report(kSmallSurvey + "dat.dat"), SmallSurveyHeadReport());
     EXPECT_EQ(Shown(), kBlockFive);
-    EXPECT_EQ(panel.Text17.Text(), "04090");
-    EXPECT_EQ(state.ReadAddrBlock, "04");
+    EXPECT_EQ(panel.readAddress.Text(), "04090");
+    EXPECT_EQ(state.readAddrBlock, "04");
     EXPECT_EQ(finishedHandlers, 2);
-    EXPECT_TRUE(panel.command3d1.Enabled());
+    EXPECT_TRUE(panel.downloadButton.Enabled());
     EXPECT_LINK_AT_REST();
 }
 
@@ -177,7 +177,7 @@ TEST_F(NestedCommandsTest, AReadInsideTheDownloadsReplyWaitLeavesRowsWithoutRead
                                            RowRecord("000.5", {"", "", "", ""})};
     EXPECT_EQ(Report("datiram.dat"), WorkFileOf(rows));
     EXPECT_EQ(Report(kSmallSurvey + "num.dat"), DataReportOf(rows));
-    EXPECT_EQ(panel.Text17.Text(), "04020"); // block and bank of the inner read
+    EXPECT_EQ(panel.readAddress.Text(), "04020"); // block and bank of the inner read
     EXPECT_EQ(finishedHandlers, 2);
     EXPECT_LINK_AT_REST();
 }
@@ -188,7 +188,7 @@ TEST_F(NestedCommandsTest, AReadInsideTheDownloadsHeaderLeavesReportsOfWhatItHad
     ReadBlockFiveAt(30'000);
     Download();
     EXPECT_THAT(
-        NamesIn(state.ReportFolder),
+        NamesIn(state.reportFolder),
         ElementsAre("CLIENT0 -SITE0000---dat.dat", "CLIENT0 -SITE0000---num.dat", "datiram.dat"));
     EXPECT_EQ(Report("datiram.dat"), WorkFileOf({}));
     EXPECT_EQ(finishedHandlers, 2);
@@ -203,7 +203,7 @@ TEST_F(NestedCommandsTest, AHandlerThatClosesThePortEndsTheWaitWithoutAWord)
     EXPECT_EQ(Report("datiram.dat"),
               WorkFileOf({RowRecord("001.5", empty), RowRecord("001.0", empty),
                           RowRecord("000.5", empty)}));
-    EXPECT_EQ(panel.Text17.Text(), "00120");
+    EXPECT_EQ(panel.readAddress.Text(), "00120");
     EXPECT_EQ(boxes.shown, 0);
     EXPECT_EQ(finishedHandlers, 2);
 }
@@ -211,7 +211,7 @@ TEST_F(NestedCommandsTest, AHandlerThatClosesThePortEndsTheWaitWithoutAWord)
 TEST_F(NestedCommandsTest, ThePortChosenInAWaitIsThatOfTheNextCommand)
 {
     unit.latency = 10;
-    world.At(5, [&] { Click([&] { panel.ssOption1.Select(2); }); });
+    world.At(5, [&] { Click([&] { panel.portOptions.Select(2); }); });
     Read();
     EXPECT_EQ(port.OpenedPort(), 1);
     EXPECT_EQ(Shown()[0], "CLIENT0 ");
@@ -244,7 +244,7 @@ TEST_F(NestedCommandsTest, TheEndOfTheProgramInsideADownloadMakesNoReportAndClos
     ReadBlockFiveAt(10'000);
     world.EndProgramAt(20'000);
     Download();
-    EXPECT_THAT(NamesIn(state.ReportFolder), ElementsAre(kSmallSurvey + "dat.dat", "datiram.dat"));
+    EXPECT_THAT(NamesIn(state.reportFolder), ElementsAre(kSmallSurvey + "dat.dat", "datiram.dat"));
     EXPECT_EQ(Report("datiram.dat"), WorkFileOf({SmallSurveyRows()[0]}));
     EXPECT_EQ(finishedHandlers, 0);
     EXPECT_LINK_WAITING();
@@ -278,8 +278,8 @@ TEST_F(NestedCommandsTest, AStoreInsideAReadKeepsItsOwnRule)
     world.At(5'000, [&] {
         Click([&] {
             SkipOnError rule;
-            panel.Text3.SetText("TYPED");
-            headers.StorePanel(3);
+            panel.header[Client].SetText("TYPED");
+            StorePanel(panel, state, 3);
         });
         port.Receive(ScriptedUnit::PageReply("SITE0000"));
     });

@@ -1,3 +1,4 @@
+#include "link/operation_end.h"
 #include "link_test_fixture.h"
 
 namespace tarvex::tests
@@ -11,14 +12,14 @@ TEST(TickCounter, CountsFrom0To5000AndStartsAgain)
 {
     WorkingState state;
     CountTick(state);
-    EXPECT_EQ(state.TickCounter, 1);
-    state.TickCounter = 4999;
+    EXPECT_EQ(state.tickCounter, 1);
+    state.tickCounter = 4999;
     CountTick(state);
-    EXPECT_EQ(state.TickCounter, 5000);
+    EXPECT_EQ(state.tickCounter, 5000);
     CountTick(state);
-    EXPECT_EQ(state.TickCounter, 0);
+    EXPECT_EQ(state.tickCounter, 0);
     CountTick(state);
-    EXPECT_EQ(state.TickCounter, 1);
+    EXPECT_EQ(state.tickCounter, 1);
 }
 
 class WaitTest : public LinkTest
@@ -32,16 +33,15 @@ TEST_F(WaitTest, TheCountGoesBackToNaughtAfter5001Ticks)
 {
     OnOpenPort([](DeviceLink& link) { link.UntimedWake(); });
     world.PassTime(500'000 - world.Now());
-    EXPECT_EQ(state.TickCounter, 5000);
+    EXPECT_EQ(state.tickCounter, 5000);
     world.PassTime(100);
-    EXPECT_EQ(state.TickCounter, 0);
+    EXPECT_EQ(state.tickCounter, 0);
 }
 
 struct SettleRow {
     std::string name;
-    SettleBound bound;
     int ticks;
-    Milliseconds lasts; ///< behind a fresh tick
+    Milliseconds lasts; ///< after a fresh tick
     int count;
 };
 
@@ -54,31 +54,30 @@ TEST_P(SettleWaitTest, EndsAtItsBoundAndTakesNothing)
     ReceiveAt(1, "unasked");
     int waiting = -1;
     OnOpenPort([&](DeviceLink& link) {
-        link.SettleWait(GetParam().bound, GetParam().ticks);
+        link.SettleWait(GetParam().ticks);
         endedAt = world.Now();
         waiting = port.InBufferCount();
         reply = link.Reply();
     });
     EXPECT_EQ(endedAt, GetParam().lasts);
-    EXPECT_EQ(state.TickCounter, GetParam().count);
+    EXPECT_EQ(state.tickCounter, GetParam().count);
     EXPECT_EQ(waiting, 7);
     EXPECT_EQ(reply, "");
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "close"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, SettleWaitTest,
-                         ::testing::Values(SettleRow{"AtLeastTwo", SettleBound::AtLeast, 2, 200, 2},
-                                           SettleRow{"AboveTwo", SettleBound::Above, 2, 300, 3},
-                                           SettleRow{"AtLeastFour", SettleBound::AtLeast, 4, 400,
-                                                     4},
-                                           SettleRow{"AboveFour", SettleBound::Above, 4, 500, 5}),
+                         ::testing::Values(SettleRow{"Two", 2, 200, 2},
+                                           SettleRow{"Three", 3, 300, 3},
+                                           SettleRow{"Four", 4, 400, 4},
+                                           SettleRow{"Five", 5, 500, 5}),
                          RowName());
 
 TEST_F(WaitTest, SettlesOnAClosedPortToo)
 {
     ClickLink([&](DeviceLink& link) {
         SkipOnError rule;
-        link.SettleWait(SettleBound::Above, 4);
+        link.SettleWait(5);
     });
     EXPECT_EQ(world.Now(), 500);
     EXPECT_EQ(finishedHandlers, 1);
@@ -87,8 +86,8 @@ TEST_F(WaitTest, SettlesOnAClosedPortToo)
 TEST_F(WaitTest, SettlesFromTheMomentOfItsOwnAndNotFromTheTicksBefore)
 {
     OnOpenPort([&](DeviceLink& link) {
-        link.SettleWait(SettleBound::AtLeast, 4);
-        link.SettleWait(SettleBound::AtLeast, 4);
+        link.SettleWait(4);
+        link.SettleWait(4);
     });
     EXPECT_EQ(world.Now(), 800);
 }
@@ -182,10 +181,10 @@ TEST_F(WaitTest, AWaitCostsOnePassAnEvent)
 TEST_F(WaitTest, OpensWithTheIndicatorFirstAndClosesWithItLast)
 {
     LogIndicator();
-    ClickLink([](DeviceLink& link) {
-        link.ShowWaitIndicator();
+    ClickLink([&](DeviceLink& link) {
+        view.ShowWaitIndicator();
         link.OpenPort();
-        link.Close();
+        EndOperation(link, view);
     });
     EXPECT_THAT(port.history, ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "close",
                                           "Label34 off", "Shape1 off"));
@@ -194,13 +193,14 @@ TEST_F(WaitTest, OpensWithTheIndicatorFirstAndClosesWithItLast)
 TEST_F(WaitTest, LetsTheIndicatorBeSeenBeforeThePortAndGoneAtTheEnd)
 {
     bool seenBeforeOpening = false;
-    world.At(0, [&] { seenBeforeOpening = panel.Shape1.Visible() && !port.IsOpen(); });
+    world.At(0,
+             [&] { seenBeforeOpening = panel.waitIndicator.ground.Visible() && !port.IsOpen(); });
     bool goneAtTheEnd = false;
     ClickLink([&](DeviceLink& link) {
-        link.ShowWaitIndicator();
+        view.ShowWaitIndicator();
         link.OpenPort();
         world.At(0, [&] { goneAtTheEnd = LineAtRest(); });
-        link.Close();
+        EndOperation(link, view);
     });
     EXPECT_TRUE(seenBeforeOpening);
     EXPECT_TRUE(goneAtTheEnd);
@@ -210,10 +210,10 @@ TEST_F(WaitTest, TellsNotConnectedBeforeItClosesAndHides)
 {
     LogIndicator();
     boxes.Expect("Attention: TAR--VEX not connected", [&] { EXPECT_LINK_WAITING(); });
-    ClickLink([](DeviceLink& link) {
-        link.ShowWaitIndicator();
+    ClickLink([&](DeviceLink& link) {
+        view.ShowWaitIndicator();
         link.OpenPort();
-        link.EndUnanswered();
+        EndUnanswered(link, view);
     });
     EXPECT_THAT(port.history, ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "close",
                                           "Label34 off", "Shape1 off"));
@@ -222,11 +222,13 @@ TEST_F(WaitTest, TellsNotConnectedBeforeItClosesAndHides)
 TEST_F(WaitTest, ADialogHasNoIndicator)
 {
     Click([&] {
-        DeviceLink link(Line{port, world, world, boxes, state, nullptr});
-        link.ShowWaitIndicator();
-        EXPECT_FALSE(panel.Label34.Visible());
+        const Line line{port, world, world, boxes, state, nullptr};
+        DeviceLink link(line);
+        OperatorView view(line);
+        view.ShowWaitIndicator();
+        EXPECT_FALSE(panel.waitIndicator.label.Visible());
         link.OpenPort();
-        link.Close();
+        EndOperation(link, view);
     });
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
@@ -235,7 +237,7 @@ TEST_F(WaitTest, ADialogHasNoIndicator)
 TEST_F(WaitTest, AnOpenPortStaysTheOneItIs)
 {
     port.Open();
-    state.ComPortNumber = 4;
+    state.comPortNumber = 4;
     ClickLink([](DeviceLink& link) {
         SkipOnError rule;
         link.OpenPort();
@@ -247,7 +249,7 @@ TEST_F(WaitTest, AnOpenPortStaysTheOneItIs)
 TEST_F(WaitTest, WaitingForEverEndsWithTheProgram)
 {
     world.EndProgramAt(3'000'000);
-    ClickLink([](DeviceLink& link) { link.WaitForEver(); });
+    Click([&] { WaitForEver(world); });
     EXPECT_EQ(world.Now(), 3'000'000);
     EXPECT_EQ(finishedHandlers, 0);
 }
@@ -255,7 +257,7 @@ TEST_F(WaitTest, WaitingForEverEndsWithTheProgram)
 TEST_F(WaitTest, AStoppedTickStartsAfresh)
 {
     SilenceUnit();
-    OnOpenPort([](DeviceLink& link) { link.SettleWait(SettleBound::AtLeast, 2); });
+    OnOpenPort([](DeviceLink& link) { link.SettleWait(2); });
     world.PassTime(50);
     ClickLink([](DeviceLink& link) { link.StopTick(); });
     EXPECT_FALSE(world.TimerRuns());

@@ -38,7 +38,7 @@ TEST_F(WakeTest, SendsOneCharacterAndTakesTheReply)
 
 TEST_F(WakeTest, OpensThePortThatIsChosen)
 {
-    panel.ssOption1.Select(2);
+    panel.portOptions.Select(2);
     Wake();
     EXPECT_EQ(port.OpenedPort(), 3);
     EXPECT_THAT(port.history, ElementsAre("port 3", "open", "> }", "< !", "close"));
@@ -50,7 +50,7 @@ TEST_F(WakeTest, RunsOutAtTheSixthTickOfTheFirstExchange)
     Wake();
     EXPECT_FALSE(woke);
     EXPECT_EQ(endedAt, 600);
-    EXPECT_EQ(state.TickCounter, 6);
+    EXPECT_EQ(state.tickCounter, 6);
     EXPECT_EQ(reply, "");
 }
 
@@ -85,7 +85,7 @@ TEST_F(WakeTest, TakesAByteThatComesJustBeforeTheSixthTick)
     Wake();
     EXPECT_TRUE(woke);
     EXPECT_TRUE(ready);
-    EXPECT_EQ(state.TickCounter, 5);
+    EXPECT_EQ(state.tickCounter, 5);
 }
 
 TEST_F(WakeTest, DropsAByteThatComesOnThePassOfTheSixthTick)
@@ -105,9 +105,9 @@ TEST_F(WakeTest, StartsTheTickOnceAndNeverStopsIt)
     EXPECT_TRUE(world.TimerRuns());
     world.PassTime(1000);
     EXPECT_TRUE(world.TimerRuns());
-    EXPECT_EQ(state.TickCounter, 10);
+    EXPECT_EQ(state.tickCounter, 10);
     Wake();
-    EXPECT_EQ(state.TickCounter, 0);
+    EXPECT_EQ(state.tickCounter, 0);
     EXPECT_TRUE(world.TimerRuns());
 }
 
@@ -190,15 +190,15 @@ TEST_F(WakeTest, UntimedWaitsPastEveryTickAndTheWrapOfTheCount)
     });
     EXPECT_TRUE(ready);
     EXPECT_EQ(endedAt, 1'200'000);
-    EXPECT_LE(state.TickCounter, 5000);
+    EXPECT_LE(state.tickCounter, 5000);
 }
 
 TEST_F(WakeTest, UntimedStartsTheTickFromNaught)
 {
-    state.TickCounter = 4711;
+    state.tickCounter = 4711;
     OnOpenPort([&](DeviceLink& link) { link.UntimedWake(); });
     EXPECT_TRUE(world.TimerRuns());
-    EXPECT_EQ(state.TickCounter, 0);
+    EXPECT_EQ(state.tickCounter, 0);
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "> }", "< !", "close"));
 }
 

@@ -19,10 +19,9 @@ protected:
         port.history.clear();
     }
 
-    bool Exchange(SettleBound bound = SettleBound::AtLeast, int ticks = 2)
+    bool Exchange(int ticks = 2)
     {
-        return WriteExchange(
-            link, [&] { link.SendFrame("b000F03"); }, bound, ticks);
+        return WriteExchange(link, ticks, [&] { link.SendFrame("b000F03"); });
     }
 
     SkipOnError rule;
@@ -90,18 +89,16 @@ INSTANTIATE_TEST_SUITE_P(Answers, WrongAnswerTest,
 
 TEST_F(WriteExchangeTest, BuildsItsFrameOnceTheUnitIsAwake)
 {
-    unit.onWake = [&](int) { panel.Text3.SetText("VERDI"); };
+    unit.onWake = [&](int) { panel.header[Client].SetText("VERDI"); };
 
-    EXPECT_TRUE(WriteExchange(
-        link, [&] { SendHeaderFrame(link, panel, 0); }, SettleBound::AtLeast, 2));
+    EXPECT_TRUE(WriteExchange(link, 2, [&] { SendHeaderFrame(link, panel.header, 0); }));
 
     EXPECT_EQ(port.sent[1].substr(0, 11), "C00000VERDI");
 }
 
 TEST_F(WriteExchangeTest, SettlesAlsoWhenNothingWasThereToSend)
 {
-    EXPECT_TRUE(WriteExchange(
-        link, [&] { SendHeaderFrame(link, panel, 2.5); }, SettleBound::AtLeast, 4));
+    EXPECT_TRUE(WriteExchange(link, 4, [&] { SendHeaderFrame(link, panel.header, 2.5); }));
 
     EXPECT_THAT(port.sent, ElementsAre("}"));
     EXPECT_EQ(world.Now(), 400);
@@ -154,7 +151,6 @@ TEST_F(WriteExchangeTest, SendsNothingMoreWhenTheProgramEndsInTheSettleWait)
 /// How long a settle wait takes by its bound and by when the answer comes in the timer's period.
 struct SettleRow {
     const char* name;
-    SettleBound bound;
     int ticks;
     Milliseconds pressedAt; ///< the timer's period began at 0; the answer comes 1 later
     Milliseconds overAt;
@@ -169,21 +165,21 @@ TEST_P(SettleTest, EndsWithTheTickOfItsBound)
     world.Enable();
     world.PassTime(GetParam().pressedAt);
 
-    EXPECT_TRUE(Exchange(GetParam().bound, GetParam().ticks));
+    EXPECT_TRUE(Exchange(GetParam().ticks));
 
     EXPECT_EQ(world.Now(), GetParam().overAt);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Bounds, SettleTest,
-    ::testing::Values(SettleRow{"AtLeast2FromTheStartOfAPeriod", SettleBound::AtLeast, 2, 0, 200},
-                      SettleRow{"AtLeast2FromTheEndOfAPeriod", SettleBound::AtLeast, 2, 98, 200},
-                      SettleRow{"Above2FromTheStartOfAPeriod", SettleBound::Above, 2, 0, 300},
-                      SettleRow{"Above2FromTheEndOfAPeriod", SettleBound::Above, 2, 98, 300},
-                      SettleRow{"AtLeast4FromTheStartOfAPeriod", SettleBound::AtLeast, 4, 0, 400},
-                      SettleRow{"AtLeast4FromTheEndOfAPeriod", SettleBound::AtLeast, 4, 98, 400},
+    ::testing::Values(SettleRow{"TwoFromTheStartOfAPeriod", 2, 0, 200},
+                      SettleRow{"TwoFromTheEndOfAPeriod", 2, 98, 200},
+                      SettleRow{"ThreeFromTheStartOfAPeriod", 3, 0, 300},
+                      SettleRow{"ThreeFromTheEndOfAPeriod", 3, 98, 300},
+                      SettleRow{"FourFromTheStartOfAPeriod", 4, 0, 400},
+                      SettleRow{"FourFromTheEndOfAPeriod", 4, 98, 400},
                       // The tick of the pass on which the answer is taken does not count.
-                      SettleRow{"AtLeast2FromATick", SettleBound::AtLeast, 2, 99, 300}),
+                      SettleRow{"TwoFromATick", 2, 99, 300}),
     RowName());
 
 } // namespace

@@ -28,22 +28,22 @@ protected:
     {
         link.OpenPort();
         port.history.clear();
-        panel.Text3.SetText("ROSSI   ");
-        panel.Text4.SetText("DIGA A  ");
-        panel.Text5.SetText("T12 ");
-        panel.Text6.SetText("125");
-        panel.Text13.SetText("7");
-        panel.Text7.SetText("1");
-        panel.Text8.SetText("4");
-        panel.Text9.SetText("-015");
-        panel.Text10.SetText("03");
-        panel.Text11.SetText("161126");
-        panel.Text12.SetText("093059");
-        panel.Text18.SetText("+1.1111");
-        panel.Text20.SetText("+0.2222");
-        panel.Text19.SetText("-3.3333");
-        panel.Text21.SetText("-0.4444");
-        panel.Text22.SetText("P");
+        panel.header[Client].SetText("ROSSI   ");
+        panel.header[Site].SetText("DIGA A  ");
+        panel.header[Tube].SetText("T12 ");
+        panel.header[DepthMetres].SetText("125");
+        panel.header[DepthTenths].SetText("7");
+        panel.header[Step].SetText("1");
+        panel.header[Guides].SetText("4");
+        panel.header[North].SetText("-015");
+        panel.header[Readout].SetText("03");
+        panel.header[Date].SetText("161126");
+        panel.header[Time].SetText("093059");
+        panel.calibration[Gain1].SetText("+1.1111");
+        panel.calibration[Zero1].SetText("+0.2222");
+        panel.calibration[Gain2].SetText("-3.3333");
+        panel.calibration[Zero2].SetText("-0.4444");
+        panel.calibration[Point].SetText("P");
     }
 
     SkipOnError rule;
@@ -52,7 +52,7 @@ protected:
 
 TEST_F(WriteFramesTest, HeaderFrameCarriesTheElevenBoxesInTheirOrder)
 {
-    SendHeaderFrame(link, panel, 10);
+    SendHeaderFrame(link, panel.header, 10);
 
     EXPECT_THAT(port.sent, ElementsAre("C0A000ROSSI   DIGA A  T12 125714-01503161126093059\r"));
     EXPECT_EQ(port.sent[0].size(), 51U);
@@ -60,7 +60,7 @@ TEST_F(WriteFramesTest, HeaderFrameCarriesTheElevenBoxesInTheirOrder)
 
 TEST_F(WriteFramesTest, CalibrationFrameCarriesEachGainBeforeItsZero)
 {
-    SendCalibrationFrame(link, panel, 10);
+    SendCalibrationFrame(link, panel.calibration, 10);
 
     EXPECT_THAT(port.sent, ElementsAre("D0A000+1.1111+0.2222-3.3333-0.4444P\r"));
     EXPECT_EQ(port.sent[0].size(), 36U);
@@ -77,8 +77,8 @@ TEST_F(WriteFramesTest, EachOfTheThirtyIndicesHasItsAddress)
 {
     for (std::size_t index = 0; index < kAddresses.size(); ++index) {
         port.sent.clear();
-        SendHeaderFrame(link, panel, static_cast<double>(index));
-        SendCalibrationFrame(link, panel, static_cast<double>(index));
+        SendHeaderFrame(link, panel.header, static_cast<double>(index));
+        SendCalibrationFrame(link, panel.calibration, static_cast<double>(index));
         ASSERT_EQ(port.sent.size(), 2U);
         EXPECT_EQ(port.sent[0].substr(0, 6), std::string("C") + kAddresses[index]);
         EXPECT_EQ(port.sent[1].substr(0, 6), std::string("D") + kAddresses[index]);
@@ -90,30 +90,30 @@ TEST_F(WriteFramesTest, AnyOtherIndexSendsNothing)
     for (const double index :
          {-1.0, 30.0, 99.0, 2.5, 0.5, -0.5, 29.5, 28.999999, 4294967296.0, std::nan(""),
           std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()}) {
-        SendHeaderFrame(link, panel, index);
-        SendCalibrationFrame(link, panel, index);
+        SendHeaderFrame(link, panel.header, index);
+        SendCalibrationFrame(link, panel.calibration, index);
         EXPECT_THAT(port.sent, IsEmpty()) << index;
     }
 }
 
 TEST_F(WriteFramesTest, ADefaultDateGoesOutWithoutItsTwoBlanks)
 {
-    LoadHeaderBoxes(panel, DefaultHeader(10));
+    LoadHeader(panel.header, DefaultHeader(10));
 
-    SendHeaderFrame(link, panel, 10);
+    SendHeaderFrame(link, panel.header, 10);
 
     EXPECT_THAT(port.sent, ElementsAre("C0A000CLIENT11SITE0000T   000002+00000DDMMYYhhmmss\r"));
 }
 
 TEST_F(WriteFramesTest, AShortTextMakesTheFrameShort)
 {
-    panel.Text3.SetText("A");
-    panel.Text6.SetText("");
-    panel.Text12.SetText("");
-    panel.Text19.SetText("");
+    panel.header[Client].SetText("A");
+    panel.header[DepthMetres].SetText("");
+    panel.header[Time].SetText("");
+    panel.calibration[Gain2].SetText("");
 
-    SendHeaderFrame(link, panel, 0);
-    SendCalibrationFrame(link, panel, 0);
+    SendHeaderFrame(link, panel.header, 0);
+    SendCalibrationFrame(link, panel.calibration, 0);
 
     EXPECT_THAT(port.sent, ElementsAre("C00000ADIGA A  T12 714-01503161126\r",
                                        "D00000+1.1111+0.2222-0.4444P\r"));
@@ -121,12 +121,12 @@ TEST_F(WriteFramesTest, AShortTextMakesTheFrameShort)
 
 TEST_F(WriteFramesTest, ALongTextIsCutAtItsBox)
 {
-    panel.Text3.SetText("ROSSI & FIGLI");
-    panel.Text13.SetText("78");
-    panel.Text22.SetText("PQ");
+    panel.header[Client].SetText("ROSSI & FIGLI");
+    panel.header[DepthTenths].SetText("78");
+    panel.calibration[Point].SetText("PQ");
 
-    SendHeaderFrame(link, panel, 0);
-    SendCalibrationFrame(link, panel, 0);
+    SendHeaderFrame(link, panel.header, 0);
+    SendCalibrationFrame(link, panel.calibration, 0);
 
     EXPECT_EQ(port.sent[0], "C00000ROSSI & DIGA A  T12 125714-01503161126093059\r");
     EXPECT_EQ(port.sent[1], "D00000+1.1111+0.2222-3.3333-0.4444P\r");
@@ -135,9 +135,9 @@ TEST_F(WriteFramesTest, ALongTextIsCutAtItsBox)
 TEST_F(WriteFramesTest, EveryByteGoesOutAsItStands)
 {
     const std::string odd("\0\r\n\xE0\x80\xFF !", 8);
-    panel.Text4.SetText(odd);
+    panel.header[Site].SetText(odd);
 
-    SendHeaderFrame(link, panel, 29);
+    SendHeaderFrame(link, panel.header, 29);
 
     EXPECT_EQ(port.sent[0], "C1D000ROSSI   " + odd + "T12 125714-01503161126093059\r");
 }
@@ -146,8 +146,8 @@ TEST_F(WriteFramesTest, NothingGoesOutOnAPortThatIsNotOpen)
 {
     link.ClosePort();
 
-    SendHeaderFrame(link, panel, 0);
-    SendCalibrationFrame(link, panel, 0);
+    SendHeaderFrame(link, panel.header, 0);
+    SendCalibrationFrame(link, panel.calibration, 0);
     SendClosingFrame(link);
 
     EXPECT_THAT(port.sent, IsEmpty());

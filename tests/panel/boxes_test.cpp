@@ -72,15 +72,15 @@ using Boxes = WindowTest;
 TEST_F(Boxes, TypedTextReachesTheModelCutToItsLength)
 {
     TypeInto("Text3", "Rossi & Figli");
-    EXPECT_EQ(panel.Text3.Text(), "Rossi & ");
+    EXPECT_EQ(panel.header[Client].Text(), "Rossi & ");
     EXPECT_EQ(Edit("Text3").text(), "Rossi & ");
 }
 
 TEST_F(Boxes, ModelTextReachesTheWindow)
 {
-    panel.Text3.SetText("CAFF\xC8");
+    panel.header[Client].SetText("CAFF\xC8");
     EXPECT_EQ(Edit("Text3").text(), QString::fromUtf8("CAFFÈ"));
-    panel.Text17.SetText("1D0F0");
+    panel.readAddress.SetText("1D0F0");
     EXPECT_EQ(Edit("Text17").text(), "1D0F0");
 }
 
@@ -91,7 +91,7 @@ TEST_F(Boxes, ACharacterOutsideTheCodePageBecomesAQuestionMarkWhereItWasTyped)
     PressCharacter(Edit("Text3"), QChar(0x03A9)); // a Greek letter
     QTest::keyClicks(&Edit("Text3"), "x");
     EXPECT_EQ(Edit("Text3").text(), "A?xBC");
-    EXPECT_EQ(panel.Text3.Text(), "A?xBC");
+    EXPECT_EQ(panel.header[Client].Text(), "A?xBC");
 }
 
 TEST_F(Boxes, ACharacterOfTwoUnitsBecomesOneQuestionMark)
@@ -99,7 +99,7 @@ TEST_F(Boxes, ACharacterOfTwoUnitsBecomesOneQuestionMark)
     Enter("Text3");
     QApplication::clipboard()->setText(QString::fromUtf8("a😀b"));
     Edit("Text3").paste();
-    EXPECT_EQ(panel.Text3.Text(), "a?b");
+    EXPECT_EQ(panel.header[Client].Text(), "a?b");
 }
 
 TEST_F(Boxes, ALetterWithItsAccentApartIsOneByte)
@@ -107,15 +107,15 @@ TEST_F(Boxes, ALetterWithItsAccentApartIsOneByte)
     Enter("Text3");
     QApplication::clipboard()->setText(QString::fromUtf8("caffe\xCC\x80"));
     Edit("Text3").paste();
-    EXPECT_EQ(panel.Text3.Text(), "caff\xE8");
+    EXPECT_EQ(panel.header[Client].Text(), "caff\xE8");
 }
 
 TEST_F(Boxes, NulAndCarriageReturnOfTheUnitSurviveAnEditBesideThem)
 {
-    panel.Text4.SetText(std::string("A\0B\rC", 5));
+    panel.header[Site].SetText(std::string("A\0B\rC", 5));
     Edit("Text4").setCursorPosition(5);
     QTest::keyClicks(&Edit("Text4"), "D");
-    EXPECT_EQ(panel.Text4.Text(), std::string("A\0B\rCD", 6));
+    EXPECT_EQ(panel.header[Site].Text(), std::string("A\0B\rCD", 6));
 }
 
 TEST_F(Boxes, LockedBoxesTakeNoTyping)
@@ -139,7 +139,7 @@ TEST_F(Boxes, EnteringByTabSelectsTheWholeTextSoThatTypingReplacesIt)
     EXPECT_EQ(Focused(), "Text4");
     EXPECT_EQ(Edit("Text4").selectedText(), "SITE0000");
     QTest::keyClicks(&Edit("Text4"), "diga");
-    EXPECT_EQ(panel.Text4.Text(), "diga");
+    EXPECT_EQ(panel.header[Site].Text(), "diga");
 }
 
 TEST_F(Boxes, EnteringByAClickSelectsTheWholeText)
@@ -188,15 +188,15 @@ TEST_F(Boxes, TheFormStartsInTheBlockNumberWithItsTextSelected)
 TEST_F(Boxes, DoubleClickOnTheTenthsTogglesThem)
 {
     QTest::mouseDClick(&Edit("Text13"), Qt::LeftButton);
-    EXPECT_EQ(panel.Text13.Text(), "5");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "5");
     EXPECT_EQ(Edit("Text13").text(), "5");
     QTest::mouseDClick(&Edit("Text13"), Qt::LeftButton);
-    EXPECT_EQ(panel.Text13.Text(), "0");
-    panel.Text13.SetText("");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "0");
+    panel.header[DepthTenths].SetText("");
     QTest::mouseDClick(&Edit("Text13"), Qt::LeftButton);
-    EXPECT_EQ(panel.Text13.Text(), "0");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "0");
     QTest::mouseDClick(&Edit("Text6"), Qt::LeftButton);
-    EXPECT_EQ(panel.Text6.Text(), "000");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "000");
 }
 
 } // namespace

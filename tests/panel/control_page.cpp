@@ -25,9 +25,9 @@ constexpr CommandEntry kEntries[] = {
     {Command::BlockDownload, "BlockDownload", "download/block_download.cpp"},
     {Command::DownloadBlockUp, "StepDownloadBlockUp", "panel/field_rules.cpp"},
     {Command::DownloadBlockDown, "StepDownloadBlockDown", "panel/field_rules.cpp"},
-    {Command::StepRecordUp, "StepRecordUp", "download/file_commands.cpp"},
-    {Command::StepRecordDown, "StepRecordDown", "download/file_commands.cpp"},
-    {Command::CopyHeaderForward, "CopyHeaderForward", "download/file_commands.cpp"},
+    {Command::StepRecordUp, "StepRecordUp", "core/header_steps.cpp"},
+    {Command::StepRecordDown, "StepRecordDown", "core/header_steps.cpp"},
+    {Command::CopyHeaderForward, "CopyHeaderForward", "core/header_steps.cpp"},
     {Command::ChooseHeaderFile, "ChooseHeaderFile", "download/file_commands.cpp"},
     {Command::CreateDefaultHeaderFile, "CreateDefaultHeaderFile", "download/file_commands.cpp"},
     {Command::ShowFolderChooser, "ShowFolderChooser", "panel/forms.h"},
@@ -130,7 +130,7 @@ void Add(std::string& list, const std::string& item)
 
 std::string AtStart(const ControlRow& row)
 {
-    Panel panel;
+    ControlPanel panel;
     std::string state;
     if (StartsHidden(row)) Add(state, "hidden");
     const Control* control = ControlOf(row, panel);
@@ -143,7 +143,7 @@ std::string AtStart(const ControlRow& row)
 
 std::string Length(const ControlRow& row)
 {
-    Panel panel;
+    ControlPanel panel;
     const TextBox* box = TextBoxOf(row, panel);
     if (box == nullptr || box->MaximumLength() == TextBox::kAnyLength) return {};
     return std::to_string(box->MaximumLength());

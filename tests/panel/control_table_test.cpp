@@ -77,7 +77,7 @@ TEST_P(ButtonRow, HasItsTextsItsCommandAndItsFirstState)
 {
     const Expected& expected = GetParam();
     const ControlRow& row = RowNamed(expected.name);
-    Panel panel;
+    ControlPanel panel;
     const Control* control = ControlOf(row, panel);
     EXPECT_EQ(row.caption, expected.caption);
     EXPECT_EQ(row.toolTip, expected.toolTip);
@@ -165,7 +165,7 @@ TEST_P(BoxRow, HasItsLengthItsTextsAndItsFirstState)
 {
     const ExpectedBox& expected = GetParam();
     const ControlRow& row = RowNamed(expected.name);
-    Panel panel;
+    ControlPanel panel;
     const TextBox* box = TextBoxOf(row, panel);
     ASSERT_NE(box, nullptr);
     EXPECT_EQ(box->MaximumLength(), expected.length);

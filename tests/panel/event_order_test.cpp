@@ -123,7 +123,7 @@ TEST_P(ComingBack, RunsTheRuleBeforeTheCommandReadsTheBoxes)
         "ATTENTION: ALL BLOCKS MEMORY DATA WILL BE LOST, WOULD YOU LIKE TO CONTINUE ?", false);
     ClickInOrder("Command6"); // Set Block stores the panel, then asks
     EXPECT_EQ(StoredHeader(1).profondità.View(), "0120");
-    EXPECT_EQ(state.DepthText, "0120");
+    EXPECT_EQ(state.depthText, "0120");
 }
 
 TEST_P(ComingBack, RunsACommandOnceAfterTheOneBoxOfTheRule)
@@ -151,11 +151,11 @@ TEST_P(ComingBack, RunsACommandOnceWhenTheBoxHasTakenTheRelease)
 TEST_P(ComingBack, RunsTheRuleBeforeTheTabTurns)
 {
     TypeAndGoAway("Text9", "+1");
-    boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.Frame1.Visible()); });
+    boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.headerFrame.Visible()); });
     auto& strip = Named<QTabBar>("TabStrip1");
     ClickInOrder(strip, strip.tabRect(1).center());
-    EXPECT_TRUE(panel.Frame2.Visible());
-    EXPECT_EQ(panel.Text9.Text(), "+000");
+    EXPECT_TRUE(panel.downloadFrame.Visible());
+    EXPECT_EQ(panel.header[North].Text(), "+000");
 }
 
 TEST_P(ComingBack, RunsTheRuleOnceOnTheWayToAnotherField)
@@ -164,13 +164,13 @@ TEST_P(ComingBack, RunsTheRuleOnceOnTheWayToAnotherField)
     boxes.Expect(kInvalidValue);
     ClickInOrder("Text8");
     Activate();
-    EXPECT_EQ(panel.Text7.Text(), "0");
+    EXPECT_EQ(panel.header[Step].Text(), "0");
     EXPECT_EQ(Focused(), "Text8");
     EXPECT_EQ(Edit("Text8").selectedText(), "2");
     PressKey(Qt::Key_9); // over what is selected
     boxes.Expect(kInvalidValue);
     ClickOn("Command11");
-    EXPECT_EQ(panel.Text8.Text(), "2");
+    EXPECT_EQ(panel.header[Guides].Text(), "2");
     EXPECT_EQ(boxes.shown, 2);
 }
 
@@ -180,8 +180,8 @@ TEST_P(ComingBack, LeavesTheOtherFieldBeforeADoubleClickToggles)
     ClickInOrder("Text13");
     QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {},
                        Named("Text13").mapTo(window.get(), Named("Text13").rect().center()));
-    EXPECT_EQ(panel.Text6.Text(), "005");
-    EXPECT_EQ(panel.Text13.Text(), "5");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "005");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "5");
 }
 
 TEST_P(ComingBack, IntoTheFieldThatWasInWorkLeavesNothing)
@@ -192,18 +192,18 @@ TEST_P(ComingBack, IntoTheFieldThatWasInWorkLeavesNothing)
     EXPECT_EQ(boxes.shown, 0);
     EXPECT_EQ(Focused(), "Text7");
     EXPECT_EQ(Edit("Text7").selectedText(), "");
-    panel.Text7.SetText("1");
+    panel.header[Step].SetText("1");
 }
 
 TEST_P(ComingBack, ToADisabledButtonLeavesNothing)
 {
-    panel.Command3.Disable();
+    panel.readBlockButton.Disable();
     TypeAndGoAway("Text7", "2");
     ClickInOrder("Command3");
     Activate();
     EXPECT_EQ(boxes.shown, 0);
     EXPECT_EQ(Focused(), "Text7");
-    panel.Text7.SetText("1");
+    panel.header[Step].SetText("1");
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -239,9 +239,9 @@ TEST_F(Away, AnEntryOfTheServiceListRunsTheRuleFirst)
 TEST_F(Away, TheWheelOnTheTabsRunsTheRuleFirst)
 {
     TypeAndGoAway("Text7", "2");
-    boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.Frame1.Visible()); });
+    boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.headerFrame.Visible()); });
     Named<QTabBar>("TabStrip1").setCurrentIndex(1);
-    EXPECT_TRUE(panel.Frame2.Visible());
+    EXPECT_TRUE(panel.downloadFrame.Visible());
 }
 
 TEST_F(Away, TheProgramsMoveOfTheFocusRunsTheRuleWithTheActivation)
@@ -250,7 +250,7 @@ TEST_F(Away, TheProgramsMoveOfTheFocusRunsTheRuleWithTheActivation)
     Enter("Text8");
     boxes.Expect(kInvalidValue);
     Activate();
-    EXPECT_EQ(panel.Text7.Text(), "0");
+    EXPECT_EQ(panel.header[Step].Text(), "0");
 }
 
 TEST_F(Away, KeysThatReachAFieldBringItIntoWork)
@@ -262,7 +262,7 @@ TEST_F(Away, KeysThatReachAFieldBringItIntoWork)
     boxes.Expect(kInvalidValue);
     QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
                       Named("Command11").mapTo(window.get(), Named("Command11").rect().center()));
-    EXPECT_EQ(panel.Text7.Text(), "0");
+    EXPECT_EQ(panel.header[Step].Text(), "0");
     EXPECT_EQ(forms.opened, std::vector<std::string>{"about"});
 }
 

@@ -4,10 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <variant>
+
 namespace tarvex::tests
 {
 
 using namespace panel;
+using enum HeaderBox;
 
 namespace
 {
@@ -19,7 +22,7 @@ constexpr const char* kWrongBlock = "Attention: Incorrect block number";
 
 struct RuleCase {
     const char* name;
-    TextBox Panel::*box;
+    std::variant<TextBox ControlPanel::*, HeaderBox> box;
     FieldRule leave;
     std::string typed;
     std::string becomes;
@@ -36,62 +39,68 @@ class OneFieldRule : public ::testing::TestWithParam<RuleCase>
 };
 
 const RuleCase kCases[] = {
-    {"EmptyBlockNumber", &Panel::Text2, LeaveText2, "", "", kNoBlock},
-    {"Block00", &Panel::Text2, LeaveText2, "00", "00", nullptr},
-    {"Block01", &Panel::Text2, LeaveText2, "01", "01", nullptr},
-    {"Block29", &Panel::Text2, LeaveText2, "29", "29", nullptr},
-    {"Block30", &Panel::Text2, LeaveText2, "30", "30", kWrongBlock},
-    {"Block99", &Panel::Text2, LeaveText2, "99", "99", kWrongBlock},
-    {"BlockBelowZero", &Panel::Text2, LeaveText2, "-1", "-1", kWrongBlock},
-    {"BlockMinusZero", &Panel::Text2, LeaveText2, "-0", "-0", nullptr},
-    {"BlockOfLetters", &Panel::Text2, LeaveText2, "ab", "ab", nullptr},
-    {"BlockOfBlanks", &Panel::Text2, LeaveText2, "  ", "  ", nullptr},
-    {"EmptyDownloadBlock", &Panel::numblocco, LeaveNumblocco, "", "", kNoBlock},
-    {"DownloadBlock7", &Panel::numblocco, LeaveNumblocco, "7", "7", nullptr},
-    {"DownloadBlock29", &Panel::numblocco, LeaveNumblocco, "29", "29", nullptr},
-    {"DownloadBlock30", &Panel::numblocco, LeaveNumblocco, "30", "30", kWrongBlock},
-    {"DownloadBlockBelowZero", &Panel::numblocco, LeaveNumblocco, "-9", "-9", kWrongBlock},
-    {"ClientShort", &Panel::Text3, LeaveText3, "rossi", "ROSSI   ", nullptr},
-    {"ClientEmpty", &Panel::Text3, LeaveText3, "", "        ", nullptr},
-    {"ClientFull", &Panel::Text3, LeaveText3, "Dell'Oro", "DELL'ORO", nullptr},
-    {"ClientLeadingBlank", &Panel::Text3, LeaveText3, " a", " A      ", nullptr},
-    {"ClientAccents", &Panel::Text3, LeaveText3, "\xE0\xFF\xDF\xB5", "\xC0\x9F\xDF\xB5    ",
-     nullptr},
-    {"SiteShort", &Panel::Text4, LeaveText4, "diga 1", "DIGA 1  ", nullptr},
-    {"SiteEmpty", &Panel::Text4, LeaveText4, "", "        ", nullptr},
-    {"TubeShort", &Panel::Text5, LeaveText5, "t7", "T7  ", nullptr},
-    {"TubeFull", &Panel::Text5, LeaveText5, "i-12", "I-12", nullptr},
-    {"TubeEmpty", &Panel::Text5, LeaveText5, "", "    ", nullptr},
-    {"Step0", &Panel::Text7, LeaveText7, "0", "0", nullptr},
-    {"Step1", &Panel::Text7, LeaveText7, "1", "1", nullptr},
-    {"Step2", &Panel::Text7, LeaveText7, "2", "0", kInvalidValue},
-    {"StepEmpty", &Panel::Text7, LeaveText7, "", "0", kInvalidValue},
-    {"Guides2", &Panel::Text8, LeaveText8, "2", "2", nullptr},
-    {"Guides4", &Panel::Text8, LeaveText8, "4", "4", nullptr},
-    {"Guides3", &Panel::Text8, LeaveText8, "3", "2", kInvalidValue},
-    {"GuidesEmpty", &Panel::Text8, LeaveText8, "", "2", kInvalidValue},
-    {"NorthThreeCharacters", &Panel::Text9, LeaveText9, "+12", "+000", kInvalidValue},
-    {"NorthEmpty", &Panel::Text9, LeaveText9, "", "+000", kInvalidValue},
-    {"NorthOfLetters", &Panel::Text9, LeaveText9, "nord", "nord", nullptr},
-    {"NorthBeyondTheCircle", &Panel::Text9, LeaveText9, "-999", "-999", nullptr},
-    {"ReadoutEmpty", &Panel::Text10, LeaveText10, "", "00", nullptr},
-    {"ReadoutOneDigit", &Panel::Text10, LeaveText10, "7", "07", nullptr},
-    {"ReadoutTwoDigits", &Panel::Text10, LeaveText10, "12", "12", nullptr},
-    {"ReadoutLetter", &Panel::Text10, LeaveText10, "x", "0x", nullptr},
+    {"EmptyBlockNumber", &ControlPanel::blockNumber, LeaveBlockNumber, "", "", kNoBlock},
+    {"Block00", &ControlPanel::blockNumber, LeaveBlockNumber, "00", "00", nullptr},
+    {"Block01", &ControlPanel::blockNumber, LeaveBlockNumber, "01", "01", nullptr},
+    {"Block29", &ControlPanel::blockNumber, LeaveBlockNumber, "29", "29", nullptr},
+    {"Block30", &ControlPanel::blockNumber, LeaveBlockNumber, "30", "30", kWrongBlock},
+    {"Block99", &ControlPanel::blockNumber, LeaveBlockNumber, "99", "99", kWrongBlock},
+    {"BlockBelowZero", &ControlPanel::blockNumber, LeaveBlockNumber, "-1", "-1", kWrongBlock},
+    {"BlockMinusZero", &ControlPanel::blockNumber, LeaveBlockNumber, "-0", "-0", nullptr},
+    {"BlockOfLetters", &ControlPanel::blockNumber, LeaveBlockNumber, "ab", "ab", nullptr},
+    {"BlockOfBlanks", &ControlPanel::blockNumber, LeaveBlockNumber, "  ", "  ", nullptr},
+    {"EmptyDownloadBlock", &ControlPanel::downloadBlock, LeaveDownloadBlock, "", "", kNoBlock},
+    {"DownloadBlock7", &ControlPanel::downloadBlock, LeaveDownloadBlock, "7", "7", nullptr},
+    {"DownloadBlock29", &ControlPanel::downloadBlock, LeaveDownloadBlock, "29", "29", nullptr},
+    {"DownloadBlock30", &ControlPanel::downloadBlock, LeaveDownloadBlock, "30", "30", kWrongBlock},
+    {"DownloadBlockBelowZero", &ControlPanel::downloadBlock, LeaveDownloadBlock, "-9", "-9",
+     kWrongBlock},
+    {"ClientShort", Client, LeaveClient, "rossi", "ROSSI   ", nullptr},
+    {"ClientEmpty", Client, LeaveClient, "", "        ", nullptr},
+    {"ClientFull", Client, LeaveClient, "Dell'Oro", "DELL'ORO", nullptr},
+    {"ClientLeadingBlank", Client, LeaveClient, " a", " A      ", nullptr},
+    {"ClientAccents", Client, LeaveClient, "\xE0\xFF\xDF\xB5", "\xC0\x9F\xDF\xB5    ", nullptr},
+    {"SiteShort", Site, LeaveSite, "diga 1", "DIGA 1  ", nullptr},
+    {"SiteEmpty", Site, LeaveSite, "", "        ", nullptr},
+    {"TubeShort", Tube, LeaveTube, "t7", "T7  ", nullptr},
+    {"TubeFull", Tube, LeaveTube, "i-12", "I-12", nullptr},
+    {"TubeEmpty", Tube, LeaveTube, "", "    ", nullptr},
+    {"Step0", Step, LeaveStep, "0", "0", nullptr},
+    {"Step1", Step, LeaveStep, "1", "1", nullptr},
+    {"Step2", Step, LeaveStep, "2", "0", kInvalidValue},
+    {"StepEmpty", Step, LeaveStep, "", "0", kInvalidValue},
+    {"Guides2", Guides, LeaveGuides, "2", "2", nullptr},
+    {"Guides4", Guides, LeaveGuides, "4", "4", nullptr},
+    {"Guides3", Guides, LeaveGuides, "3", "2", kInvalidValue},
+    {"GuidesEmpty", Guides, LeaveGuides, "", "2", kInvalidValue},
+    {"NorthThreeCharacters", North, LeaveNorth, "+12", "+000", kInvalidValue},
+    {"NorthEmpty", North, LeaveNorth, "", "+000", kInvalidValue},
+    {"NorthOfLetters", North, LeaveNorth, "nord", "nord", nullptr},
+    {"NorthBeyondTheCircle", North, LeaveNorth, "-999", "-999", nullptr},
+    {"ReadoutEmpty", Readout, LeaveReadout, "", "00", nullptr},
+    {"ReadoutOneDigit", Readout, LeaveReadout, "7", "07", nullptr},
+    {"ReadoutTwoDigits", Readout, LeaveReadout, "12", "12", nullptr},
+    {"ReadoutLetter", Readout, LeaveReadout, "x", "0x", nullptr},
 };
+
+TextBox& BoxOf(ControlPanel& panel, const RuleCase& row)
+{
+    if (const auto* header = std::get_if<HeaderBox>(&row.box)) return panel.header[*header];
+    return panel.*std::get<TextBox ControlPanel::*>(row.box);
+}
 
 TEST_P(OneFieldRule, GivesItsTextAndItsWarning)
 {
     const RuleCase& row = GetParam();
-    Panel panel;
+    ControlPanel panel;
     WorkingState state;
     ScriptedBoxes boxes;
-    (panel.*row.box).SetText(row.typed);
+    BoxOf(panel, row).SetText(row.typed);
     if (row.warning != nullptr) boxes.Expect(row.warning);
 
     row.leave(panel, state, boxes);
 
-    EXPECT_EQ((panel.*row.box).Text(), row.becomes);
+    EXPECT_EQ(BoxOf(panel, row).Text(), row.becomes);
     EXPECT_EQ(boxes.shown, row.warning == nullptr ? 0 : 1);
 }
 
@@ -139,20 +148,20 @@ const DepthCase kDepths[] = {
 TEST_P(DepthRule, HoldsTheDepthWithinItsStep)
 {
     const DepthCase& row = GetParam();
-    Panel panel;
+    ControlPanel panel;
     WorkingState state;
     ScriptedBoxes boxes;
-    panel.Text6.SetText(row.metres);
-    panel.Text13.SetText(row.tenths);
-    panel.Text7.SetText(row.step);
+    panel.header[DepthMetres].SetText(row.metres);
+    panel.header[DepthTenths].SetText(row.tenths);
+    panel.header[Step].SetText(row.step);
     for (int i = 0; i < row.warnings; ++i)
         boxes.Expect(kInvalidDepth);
 
-    LeaveText6(panel, state, boxes);
+    LeaveDepthMetres(panel, state, boxes);
 
-    EXPECT_EQ(panel.Text6.Text(), row.metresBecome);
-    EXPECT_EQ(panel.Text13.Text(), row.tenthsBecome);
-    EXPECT_EQ(state.DepthText, row.joined);
+    EXPECT_EQ(panel.header[DepthMetres].Text(), row.metresBecome);
+    EXPECT_EQ(panel.header[DepthTenths].Text(), row.tenthsBecome);
+    EXPECT_EQ(state.depthText, row.joined);
     EXPECT_EQ(boxes.shown, row.warnings);
 }
 
@@ -162,81 +171,81 @@ INSTANTIATE_TEST_SUITE_P(Depths, DepthRule, ::testing::ValuesIn(kDepths),
 class FieldRulesTest : public ::testing::Test
 {
 protected:
-    Panel panel;
+    ControlPanel panel;
     WorkingState state;
     ScriptedBoxes boxes;
 };
 
 TEST_F(FieldRulesTest, TenthsOtherThan5And0WarnAndBecome0BeforeTheDepthIsJoined)
 {
-    panel.Text6.SetText("12");
-    panel.Text13.SetText("3");
-    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(panel.Text13.Text(), "3"); });
-    LeaveText13(panel, state, boxes);
-    EXPECT_EQ(panel.Text13.Text(), "0");
-    EXPECT_EQ(panel.Text6.Text(), "012");
-    EXPECT_EQ(state.DepthText, "0120");
+    panel.header[DepthMetres].SetText("12");
+    panel.header[DepthTenths].SetText("3");
+    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(panel.header[DepthTenths].Text(), "3"); });
+    LeaveDepthTenths(panel, state, boxes);
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "0");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "012");
+    EXPECT_EQ(state.depthText, "0120");
 }
 
 TEST_F(FieldRulesTest, TenthsAndDepthCanWarnOneAfterTheOther)
 {
-    panel.Text6.SetText("150");
-    panel.Text13.SetText("");
-    panel.Text7.SetText("0");
-    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(panel.Text6.Text(), "150"); });
-    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(state.DepthText, "1500"); });
-    LeaveText13(panel, state, boxes);
-    EXPECT_EQ(panel.Text6.Text(), "100");
-    EXPECT_EQ(panel.Text13.Text(), "0");
+    panel.header[DepthMetres].SetText("150");
+    panel.header[DepthTenths].SetText("");
+    panel.header[Step].SetText("0");
+    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(panel.header[DepthMetres].Text(), "150"); });
+    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(state.depthText, "1500"); });
+    LeaveDepthTenths(panel, state, boxes);
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "100");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "0");
 }
 
 TEST_F(FieldRulesTest, FiveTenthsPass)
 {
-    panel.Text6.SetText("99");
-    panel.Text13.SetText("5");
-    panel.Text7.SetText("0");
-    LeaveText13(panel, state, boxes);
-    EXPECT_EQ(state.DepthText, "0995");
-    EXPECT_EQ(panel.Text13.Text(), "5");
+    panel.header[DepthMetres].SetText("99");
+    panel.header[DepthTenths].SetText("5");
+    panel.header[Step].SetText("0");
+    LeaveDepthTenths(panel, state, boxes);
+    EXPECT_EQ(state.depthText, "0995");
+    EXPECT_EQ(panel.header[DepthTenths].Text(), "5");
 }
 
 TEST_F(FieldRulesTest, AFieldIsCorrectedOnlyAfterItsBox)
 {
-    panel.Text7.SetText("2");
-    panel.Text8.SetText("8");
-    panel.Text9.SetText("+12");
-    boxes.Expect(kInvalidValue, [this] { EXPECT_EQ(panel.Text7.Text(), "2"); });
-    LeaveText7(panel, state, boxes);
-    boxes.Expect(kInvalidValue, [this] { EXPECT_EQ(panel.Text8.Text(), "8"); });
-    LeaveText8(panel, state, boxes);
-    boxes.Expect(kInvalidValue, [this] { EXPECT_EQ(panel.Text9.Text(), "+12"); });
-    LeaveText9(panel, state, boxes);
-    panel.Text6.SetText("300");
-    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(panel.Text6.Text(), "300"); });
-    LeaveText6(panel, state, boxes);
+    panel.header[Step].SetText("2");
+    panel.header[Guides].SetText("8");
+    panel.header[North].SetText("+12");
+    boxes.Expect(kInvalidValue, [this] { EXPECT_EQ(panel.header[Step].Text(), "2"); });
+    LeaveStep(panel, state, boxes);
+    boxes.Expect(kInvalidValue, [this] { EXPECT_EQ(panel.header[Guides].Text(), "8"); });
+    LeaveGuides(panel, state, boxes);
+    boxes.Expect(kInvalidValue, [this] { EXPECT_EQ(panel.header[North].Text(), "+12"); });
+    LeaveNorth(panel, state, boxes);
+    panel.header[DepthMetres].SetText("300");
+    boxes.Expect(kInvalidDepth, [this] { EXPECT_EQ(panel.header[DepthMetres].Text(), "300"); });
+    LeaveDepthMetres(panel, state, boxes);
 }
 
 TEST_F(FieldRulesTest, ABlockNumberRefusedLeavesTheBlockVariables)
 {
-    state.CurrentBlock = 7;
-    state.DownloadBlock = 8;
-    panel.Text2.SetText("30");
-    panel.numblocco.SetText("30");
+    state.currentBlock = 7;
+    state.downloadBlock = 8;
+    panel.blockNumber.SetText("30");
+    panel.downloadBlock.SetText("30");
     boxes.Expect(kWrongBlock);
-    LeaveText2(panel, state, boxes);
+    LeaveBlockNumber(panel, state, boxes);
     boxes.Expect(kWrongBlock);
-    LeaveNumblocco(panel, state, boxes);
-    EXPECT_EQ(state.CurrentBlock, 7);
-    EXPECT_EQ(state.DownloadBlock, 8);
+    LeaveDownloadBlock(panel, state, boxes);
+    EXPECT_EQ(state.currentBlock, 7);
+    EXPECT_EQ(state.downloadBlock, 8);
 }
 
 TEST_F(FieldRulesTest, AStepChangedAboveADepthIsNotLookedAt)
 {
-    panel.Text6.SetText("150");
-    panel.Text13.SetText("0");
-    panel.Text7.SetText("0");
-    LeaveText7(panel, state, boxes);
-    EXPECT_EQ(panel.Text6.Text(), "150");
+    panel.header[DepthMetres].SetText("150");
+    panel.header[DepthTenths].SetText("0");
+    panel.header[Step].SetText("0");
+    LeaveStep(panel, state, boxes);
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "150");
 }
 
 TEST_F(FieldRulesTest, DoubleClickTogglesTheTenths)
@@ -244,17 +253,17 @@ TEST_F(FieldRulesTest, DoubleClickTogglesTheTenths)
     const std::pair<const char*, const char*> rows[] = {
         {"0", "5"}, {"5", "0"}, {"", "0"}, {"7", "0"}, {" ", "0"}};
     for (const auto& [before, after] : rows) {
-        panel.Text13.SetText(before);
-        ToggleText13(panel);
-        EXPECT_EQ(panel.Text13.Text(), after) << "from '" << before << "'";
+        panel.header[DepthTenths].SetText(before);
+        ToggleDepthTenths(panel);
+        EXPECT_EQ(panel.header[DepthTenths].Text(), after) << "from '" << before << "'";
     }
 }
 
 TEST_F(FieldRulesTest, EachTabShowsItsFrameAlone)
 {
     const auto shown = [this] {
-        return std::string(panel.Frame1.Visible() ? "1" : "") +
-               (panel.Frame2.Visible() ? "2" : "") + (panel.Frame3.Visible() ? "3" : "");
+        return std::string(panel.headerFrame.Visible() ? "1" : "") +
+               (panel.downloadFrame.Visible() ? "2" : "") + (panel.setupFrame.Visible() ? "3" : "");
     };
     EXPECT_EQ(shown(), "1");
     SelectTab(panel, 2);
@@ -270,25 +279,25 @@ TEST_F(FieldRulesTest, EachTabShowsItsFrameAlone)
 
 TEST_F(FieldRulesTest, DownloadBlockStepsWithin1And30)
 {
-    state.DownloadBlock = 29;
+    state.downloadBlock = 29;
     StepDownloadBlockUp(panel, state);
-    EXPECT_EQ(panel.numblocco.Text(), "30");
+    EXPECT_EQ(panel.downloadBlock.Text(), "30");
     StepDownloadBlockUp(panel, state);
-    EXPECT_EQ(panel.numblocco.Text(), "30");
-    EXPECT_EQ(state.DownloadBlock, 30);
-    state.DownloadBlock = 2;
+    EXPECT_EQ(panel.downloadBlock.Text(), "30");
+    EXPECT_EQ(state.downloadBlock, 30);
+    state.downloadBlock = 2;
     StepDownloadBlockDown(panel, state);
-    EXPECT_EQ(panel.numblocco.Text(), "01");
+    EXPECT_EQ(panel.downloadBlock.Text(), "01");
     StepDownloadBlockDown(panel, state);
-    EXPECT_EQ(panel.numblocco.Text(), "01");
-    EXPECT_EQ(state.DownloadBlock, 1);
+    EXPECT_EQ(panel.downloadBlock.Text(), "01");
+    EXPECT_EQ(state.downloadBlock, 1);
 }
 
 TEST_F(FieldRulesTest, ADownloadBlockTypedIsNotSteppedFrom)
 {
-    panel.numblocco.SetText("20");
+    panel.downloadBlock.SetText("20");
     StepDownloadBlockUp(panel, state);
-    EXPECT_EQ(panel.numblocco.Text(), "02");
+    EXPECT_EQ(panel.downloadBlock.Text(), "02");
 }
 
 TEST_F(FieldRulesTest, TheFieldsWithoutARuleHaveNone)
@@ -296,8 +305,8 @@ TEST_F(FieldRulesTest, TheFieldsWithoutARuleHaveNone)
     for (const char* field : {"Text1", "Text11", "Text12", "Text15", "Text17", "Text16rt",
                               "Text13a", "Text1a", "Text2a", "Text14a", "Text3a", "Text4a"})
         EXPECT_EQ(RuleOf(field), nullptr) << field;
-    EXPECT_EQ(RuleOf("Text2"), LeaveText2);
-    EXPECT_EQ(RuleOf("Text13"), LeaveText13);
+    EXPECT_EQ(RuleOf("Text2"), LeaveBlockNumber);
+    EXPECT_EQ(RuleOf("Text13"), LeaveDepthTenths);
     EXPECT_EQ(FieldRules().size(), 11U);
 }
 

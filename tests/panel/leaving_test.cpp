@@ -58,7 +58,7 @@ TEST_F(Leaving, ByTabRunsTheRule)
     PressKey(Qt::Key_Tab);
     EXPECT_EQ(Focused(), "Text13");
     EXPECT_EQ(Edit("Text6").text(), "005");
-    EXPECT_EQ(state.DepthText, "0050");
+    EXPECT_EQ(state.depthText, "0050");
 }
 
 TEST_F(Leaving, ByBacktabRunsTheRule)
@@ -83,7 +83,7 @@ TEST_F(Leaving, ByTheProgramRunsTheRule)
 {
     TypeInto("Text10", "7");
     Enter("Text9");
-    EXPECT_EQ(panel.Text10.Text(), "07");
+    EXPECT_EQ(panel.header[Readout].Text(), "07");
 }
 
 TEST_F(Leaving, ByATabRunsTheRuleAndTurnsTheTab)
@@ -91,8 +91,8 @@ TEST_F(Leaving, ByATabRunsTheRuleAndTurnsTheTab)
     TypeInto("Text9", "+1");
     boxes.Expect(kInvalidValue);
     ClickTab(2);
-    EXPECT_EQ(panel.Text9.Text(), "+000");
-    EXPECT_TRUE(panel.Frame2.Visible());
+    EXPECT_EQ(panel.header[North].Text(), "+000");
+    EXPECT_TRUE(panel.downloadFrame.Visible());
     EXPECT_EQ(Focused(), "TabStrip1");
 }
 
@@ -104,15 +104,15 @@ TEST_F(Leaving, IsNotEnter)
     EXPECT_EQ(boxes.shown, 0);
     EXPECT_EQ(Focused(), "Text7");
     EXPECT_TRUE(port.history.empty());
-    panel.Text7.SetText("0");
+    panel.header[Step].SetText("0");
 }
 
 TEST_F(Leaving, IsNotAChangeByTheProgram)
 {
     Enter("Text7");
-    panel.Text7.SetText("9");
+    panel.header[Step].SetText("9");
     EXPECT_EQ(boxes.shown, 0);
-    panel.Text7.SetText("1");
+    panel.header[Step].SetText("1");
 }
 
 TEST_F(Leaving, IsNotAnotherWindowNorAMenu)
@@ -133,7 +133,7 @@ TEST_F(Leaving, IsNotAnotherWindowNorAMenu)
     menu.popup(window->mapToGlobal(QPoint(5, 5)));
     menu.close();
     EXPECT_EQ(boxes.shown, 0);
-    panel.Text7.SetText("1");
+    panel.header[Step].SetText("1");
 }
 
 TEST_F(Leaving, ComingBackFromAnotherWindowKeepsTheCursor)
@@ -194,13 +194,13 @@ TEST_F(Leaving, AnOptionWhoseReleaseTheBoxTookIsChosen)
 {
     ClickTab(2);
     TypeInto("numblocco", "99");
-    panel.Frame3.Show(); // beside it, to be hit
-    panel.Frame2.Show();
+    panel.setupFrame.Show(); // beside it, to be hit
+    panel.downloadFrame.Show();
     QAbstractButton& option = Button("ssOption1_2");
     Named("Frame3").raise();
     boxes.Expect(kWrongBlock, [&] { StandModal([&] { ReleaseAt(option); }); });
     PressAt(option);
-    EXPECT_EQ(state.ComPortNumber, 3);
+    EXPECT_EQ(state.comPortNumber, 3);
     EXPECT_TRUE(option.isChecked());
 }
 
@@ -223,7 +223,7 @@ TEST_F(Leaving, APressDraggedOffTheButtonRunsNothing)
 {
     TypeInto("Text5", "t");
     PressAt(Button("Command3"));
-    EXPECT_EQ(panel.Text5.Text(), "T   ");
+    EXPECT_EQ(panel.header[Tube].Text(), "T   ");
     QTest::mouseMove(window->windowHandle(), InWindow(Named("HeadingFrame1")));
     ReleaseAt(Named("HeadingFrame1"));
     EXPECT_EQ(Openings(), 0);
@@ -250,20 +250,20 @@ TEST_F(Leaving, AnAssistiveToolsPressRunsTheRuleFirst)
 
 TEST_F(Leaving, ADisabledButtonTakesNeitherFocusNorClick)
 {
-    panel.Command3.Disable();
+    panel.readBlockButton.Disable();
     TypeInto("Text7", "2");
     ClickOn("Command3");
     EXPECT_EQ(Focused(), "Text7");
     EXPECT_EQ(boxes.shown, 0);
-    panel.Text7.SetText("1");
+    panel.header[Step].SetText("1");
 }
 
 TEST_F(Leaving, TheWheelOnTheTabsLeavesTheFieldFirst)
 {
     TypeInto("Text7", "2");
-    boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.Frame1.Visible()); });
+    boxes.Expect(kInvalidValue, [this] { EXPECT_TRUE(panel.headerFrame.Visible()); });
     Named<QTabBar>("TabStrip1").setCurrentIndex(1);
-    EXPECT_TRUE(panel.Frame2.Visible());
+    EXPECT_TRUE(panel.downloadFrame.Visible());
 }
 
 TEST_F(Leaving, EveryButtonAndTheTabStripTakeTheFocusByClickAndKey)

@@ -103,15 +103,15 @@ TEST_F(MainForm, KeepsItsPlacesWhenTheWaitIndicatorComesAndWhenTabsTurn)
         return all;
     };
     const std::string before = places();
-    panel.Label34.Show();
-    panel.Shape1.Show();
+    panel.waitIndicator.label.Show();
+    panel.waitIndicator.ground.Show();
     EXPECT_TRUE(Named("Label34").isVisible());
     EXPECT_TRUE(Named("Shape1").isVisible());
     EXPECT_EQ(places(), before);
     ClickTab(3);
     ClickTab(1);
-    panel.Label34.Hide();
-    panel.Shape1.Hide();
+    panel.waitIndicator.label.Hide();
+    panel.waitIndicator.ground.Hide();
     EXPECT_FALSE(Named("Label34").isVisible());
     EXPECT_EQ(places(), before);
 }
@@ -141,14 +141,14 @@ TEST_F(MainForm, FollowsTheModelsButtons)
 {
     EXPECT_TRUE(Button("sscommand9").isEnabled());
     EXPECT_FALSE(Button("command3d1").isEnabled());
-    panel.command3d1.Enable();
+    panel.downloadButton.Enable();
     EXPECT_TRUE(Button("command3d1").isEnabled());
     DisableFileCommandGroup(panel);
     for (const char* name : {"sscommand9", "sscommand10", "sscommand6", "Command3", "Command6",
                              "Command4", "Command7"})
         EXPECT_FALSE(Button(name).isEnabled()) << name;
     EXPECT_TRUE(Button("sscommand11").isEnabled());
-    panel.Command9.Show();
+    panel.databaseButton.Show();
     EXPECT_TRUE(Button("Command9").isVisible());
 }
 
@@ -220,8 +220,8 @@ TEST_F(MainForm, RunsTheCommandsOfTheLeftColumn)
 
 TEST_F(MainForm, DownloadsTheBlockBehindItsButton)
 {
-    state.ReportFolder = folder.Path();
-    panel.command3d1.Enable();
+    state.reportFolder = folder.Path();
+    panel.downloadButton.Enable();
     ClickTab(2);
     ClickOn("command3d1");
     EXPECT_EQ(port.sent.at(1), "a00000\r");
@@ -233,18 +233,18 @@ TEST_F(MainForm, ChoosesThePortByClickAndByKey)
     EXPECT_TRUE(Button("ssOption1_0").isChecked());
     ClickTab(3);
     ClickOn("ssOption1_2");
-    EXPECT_EQ(state.ComPortNumber, 3);
-    EXPECT_EQ(panel.ssOption1.Selected(), 2);
+    EXPECT_EQ(state.comPortNumber, 3);
+    EXPECT_EQ(panel.portOptions.Selected(), 2);
     PressKey(Qt::Key_Down);
-    EXPECT_EQ(state.ComPortNumber, 4);
+    EXPECT_EQ(state.comPortNumber, 4);
     EXPECT_TRUE(Button("ssOption1_3").isChecked());
     EXPECT_FALSE(Button("ssOption1_2").isChecked());
 }
 
 TEST_F(MainForm, ShowsAPortChosenByTheProgram)
 {
-    panel.ssOption1.Select(1);
-    EXPECT_EQ(state.ComPortNumber, 2);
+    panel.portOptions.Select(1);
+    EXPECT_EQ(state.comPortNumber, 2);
     EXPECT_TRUE(Button("ssOption1_1").isChecked());
     EXPECT_FALSE(Button("ssOption1_0").isChecked());
 }
@@ -277,9 +277,9 @@ TEST_F(MainForm, EndsTheProgramWhenClosedWithoutAskingAnything)
 
 TEST_F(MainForm, EndsTheProgramWithABoxWhenAHandlerOutsideTheRuleFails)
 {
-    state.HeaderFilePath = folder / "missing" / "intestazione";
+    state.headerFilePath = folder / "missing" / "intestazione";
     boxes.Expect("Run-time error: Path/File access error, opening " +
-                 state.HeaderFilePath.string());
+                 state.headerFilePath.string());
     ClickOn("sscommand10");
     EXPECT_TRUE(end.Ended());
     EXPECT_EQ(end.Status(), 1);
@@ -291,9 +291,8 @@ TEST(MainFormBeforeItsLoad, ShowsTheFirstTextsAndChoosesThePortAtTheLoad)
 {
     TemporaryFolder folder;
     WorkingState state;
-    state.ComPortNumber = 0;
-    Panel panel;
-    HeaderStore headers(state, panel);
+    state.comPortNumber = 0;
+    ControlPanel panel;
     ScriptedBoxes boxes;
     VirtualWorld world([] {});
     ScriptedPort port;
@@ -302,9 +301,12 @@ TEST(MainFormBeforeItsLoad, ShowsTheFirstTextsAndChoosesThePortAtTheLoad)
     CountedPortNames names;
     ProgramEnd end;
     Handlers handlers(end, boxes);
-    MainWindow window(
-        {panel, headers, {port, world, world, boxes, state, &panel}, forms, dialog, folder.Path()},
-        names, handlers, end);
+    MainWindow window({panel,
+                       {port, world, world, boxes, state, &panel.waitIndicator},
+                       forms,
+                       dialog,
+                       folder.Path()},
+                      names, handlers, end);
     const auto text = [&window](const char* name) {
         return window.findChild<QLineEdit*>(name)->text();
     };
@@ -312,10 +314,10 @@ TEST(MainFormBeforeItsLoad, ShowsTheFirstTextsAndChoosesThePortAtTheLoad)
     EXPECT_EQ(text("Text3"), "");
     EXPECT_FALSE(window.findChild<QWidget*>("sscommand9")->isEnabled());
 
-    LoadMainForm(panel, state, headers, [&folder] { return folder.Path(); });
+    LoadMainForm(panel, state, [&folder] { return folder.Path(); });
     EXPECT_EQ(text("Text3"), "CLIENT 1");
     EXPECT_EQ(text("Text12"), "hhmmss");
-    EXPECT_EQ(state.ComPortNumber, 1);
+    EXPECT_EQ(state.comPortNumber, 1);
     EXPECT_TRUE(window.findChild<QWidget*>("sscommand9")->isEnabled());
 }
 

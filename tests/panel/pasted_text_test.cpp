@@ -59,7 +59,7 @@ TEST_F(PastedText, IsCutAtItsFirstLineEnd)
 {
     for (const char16_t lineEnd : {u'\n', u'\r', u'\v', u'\f', u'\u0085', u'\u2028', u'\u2029'}) {
         PasteInto("Text4", "VIA" + QString(QChar(lineEnd)) + "2" + QString(QChar(lineEnd)));
-        EXPECT_EQ(panel.Text4.Text(), "VIA") << static_cast<int>(lineEnd);
+        EXPECT_EQ(panel.header[Site].Text(), "VIA") << static_cast<int>(lineEnd);
     }
 }
 
@@ -68,19 +68,19 @@ TEST_F(PastedText, IsCutHoweverItComes)
     Copy(kCell);
     TypeInto("Text3", "");
     PasteFromMenu(Edit("Text3"));
-    EXPECT_EQ(panel.Text3.Text(), "ROSSI");
+    EXPECT_EQ(panel.header[Client].Text(), "ROSSI");
 
-    panel.Text3.SetText("");
+    panel.header[Client].SetText("");
     QTest::keyClick(&Edit("Text3"), Qt::Key_Insert, Qt::ShiftModifier);
-    EXPECT_EQ(panel.Text3.Text(), "ROSSI");
+    EXPECT_EQ(panel.header[Client].Text(), "ROSSI");
 
-    panel.Text3.SetText("");
+    panel.header[Client].SetText("");
     CommitByInputMethod(Edit("Text3"), kCell);
-    EXPECT_EQ(panel.Text3.Text(), "ROSSI");
+    EXPECT_EQ(panel.header[Client].Text(), "ROSSI");
 
-    panel.Text3.SetText("");
+    panel.header[Client].SetText("");
     Drop(Edit("Text3"), kCell);
-    EXPECT_EQ(panel.Text3.Text(), "ROSSI");
+    EXPECT_EQ(panel.header[Client].Text(), "ROSSI");
 }
 
 TEST_F(PastedText, IsCutInEveryBoxThatTakesTyping)
@@ -102,24 +102,24 @@ TEST_F(PastedText, KeepsWhatIsBesideIt)
     Edit("Text4").setCursorPosition(2);
     Copy("X\r\nY");
     QTest::keyClick(&Edit("Text4"), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(panel.Text4.Text(), "ABXCD");
+    EXPECT_EQ(panel.header[Site].Text(), "ABXCD");
     EXPECT_EQ(Edit("Text4").cursorPosition(), 3);
     Edit("Text4").setSelection(0, 3);
     Copy("\nZ");
     QTest::keyClick(&Edit("Text4"), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(panel.Text4.Text(), "CD");
+    EXPECT_EQ(panel.header[Site].Text(), "CD");
 }
 
 TEST_F(PastedText, DoesNotCutWhatAUnitSent)
 {
-    panel.Text4.SetText("A\nB");
+    panel.header[Site].SetText("A\nB");
     Enter("Text4");
     Edit("Text4").setCursorPosition(1);
     Copy("\nX");
     QTest::keyClick(&Edit("Text4"), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(panel.Text4.Text(), "A\nB");
+    EXPECT_EQ(panel.header[Site].Text(), "A\nB");
     QTest::keyClicks(&Edit("Text4"), "C");
-    EXPECT_EQ(panel.Text4.Text(), "AC\nB");
+    EXPECT_EQ(panel.header[Site].Text(), "AC\nB");
 }
 
 TEST_F(PastedText, MayBeTakenBackAndPutInAgain)
@@ -139,12 +139,12 @@ TEST_F(PastedText, MayBeTakenBackAndPutInAgain)
 TEST_F(PastedText, DroppedIntoAnotherFieldLeavesTheFirstAndIsLeftItself)
 {
     TypeInto("Text6", "5");
-    panel.Text5.SetText("");
+    panel.header[Tube].SetText("");
     Drop(Edit("Text5"), "t1");
-    EXPECT_EQ(panel.Text6.Text(), "005");
+    EXPECT_EQ(panel.header[DepthMetres].Text(), "005");
     EXPECT_EQ(Focused(), "Text5");
     ClickOn("Command11");
-    EXPECT_EQ(panel.Text5.Text(), "T1  ");
+    EXPECT_EQ(panel.header[Tube].Text(), "T1  ");
 }
 
 } // namespace

@@ -63,7 +63,7 @@ TEST_F(ServiceListTest, RunsTheHandlersOfTheHiddenButtons)
     EXPECT_FALSE(Button("sscommand9").isEnabled());
 
     Choose("File");
-    EXPECT_EQ(fileDialog.InitDir, folder / "dati");
+    EXPECT_EQ(fileDialog.initDir, folder / "dati");
     EXPECT_TRUE(Button("sscommand9").isEnabled());
     EXPECT_EQ(Edit("Text3").text(), "CLIENT0 ");
 }
@@ -72,10 +72,10 @@ TEST_F(ServiceListTest, LeavesTheFieldInWorkBeforeItsCommandRuns)
 {
     TypeInto("Text5", "t");
     const QMenu& list = OpenList();
-    EXPECT_EQ(panel.Text5.Text(), "t") << "opening a menu leaves no field";
+    EXPECT_EQ(panel.header[Tube].Text(), "t") << "opening a menu leaves no field";
     EXPECT_TRUE(list.isVisible());
     Choose("Cartella");
-    EXPECT_EQ(panel.Text5.Text(), "T   ");
+    EXPECT_EQ(panel.header[Tube].Text(), "T   ");
 }
 
 } // namespace

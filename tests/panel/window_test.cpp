@@ -11,8 +11,8 @@ namespace tarvex::tests
 WindowTest::WindowTest()
 {
     window = std::make_unique<panel::MainWindow>(
-        panel::CommandContext{panel, headers, line, forms, fileDialog, folder / "dati"}, portNames,
-        handlers, end);
+        panel::CommandContext{panel, line, forms, fileDialog, folder / "dati"}, portNames, handlers,
+        end);
     window->show();
     window->activateWindow();
     if (!QTest::qWaitForWindowActive(window.get()))

@@ -54,7 +54,7 @@ private:
     void Show(const std::string& kind)
     {
         shown.push_back(kind);
-        FileName = choice;
+        fileName = choice;
     }
 };
 

@@ -3,7 +3,7 @@
 // and a page. Prints the fastest, the middle and the slowest ratio of the two.
 
 #include "core/failure_rule.h"
-#include "link/device_link.h"
+#include "link/operation_end.h"
 #include "platform/echoing_unit.h"
 #include "platform/port_finder.h"
 #include "platform/qt_event_pump.h"
@@ -83,7 +83,9 @@ Rate LinkRate(const PseudoTerminal& terminal)
     platform::QtEventPump pump(end);
     platform::QtTickTimer timer([&] { CountTick(state); });
     platform::QtSerialPort port(platform::PortFinder(folder.Path()));
-    DeviceLink link({port, pump, timer, boxes, state, nullptr});
+    const Line line{port, pump, timer, boxes, state, nullptr};
+    DeviceLink link(line);
+    OperatorView view(line);
     SkipOnError rule;
     link.OpenPort();
     const Rate rate = Measure([&] {
@@ -91,7 +93,7 @@ Rate LinkRate(const PseudoTerminal& terminal)
         link.SendFrame("a00100");
         link.AwaitReply(50);
     });
-    link.Close();
+    EndOperation(link, view);
     return rate;
 }
 

@@ -1,4 +1,4 @@
-#include "link/device_link.h"
+#include "link/operation_end.h"
 #include "platform/echoing_unit.h"
 #include "platform/port_test.h"
 #include "platform/qt_message_boxes.h"
@@ -21,6 +21,7 @@ protected:
     platform::QtTickTimer timer{[this] { CountTick(state); }};
     Line line{port, pump, timer, boxes, state, nullptr};
     DeviceLink link{line};
+    OperatorView view{line};
     SkipOnError rule;
 };
 
@@ -36,16 +37,16 @@ TEST_F(LineOnTheToolkit, ReadsPageUponPage)
         ASSERT_EQ(link.Reply(), EchoingUnit::Page());
         link.UntimedWake();
     }
-    link.Close();
+    EndOperation(link, view);
 }
 
 TEST_F(LineOnTheToolkit, EndsATimedWakeOfASilentUnitAfterSixTicks)
 {
     link.OpenPort();
     EXPECT_FALSE(link.TimedWake());
-    EXPECT_EQ(state.TickCounter, 6);
+    EXPECT_EQ(state.tickCounter, 6);
     EXPECT_EQ(terminal.Receive(1), "}");
-    link.Close();
+    EndOperation(link, view);
 }
 
 TEST_F(LineOnTheToolkit, EndsATimedWakeAfterSixTicksAlsoWhenTheAdapterIsPulled)
@@ -53,17 +54,17 @@ TEST_F(LineOnTheToolkit, EndsATimedWakeAfterSixTicksAlsoWhenTheAdapterIsPulled)
     link.OpenPort();
     QTimer::singleShot(50, [this] { terminal.HangUp(); });
     EXPECT_FALSE(link.TimedWake());
-    EXPECT_EQ(state.TickCounter, 6);
-    link.Close();
+    EXPECT_EQ(state.tickCounter, 6);
+    EndOperation(link, view);
 }
 
 TEST_F(LineOnTheToolkit, EndsAWakeAtOnceWithoutAPort)
 {
-    state.ComPortNumber = 2;
+    state.comPortNumber = 2;
     link.OpenPort();
     EXPECT_TRUE(link.TimedWake());
     EXPECT_FALSE(link.AnsweredReady());
-    EXPECT_EQ(state.TickCounter, 0);
+    EXPECT_EQ(state.tickCounter, 0);
 }
 
 TEST_F(LineOnTheToolkit, LeavesAnEndlessWaitWhenTheProgramEnds)

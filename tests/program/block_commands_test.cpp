@@ -113,7 +113,7 @@ TEST_F(BlockCommandsTest, ResetOfGainAndZeroAsksAndReportsASilentUnit)
     EXPECT_EQ(boxes.texts,
               (QStringList{"ATTENTION: SET DEFAULT ZERO/GAIN, WOULD YOU LIKE TO CONTINUE ?",
                            "Attention: TAR--VEX not connected"}));
-    EXPECT_EQ(program->State().CurrentBlock, 2);
+    EXPECT_EQ(program->State().currentBlock, 2);
     ExpectAtRest();
 }
 

@@ -76,7 +76,7 @@ void Demonstration::ChooseFolder()
     WaitFor([chooser] { return chooser->findChild<QAbstractButton*>("command3d1")->isEnabled(); });
     Picture(chooser, "folder");
     Operator(chooser).Click("command3d1");
-    Tell("Folder: " + QString::fromStdString(program_.State().ReportFolder.string()));
+    Tell("Folder: " + QString::fromStdString(program_.State().reportFolder.string()));
 }
 
 bool Demonstration::Download()
@@ -91,7 +91,7 @@ bool Demonstration::Download()
     Tell(QStringLiteral("Ok: the download has ended after %1 s, last address %2")
              .arg(static_cast<double>(clock_.elapsed() - start) / 1000, 0, 'f', 1)
              .arg(AtPanel().Text("Text17")));
-    return std::filesystem::exists(program_.State().ReportFolder / "datiram.dat");
+    return std::filesystem::exists(program_.State().reportFolder / "datiram.dat");
 }
 
 void Demonstration::SeeOtherForms()

@@ -93,7 +93,7 @@ TEST_F(OddStartFolderTest, AFolderOutsideUnicodeHoldsTheHeaderTableAndTheReports
     auto* ok = chooser->findChild<QAbstractButton*>("command3d1");
     EXPECT_TRUE(ok->isEnabled());
     ok->click();
-    EXPECT_EQ(program->State().ReportFolder, site / "dati");
+    EXPECT_EQ(program->State().reportFolder, site / "dati");
 
     AtPanel().Click("command3d1");
 
@@ -108,8 +108,8 @@ TEST_F(OddStartFolderTest, FileTakesAHeaderFileInAFolderOutsideUnicode)
     WriteFile(site / "dati" / "table", "ROSSI   " + std::string(69, 'x'));
     const TypedName operatorTypes("table");
     AtPanel().ChooseService("File");
-    EXPECT_TRUE(WaitFor([&] { return program->State().HeaderFilePath.filename() == "table"; }));
-    EXPECT_EQ(program->State().HeaderFilePath, site / "dati" / "table");
+    EXPECT_TRUE(WaitFor([&] { return program->State().headerFilePath.filename() == "table"; }));
+    EXPECT_EQ(program->State().headerFilePath, site / "dati" / "table");
     EXPECT_EQ(AtPanel().Text("Text3"), "ROSSI   ");
     EXPECT_FALSE(program->End().Ended());
 }

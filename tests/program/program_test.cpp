@@ -69,8 +69,8 @@ void ProgramTest::StartIn(const std::filesystem::path& startFolder)
 
 void ProgramTest::ChooseFolder(const std::filesystem::path& reports)
 {
-    program->State().ReportFolder = reports;
-    program->PanelModel().command3d1.Enable();
+    program->State().reportFolder = reports;
+    program->PanelModel().downloadButton.Enable();
 }
 
 void ProgramTest::CloseAfter(int milliseconds)

@@ -108,7 +108,7 @@ TEST_F(SettingsProgramTest, AnotherPortIsUsedByTheNextCommand)
     AtPanel().Click("ssOption1_2");
     AtPanel().Click("Command3");
 
-    EXPECT_EQ(program->State().ComPortNumber, 3);
+    EXPECT_EQ(program->State().comPortNumber, 3);
     EXPECT_EQ(AtPanel().Text("Text3").size(), 8);
     std::filesystem::remove(folder / "com1");
 }

@@ -20,36 +20,36 @@ protected:
     void Fill(const char* year, const char* month, const char* day, const char* hours,
               const char* minutes, const char* seconds)
     {
-        panel.Clock.Text2a.SetText(year);
-        panel.Clock.Text1a.SetText(month);
-        panel.Clock.Text13a.SetText(day);
-        panel.Clock.Text14a.SetText(hours);
-        panel.Clock.Text3a.SetText(minutes);
-        panel.Clock.Text4a.SetText(seconds);
+        panel.clock.year.SetText(year);
+        panel.clock.month.SetText(month);
+        panel.clock.day.SetText(day);
+        panel.clock.hours.SetText(hours);
+        panel.clock.minutes.SetText(minutes);
+        panel.clock.seconds.SetText(seconds);
     }
 
     /// In the order of the line.
     std::vector<std::string> Shown() const
     {
-        const ClockBoxes& clock = panel.Clock;
-        return {clock.Text2a.Text(),  clock.Text1a.Text(), clock.Text13a.Text(),
-                clock.Text14a.Text(), clock.Text3a.Text(), clock.Text4a.Text()};
+        const ClockBoxes& clock = panel.clock;
+        return {clock.year.Text(),  clock.month.Text(),   clock.day.Text(),
+                clock.hours.Text(), clock.minutes.Text(), clock.seconds.Text()};
     }
 
     void PressRead(ClockBoxes* boxesShown)
     {
-        ClickLink([&](DeviceLink& link) { ReadClock(boxesShown, link); });
+        ClickLink([&](DeviceLink& link) { ReadClock(boxesShown, link, view); });
     }
-    void PressRead() { PressRead(&panel.Clock); }
+    void PressRead() { PressRead(&panel.clock); }
 
     void PressWrite()
     {
-        ClickLink([&](DeviceLink& link) { WriteClock(panel.Clock, link, boxes); });
+        ClickLink([&](DeviceLink& link) { WriteClock(panel.clock, link, view); });
     }
 
     void PressStart()
     {
-        ClickLink([&](DeviceLink& link) { StartClock(link, boxes); });
+        ClickLink([&](DeviceLink& link) { StartClock(link, view); });
     }
 };
 

@@ -16,7 +16,7 @@ class CycleDelayTest : public LogicTest
 protected:
     void Press()
     {
-        ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.Text16rt, link); });
+        ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.cycleDelay, link, view); });
     }
 };
 
@@ -28,7 +28,7 @@ TEST_F(CycleDelayTest, SendsTheDelayOfTheStartAndSettlesTwoTicks)
     EXPECT_THAT(port.history, ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "> }", "< !",
                                           "> b000F03\r", "close", "Label34 off", "Shape1 off"));
     EXPECT_EQ(world.Now(), 200);
-    EXPECT_EQ(panel.Text16rt.Text(), "3");
+    EXPECT_EQ(panel.cycleDelay.Text(), "3");
     EXPECT_EQ(finishedHandlers, 1);
 }
 
@@ -37,7 +37,7 @@ TEST_F(CycleDelayTest, SaysNotConnectedWhenTheUnitIsSilent)
     unit.answerWake = [](int) { return ""; };
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Shape1.Visible());
+        EXPECT_TRUE(panel.waitIndicator.ground.Visible());
     });
     Press();
 
@@ -68,7 +68,7 @@ TEST_F(CycleDelayTest, EndsWithoutAWordWhenThePortCannotBeOpened)
 
 TEST_F(CycleDelayTest, SendsTheDelayAsItStandsOnceTheUnitIsAwake)
 {
-    unit.onWake = [&](int) { panel.Text16rt.SetText("8"); };
+    unit.onWake = [&](int) { panel.cycleDelay.SetText("8"); };
     Press();
 
     EXPECT_EQ(port.sent.back(), "b000F08\r");
@@ -78,8 +78,9 @@ TEST_F(CycleDelayTest, RunsWithoutAnIndicatorInADialogWithItsOwnField)
 {
     const TextBox dialog(6, "9");
     line.indicator = nullptr;
+    OperatorView dialogView(line);
     LogIndicator();
-    ClickLink([&](DeviceLink& link) { WriteCycleDelay(dialog, link); });
+    ClickLink([&](DeviceLink& link) { WriteCycleDelay(dialog, link, dialogView); });
 
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "> }", "< !", "> b000F09\r", "close"));
 }
@@ -105,11 +106,11 @@ class DelayTextTest : public CycleDelayTest, public ::testing::WithParamInterfac
 
 TEST_P(DelayTextTest, GoesOutAsAPlainNumber)
 {
-    panel.Text16rt.SetText(GetParam().typed);
+    panel.cycleDelay.SetText(GetParam().typed);
     Press();
 
     EXPECT_THAT(port.sent, ElementsAre("}", GetParam().frame));
-    EXPECT_EQ(panel.Text16rt.Text(), GetParam().typed);
+    EXPECT_EQ(panel.cycleDelay.Text(), GetParam().typed);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -15,27 +15,27 @@ class PortChoiceTest : public LogicTest
 protected:
     PortChoiceTest()
     {
-        panel.ssOption1.OnClick([this](int index) { ChoosePort(state, index); });
+        panel.portOptions.OnClick([this](int index) { ChoosePort(state, index); });
     }
 
     void PressWriteDelay()
     {
-        ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.Text16rt, link); });
+        ClickLink([&](DeviceLink& link) { WriteCycleDelay(panel.cycleDelay, link, view); });
     }
 };
 
 TEST_F(PortChoiceTest, StartsOnPort1)
 {
-    EXPECT_EQ(panel.ssOption1.Selected(), 0);
-    EXPECT_EQ(state.ComPortNumber, 1);
+    EXPECT_EQ(panel.portOptions.Selected(), 0);
+    EXPECT_EQ(state.comPortNumber, 1);
 }
 
 TEST_F(PortChoiceTest, MakesEachOptionsNumberTheNextPortAndOpensNone)
 {
     for (int index = 0; index < 4; ++index) {
         port.history.clear();
-        panel.ssOption1.Select(index);
-        EXPECT_EQ(state.ComPortNumber, index + 1);
+        panel.portOptions.Select(index);
+        EXPECT_EQ(state.comPortNumber, index + 1);
         EXPECT_THAT(port.history, IsEmpty());
 
         PressWriteDelay();
@@ -47,12 +47,12 @@ TEST_F(PortChoiceTest, MakesEachOptionsNumberTheNextPortAndOpensNone)
 
 TEST_F(PortChoiceTest, LeavesARunningCommandOnItsPort)
 {
-    unit.onWake = [&](int) { panel.ssOption1.Select(3); };
+    unit.onWake = [&](int) { panel.portOptions.Select(3); };
     PressWriteDelay();
 
     EXPECT_EQ(port.OpenedPort(), 1);
     EXPECT_EQ(port.sent.back(), "b000F03\r");
-    EXPECT_EQ(state.ComPortNumber, 4);
+    EXPECT_EQ(state.comPortNumber, 4);
 }
 
 } // namespace

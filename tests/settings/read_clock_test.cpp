@@ -20,12 +20,12 @@ TEST_F(ReadClockTest, ShowsTheSixFieldsOfAReplyOfFourteenBytes)
     EXPECT_THAT(port.history,
                 ElementsAre("Label34 on", "Shape1 on", "port 1", "open", "> }", "< !", "> H\r",
                             "< 261121235958\r\n", "close", "Label34 off", "Shape1 off"));
-    EXPECT_EQ(panel.Clock.Text2a.Text(), "26");
-    EXPECT_EQ(panel.Clock.Text1a.Text(), "11");
-    EXPECT_EQ(panel.Clock.Text13a.Text(), "21");
-    EXPECT_EQ(panel.Clock.Text14a.Text(), "23");
-    EXPECT_EQ(panel.Clock.Text3a.Text(), "59");
-    EXPECT_EQ(panel.Clock.Text4a.Text(), "58");
+    EXPECT_EQ(panel.clock.year.Text(), "26");
+    EXPECT_EQ(panel.clock.month.Text(), "11");
+    EXPECT_EQ(panel.clock.day.Text(), "21");
+    EXPECT_EQ(panel.clock.hours.Text(), "23");
+    EXPECT_EQ(panel.clock.minutes.Text(), "59");
+    EXPECT_EQ(panel.clock.seconds.Text(), "58");
     EXPECT_EQ(finishedHandlers, 1);
 }
 
@@ -75,7 +75,7 @@ TEST_F(ReadClockTest, SaysNotConnectedAndLeavesTheFieldsWhenTheUnitIsSilent)
     unit.answerWake = [](int) { return ""; };
     boxes.Expect(kNotConnected, [&] {
         EXPECT_TRUE(port.IsOpen());
-        EXPECT_TRUE(panel.Label34.Visible());
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());
     });
     PressRead();
 
@@ -120,8 +120,9 @@ TEST_F(ReadClockTest, ShowsNothingInADialogWhoseBoxesItDoesNotKnow)
 {
     unit.answers["H\r"] = "261121235958\r\n";
     line.indicator = nullptr;
+    OperatorView dialogView(line);
     LogIndicator();
-    PressRead(nullptr);
+    ClickLink([&](DeviceLink& link) { ReadClock(nullptr, link, dialogView); });
 
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "> }", "< !", "> H\r",
                                           "< 261121235958\r\n", "close"));
@@ -131,7 +132,7 @@ TEST_F(ReadClockTest, ShowsNothingInADialogWhoseBoxesItDoesNotKnow)
 
 TEST_F(ReadClockTest, OpensThePortThatTheOperatorChose)
 {
-    panel.ssOption1.Select(2);
+    panel.portOptions.Select(2);
     unit.answers["H\r"] = "261121235958\r\n";
     PressRead();
 

@@ -43,7 +43,7 @@ TEST_F(WriteClockTest, AsksBeforeItTouchesThePort)
 {
     boxes.ExpectQuestion(kQuestion, true, [&] {
         EXPECT_THAT(port.history, IsEmpty());
-        EXPECT_FALSE(panel.Label34.Visible());
+        EXPECT_FALSE(panel.waitIndicator.label.Visible());
     });
     PressWrite();
 }
@@ -90,7 +90,7 @@ TEST_F(WriteClockTest, SendsWhatIsTypedWithoutPaddingAndWithoutAnyCheck)
 
 TEST_F(WriteClockTest, SendsTheFieldsAsTheyStandOnceTheUnitIsAwake)
 {
-    unit.onWake = [&](int) { panel.Clock.Text4a.SetText("31"); };
+    unit.onWake = [&](int) { panel.clock.seconds.SetText("31"); };
     PressAndConfirm();
 
     EXPECT_EQ(port.sent.back(), "G140423101531\r");
@@ -131,12 +131,13 @@ TEST_F(WriteClockTest, EndsWithoutAWordWhenThePortCannotBeOpened)
 TEST_F(WriteClockTest, RunsWithoutAnIndicatorInADialogWithItsOwnFields)
 {
     ClockBoxes dialog;
-    dialog.Text13a.SetText("01");
-    dialog.Text14a.SetText("02");
+    dialog.day.SetText("01");
+    dialog.hours.SetText("02");
     line.indicator = nullptr;
+    OperatorView dialogView(line);
     LogIndicator();
     boxes.ExpectQuestion(kQuestion, true);
-    ClickLink([&](DeviceLink& link) { WriteClock(dialog, link, boxes); });
+    ClickLink([&](DeviceLink& link) { WriteClock(dialog, link, dialogView); });
 
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "> }", "< !", "> G0102\r", "close"));
 }

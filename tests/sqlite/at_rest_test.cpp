@@ -24,7 +24,7 @@ protected:
         AddRow({{"tubo", "T2  "}, {"b", ""}});
     }
 
-    std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.DatabasePath); }
+    std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.databasePath); }
 
     /// The database's file and what stands beside it under its name.
     std::vector<std::string> Files()
@@ -37,14 +37,14 @@ protected:
 
     std::filesystem::path Beside(const char* suffix)
     {
-        return survey.DatabasePath.string() + suffix;
+        return survey.databasePath.string() + suffix;
     }
 
     /// The bytes under those names while `statement` stands uncommitted, or else unchecked, in
     /// another program: what a kill at this moment leaves.
     std::map<std::string, std::string> LeftByAKill(const QStringList& statements)
     {
-        RawDatabase raw(survey.DatabasePath);
+        RawDatabase raw(survey.databasePath);
         for (const QString& statement : statements)
             raw.Run(statement);
         std::map<std::string, std::string> left;
@@ -66,7 +66,7 @@ protected:
     void Replace(const std::string& bytes)
     {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        WriteFile(survey.DatabasePath, bytes);
+        WriteFile(survey.databasePath, bytes);
     }
 
     std::vector<Value> Tubes()
@@ -86,17 +86,17 @@ TEST_F(AtRestTest, OneFileHoldsEverythingWhileAHandleStandsOpen)
     table->SetField("b", "7");
     table->Update();
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
-    std::filesystem::copy_file(survey.DatabasePath, folder / "copy.mdb");
+    std::filesystem::copy_file(survey.databasePath, folder / "copy.mdb");
     EXPECT_THAT(RawDatabase(folder / "copy.mdb").Run("SELECT b FROM tar_vex"),
                 ElementsAre("7", ""));
 }
 
 TEST_F(AtRestTest, ADatabaseKeptWithALogBecomesOneFile)
 {
-    RawDatabase(survey.DatabasePath).Run("PRAGMA journal_mode = WAL");
+    RawDatabase(survey.databasePath).Run("PRAGMA journal_mode = WAL");
     const auto table = Table();
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
-    EXPECT_EQ(FileBytes(survey.DatabasePath).substr(18, 2), "\1\1");
+    EXPECT_EQ(FileBytes(survey.databasePath).substr(18, 2), "\1\1");
     EXPECT_EQ(table->Fields("tubo"), "T1  ");
 }
 
@@ -110,18 +110,18 @@ TEST_F(AtRestTest, TheLogOfAKilledProgramIsTakenIn)
 
 TEST_F(AtRestTest, ALeftOverLogIsNotReplayedOverABackup)
 {
-    const std::string backup = FileBytes(survey.DatabasePath);
+    const std::string backup = FileBytes(survey.databasePath);
     PutInPlace(LeftByAKill({"PRAGMA journal_mode = WAL", "UPDATE tar_vex SET tubo = 'NEW '"}));
     Replace(backup);
     EXPECT_THAT(Tubes(), ElementsAre("T1  ", "T2  "));
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
 }
 
 TEST_F(AtRestTest, ALeftOverLogIsNotReplayedOverABackupThatHadALogItself)
 {
-    RawDatabase(survey.DatabasePath).Run("PRAGMA journal_mode = WAL");
-    const std::string backup = FileBytes(survey.DatabasePath);
+    RawDatabase(survey.databasePath).Run("PRAGMA journal_mode = WAL");
+    const std::string backup = FileBytes(survey.databasePath);
     PutInPlace(LeftByAKill({"UPDATE tar_vex SET tubo = 'NEW '"}));
     ASSERT_THAT(Files(), ElementsAre("tar_vex.mdb", "tar_vex.mdb-wal"));
     Replace(backup);
@@ -140,26 +140,26 @@ TEST_F(AtRestTest, TheJournalOfAKilledProgramIsRolledBack)
     ASSERT_THAT(Files(), ElementsAre("tar_vex.mdb", "tar_vex.mdb-journal"));
     EXPECT_THAT(Tubes(), ElementsAre("T1  ", "T2  "));
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
 }
 
 TEST_F(AtRestTest, ALeftOverJournalIsNotRolledBackOverABackup)
 {
     AddRow({{"tubo", "OLD "}});
-    const std::string backup = FileBytes(survey.DatabasePath);
-    RawDatabase(survey.DatabasePath).Run("DELETE FROM tar_vex");
+    const std::string backup = FileBytes(survey.databasePath);
+    RawDatabase(survey.databasePath).Run("DELETE FROM tar_vex");
     PutInPlace(LeftByAKill(kHalfAWrite));
     ASSERT_THAT(Files(), ElementsAre("tar_vex.mdb", "tar_vex.mdb-journal"));
     Replace(backup);
     EXPECT_THAT(Tubes(), ElementsAre("T1  ", "T2  ", "OLD "));
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
 }
 
 TEST_F(AtRestTest, TheJournalOfAMakingThatWasKilledDoesNotEmptyABackup)
 {
-    const std::string backup = FileBytes(survey.DatabasePath);
-    std::filesystem::remove(survey.DatabasePath);
+    const std::string backup = FileBytes(survey.databasePath);
+    std::filesystem::remove(survey.databasePath);
     auto left = LeftByAKill({"PRAGMA cache_size = 2", "BEGIN IMMEDIATE", "CREATE TABLE x (t)",
                              "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
                              "WHERE i < 9000) INSERT INTO x SELECT i FROM n"});
@@ -172,7 +172,7 @@ TEST_F(AtRestTest, TheJournalOfAMakingThatWasKilledDoesNotEmptyABackup)
 
 TEST_F(AtRestTest, AFilePutInPlaceWhileAHandleStandsOpenIsNotDamaged)
 {
-    const std::string backup = FileBytes(survey.DatabasePath);
+    const std::string backup = FileBytes(survey.databasePath);
     const auto table = Table();
     for (int row = 0; row < 200; ++row) {
         table->AddNew();
@@ -188,13 +188,13 @@ TEST_F(AtRestTest, AFilePutInPlaceWhileAHandleStandsOpenIsNotDamaged)
     } catch (const RunTimeFailure&) {
     }
     EXPECT_THAT(Tubes(), ElementsAre("T1  ", "T2  "));
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
 }
 
 TEST_F(AtRestTest, AHandleDoesNotGoOnInAFileThatIsGone)
 {
     const auto table = Table();
-    std::filesystem::rename(survey.DatabasePath, folder / "away.mdb");
+    std::filesystem::rename(survey.databasePath, folder / "away.mdb");
     table->Edit();
     table->SetField("b", "9");
     EXPECT_THROW(table->Update(), RunTimeFailure);
@@ -204,18 +204,18 @@ TEST_F(AtRestTest, AHandleDoesNotGoOnInAFileThatIsGone)
 
 TEST_F(AtRestTest, ALookUpGoesToTheFileThatIsInPlace)
 {
-    const std::string backup = FileBytes(survey.DatabasePath);
+    const std::string backup = FileBytes(survey.databasePath);
     const auto table = Table();
     WriteFile(folder / "new.mdb", backup);
     RawDatabase(folder / "new.mdb").Run("UPDATE tar_vex SET b = 'new'");
-    std::filesystem::rename(folder / "new.mdb", survey.DatabasePath);
+    std::filesystem::rename(folder / "new.mdb", survey.databasePath);
     table->SetFilter("[tubo] = 'T1  '");
     EXPECT_EQ(table->OpenRecordset()->Fields("b"), "new");
 }
 
 TEST_F(AtRestTest, ALogThatAnotherProgramHasOpenIsLeftToIt)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("PRAGMA journal_mode = WAL");
     raw.Run("UPDATE tar_vex SET tubo = 'LIVE'");
     EXPECT_THAT(Tubes(), ElementsAre("LIVE", "LIVE"));

@@ -20,7 +20,7 @@ protected:
     [[noreturn]] void WriteForEver(int acknowledge)
     {
         try {
-            const auto table = backend->OpenTable(survey.DatabasePath);
+            const auto table = backend->OpenTable(survey.databasePath);
             table->SetFilter("");
             for (int number = 1;; ++number) {
                 AddAndChange(*table, std::to_string(number));
@@ -74,7 +74,7 @@ protected:
 TEST_F(DurabilityTest, AWriterKilledAtAnyMomentLeavesWholeRowsAndAllItHadDone)
 {
     for (unsigned round = 0; round < 25; ++round) {
-        std::filesystem::remove(survey.DatabasePath);
+        std::filesystem::remove(survey.databasePath);
         std::filesystem::remove(folder / "tar_vex.mdb-journal");
         const int done = KillWriter(1 + static_cast<int>(round % 4), round * 173 % 2000);
 
@@ -89,7 +89,7 @@ TEST_F(DurabilityTest, AWriterKilledAtAnyMomentLeavesWholeRowsAndAllItHadDone)
             for (const auto& [name, value] : row)
                 EXPECT_EQ(value, text) << name;
         }
-        EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"),
+        EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"),
                     ElementsAre("ok"));
     }
 }
@@ -97,7 +97,7 @@ TEST_F(DurabilityTest, AWriterKilledAtAnyMomentLeavesWholeRowsAndAllItHadDone)
 TEST_F(DurabilityTest, AProgramThatMadeTheTableAndWasKilledLeavesADatabase)
 {
     for (unsigned round = 0; round < 25; ++round) {
-        std::filesystem::remove(survey.DatabasePath);
+        std::filesystem::remove(survey.databasePath);
         KillWriter(0, round * 211);
         AddRow({{"b", "5"}});
         EXPECT_EQ(Rows().back(), (SurveyRow{{"b", "5"}}));
@@ -111,7 +111,7 @@ protected:
     KilledWalkTest()
     {
         AddRow({});
-        RawDatabase(survey.DatabasePath)
+        RawDatabase(survey.databasePath)
             .Run("INSERT INTO tar_vex (cliente, cantiere, tubo, [profondità], passo, guide, nord, "
                  "b) WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < "
                  "3000) SELECT 'ROSSI', 'DIGA', i, '0500', '1', '4', '+015', "
@@ -127,7 +127,7 @@ protected:
     std::vector<Handled> Walked()
     {
         std::vector<Handled> walked;
-        for (const QString& row : RawDatabase(survey.DatabasePath)
+        for (const QString& row : RawDatabase(survey.databasePath)
                                       .Run("SELECT b IS '', rowid FROM tar_vex ORDER BY rowid")) {
             const int number = row.section('|', 1).toInt();
             walked.push_back({row.startsWith('1'), number % 500 == 0 ? number / 500 : 0});
@@ -138,9 +138,9 @@ protected:
 
 TEST_F(KilledWalkTest, LeavesTheRowsBeforeItsMomentHandledAndThoseAfterItUntouched)
 {
-    const std::string before = FileBytes(survey.DatabasePath);
+    const std::string before = FileBytes(survey.databasePath);
     for (useconds_t delay = 0; delay < 20'000; delay += 400) {
-        WriteFile(survey.DatabasePath, before);
+        WriteFile(survey.databasePath, before);
         std::filesystem::remove(folder / "tar_vex.mdb-journal");
         const pid_t walker = ::fork();
         if (walker == 0) {
@@ -151,7 +151,7 @@ TEST_F(KilledWalkTest, LeavesTheRowsBeforeItsMomentHandledAndThoseAfterItUntouch
         ::kill(walker, SIGKILL);
         ASSERT_EQ(::waitpid(walker, nullptr, 0), walker);
 
-        backend->OpenTable(survey.DatabasePath)->Close(); // takes in what is left beside it
+        backend->OpenTable(survey.databasePath)->Close(); // takes in what is left beside it
         bool done = true;
         for (const Handled& row : Walked()) {
             EXPECT_TRUE(done || !row.done) << delay;
@@ -166,7 +166,7 @@ TEST_F(KilledWalkTest, LeavesTheRowsBeforeItsMomentHandledAndThoseAfterItUntouch
 TEST_F(KilledWalkTest, NeighboursShareACommitAndARowThatIsEmptyCostsNone)
 {
     const auto commits = [&] {
-        const std::string bytes = FileBytes(survey.DatabasePath);
+        const std::string bytes = FileBytes(survey.databasePath);
         return static_cast<unsigned char>(bytes[26]) * 256 + static_cast<unsigned char>(bytes[27]);
     };
     const int before = commits();
@@ -206,25 +206,25 @@ private:
 TEST_F(DurabilityTest, OnAFullDiskAnUpdateFailsAndTheRowsStay)
 {
     AddRow({{"b", "5"}});
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     table->Edit();
     table->SetField("cliente", std::string(100000, 'x'));
     {
-        FullDisk disk(std::filesystem::file_size(survey.DatabasePath));
+        FullDisk disk(std::filesystem::file_size(survey.databasePath));
         EXPECT_THROW(table->Update(), RunTimeFailure);
         EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
     }
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
     table->Update();
     EXPECT_EQ(RowAt(0).at("cliente"), std::string(100000, 'x'));
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
 }
 
 TEST_F(DurabilityTest, OnAFullDiskNoDatabaseIsMadeAndOneIsLater)
 {
     {
         FullDisk disk(1000);
-        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     }
     AddRow({{"b", "5"}});
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
@@ -234,11 +234,11 @@ TEST_F(DurabilityTest, ReadHeadersOnAFullDiskGoesThroughToItsGrid)
 {
     AddRow({{"b", "5"}});
     {
-        FullDisk disk(std::filesystem::file_size(survey.DatabasePath));
+        FullDisk disk(std::filesystem::file_size(survey.databasePath));
         Read();
     }
     EXPECT_EQ(gridsShown, 1);
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
     Read();
     EXPECT_EQ(Rows().size(), 31U);
 }

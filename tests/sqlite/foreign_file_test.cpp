@@ -19,12 +19,12 @@ protected:
     /// Neither command gets a handle: the outcomes of a database that is not there.
     void ExpectNoHandle()
     {
-        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
         Read();
         EXPECT_EQ(gridsShown, 1);
         boxes.Expect("Attention: Invalid DEPTH value");
         Write();
-        EXPECT_EQ(state.BlockHeader, DefaultHeader(0));
+        EXPECT_EQ(state.blockHeader, DefaultHeader(0));
     }
 
     /// As ExpectNoHandle, and the folder is the same before and behind, byte by byte.
@@ -91,15 +91,15 @@ INSTANTIATE_TEST_SUITE_P(WithTheMark, ForeignBytesTest,
 
 TEST_P(ForeignBytesTest, IsNeverTouched)
 {
-    WriteFile(survey.DatabasePath, GetParam().bytes);
+    WriteFile(survey.databasePath, GetParam().bytes);
     ExpectUntouched();
 }
 
 TEST_F(ForeignFileTest, AForeignFileIsNotTouchedBesideALeftOverLogEither)
 {
     {
-        const auto table = backend->OpenTable(survey.DatabasePath);
-        RawDatabase raw(survey.DatabasePath);
+        const auto table = backend->OpenTable(survey.databasePath);
+        RawDatabase raw(survey.databasePath);
         raw.Run("PRAGMA journal_mode = WAL");
         raw.Run("INSERT INTO tar_vex (b) VALUES ('5')");
         const std::string log = FileBytes(folder / "tar_vex.mdb-wal");
@@ -107,7 +107,7 @@ TEST_F(ForeignFileTest, AForeignFileIsNotTouchedBesideALeftOverLogEither)
         table->Close();
         WriteFile(folder / "tar_vex.mdb-wal", log);
     }
-    WriteFile(survey.DatabasePath, "a letter");
+    WriteFile(survey.databasePath, "a letter");
     ExpectUntouched();
 }
 
@@ -115,52 +115,52 @@ TEST_F(ForeignFileTest, ADamagedDatabaseIsNotMadeWorse)
 {
     std::string bytes = DatabaseBytes();
     bytes.replace(100, 3000, std::string(3000, '\x55'));
-    WriteFile(survey.DatabasePath, bytes);
-    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
-    EXPECT_TRUE(FileBytes(survey.DatabasePath) == bytes);
+    WriteFile(survey.databasePath, bytes);
+    EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
+    EXPECT_TRUE(FileBytes(survey.databasePath) == bytes);
 }
 
 TEST_F(ForeignFileTest, ADatabaseCutShortIsNotMadeWorse)
 {
     const std::string bytes = DatabaseBytes().substr(0, 4096);
-    WriteFile(survey.DatabasePath, bytes);
+    WriteFile(survey.databasePath, bytes);
     EXPECT_THROW(
         {
-            const auto table = backend->OpenTable(survey.DatabasePath);
+            const auto table = backend->OpenTable(survey.databasePath);
             table->MoveFirst();
         },
         RunTimeFailure);
-    EXPECT_EQ(FileBytes(survey.DatabasePath).substr(0, 16), "SQLite format 3\0"s);
+    EXPECT_EQ(FileBytes(survey.databasePath).substr(0, 16), "SQLite format 3\0"s);
 }
 
 TEST_F(ForeignFileTest, AnEmptyFileIsANewDatabase)
 {
-    WriteFile(survey.DatabasePath, "");
+    WriteFile(survey.databasePath, "");
     AddRow({{"b", "5"}});
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
 }
 
 TEST_F(ForeignFileTest, AFolderOfThatNameIsNoDatabase)
 {
-    std::filesystem::create_directory(survey.DatabasePath);
+    std::filesystem::create_directory(survey.databasePath);
     ExpectUntouched();
 }
 
 TEST_F(ForeignFileTest, APipeOfThatNameHoldsNothingUp)
 {
-    ASSERT_EQ(::mkfifo(survey.DatabasePath.c_str(), 0600), 0);
+    ASSERT_EQ(::mkfifo(survey.databasePath.c_str(), 0600), 0);
     ExpectUntouched();
 }
 
 TEST_F(ForeignFileTest, AFolderThatIsGoneGivesNoHandle)
 {
-    survey.DatabasePath = folder / "gone" / "tar_vex.mdb";
+    survey.databasePath = folder / "gone" / "tar_vex.mdb";
     ExpectUntouched();
 }
 
 TEST_F(ForeignFileTest, ALinkToADatabaseIsFollowed)
 {
-    std::filesystem::create_symlink(folder / "real.mdb", survey.DatabasePath);
+    std::filesystem::create_symlink(folder / "real.mdb", survey.databasePath);
     AddRow({{"b", "5"}});
     EXPECT_TRUE(std::filesystem::is_regular_file(folder / "real.mdb"));
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
@@ -168,7 +168,7 @@ TEST_F(ForeignFileTest, ALinkToADatabaseIsFollowed)
 
 TEST_F(ForeignFileTest, ANameOutsideUnicodeIsLikeAnyOther)
 {
-    survey.DatabasePath = folder / "citt\xE0.mdb";
+    survey.databasePath = folder / "citt\xE0.mdb";
     AddRow({{"b", "5"}});
     EXPECT_THAT(NamesIn(folder.Path()), ElementsAre("citt\xE0.mdb", "intestazione"));
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
@@ -177,17 +177,17 @@ TEST_F(ForeignFileTest, ANameOutsideUnicodeIsLikeAnyOther)
 TEST_F(ForeignFileTest, AFolderOutsideUnicodeHoldsADatabaseLikeAnyOther)
 {
     std::filesystem::create_directory(folder / "Citt\xE0");
-    survey.DatabasePath = folder / "Citt\xE0" / "tar_vex.mdb";
+    survey.databasePath = folder / "Citt\xE0" / "tar_vex.mdb";
     AddRow({{"b", "5"}});
-    EXPECT_TRUE(std::filesystem::is_regular_file(survey.DatabasePath));
+    EXPECT_TRUE(std::filesystem::is_regular_file(survey.databasePath));
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
 }
 
 TEST_F(ForeignFileTest, AnyOtherNameWillDo)
 {
-    survey.DatabasePath = folder / "citt\xC3\xA0 'x'; \"y\" %20?mode=ro&z #.mdb";
+    survey.databasePath = folder / "citt\xC3\xA0 'x'; \"y\" %20?mode=ro&z #.mdb";
     AddRow({{"b", "5"}});
-    EXPECT_TRUE(std::filesystem::exists(survey.DatabasePath));
+    EXPECT_TRUE(std::filesystem::exists(survey.databasePath));
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "5"}}));
 }
 
@@ -220,33 +220,33 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(ForeignSchemaTest, IsLeftAsItIs)
 {
-    RawDatabase(survey.DatabasePath).Run(GetParam().statement);
+    RawDatabase(survey.databasePath).Run(GetParam().statement);
     ExpectUntouched();
 }
 
 TEST_F(ForeignFileTest, AViewWithAllTheColumnsIsNoTable)
 {
-    RawDatabase raw(survey.DatabasePath);
-    backend->OpenTable(survey.DatabasePath)->Close();
+    RawDatabase raw(survey.databasePath);
+    backend->OpenTable(survey.databasePath)->Close();
     raw.Run("ALTER TABLE tar_vex RENAME TO other");
     raw.Run("CREATE VIEW tar_vex AS SELECT * FROM other");
-    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
 }
 
 TEST_F(ForeignFileTest, ATableWithoutItsLastColumnIsLeftAsItIs)
 {
     AddRow({{"tubo", "T1  "}, {"b", "5"}});
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("ALTER TABLE tar_vex DROP COLUMN b");
     const auto before = raw.Run("SELECT * FROM sqlite_master");
-    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     EXPECT_EQ(raw.Run("SELECT * FROM sqlite_master"), before);
     EXPECT_THAT(raw.Run("SELECT tubo FROM tar_vex"), ElementsAre("T1  "));
 }
 
 TEST_F(ForeignFileTest, TheTablesOfOthersStayBesideOurs)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("CREATE TABLE notes (text)");
     raw.Run("INSERT INTO notes VALUES ('keep')");
     AddRow({{"b", "5"}});
@@ -257,7 +257,7 @@ TEST_F(ForeignFileTest, TheTablesOfOthersStayBesideOurs)
 TEST_F(ForeignFileTest, ADatabaseThatAnotherProgramIsWritingGivesNoHandle)
 {
     AddRow({{"tubo", "T1  "}, {"b", "5"}});
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     raw.Run("UPDATE tar_vex SET tubo = 'T2'");
     ExpectNoHandle();
@@ -268,7 +268,7 @@ TEST_F(ForeignFileTest, ADatabaseThatAnotherProgramIsWritingGivesNoHandle)
 TEST_F(ForeignFileTest, ADatabaseLockedWhollyGivesNoHandle)
 {
     AddRow({{"b", "5"}});
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("PRAGMA locking_mode = EXCLUSIVE");
     raw.Run("BEGIN EXCLUSIVE");
     ExpectNoHandle();
@@ -277,10 +277,10 @@ TEST_F(ForeignFileTest, ADatabaseLockedWhollyGivesNoHandle)
 TEST_F(ForeignFileTest, AnUpdateDuringAnothersWriteFailsAndCanBeRepeated)
 {
     AddRow({{"b", "5"}});
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     table->Edit();
     table->SetField("b", "6");
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     EXPECT_THROW(table->Update(), RunTimeFailure);
     raw.Run("ROLLBACK");
@@ -292,7 +292,7 @@ TEST_F(ForeignFileTest, MarksStayWhenAnotherProgramWritesDuringTheWalk)
 {
     AddRow({{"b", "30"}});
     AddRow({{"b", "30"}});
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     boxes.Expect("Attention: Block no. is incorect", [&] { raw.Run("BEGIN IMMEDIATE"); });
     boxes.Expect("Attention: Block no. is incorect", [&] { raw.Run("ROLLBACK"); });
     Write();
@@ -302,21 +302,21 @@ TEST_F(ForeignFileTest, MarksStayWhenAnotherProgramWritesDuringTheWalk)
 TEST_F(ForeignFileTest, AFileThatMayNotBeWrittenGivesNoHandle)
 {
     AddRow({{"b", "5"}});
-    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0444));
-    const std::string bytes = FileBytes(survey.DatabasePath);
+    std::filesystem::permissions(survey.databasePath, std::filesystem::perms(0444));
+    const std::string bytes = FileBytes(survey.databasePath);
     {
         OrdinaryUser user(folder.Path());
-        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     }
-    EXPECT_TRUE(FileBytes(survey.DatabasePath) == bytes);
+    EXPECT_TRUE(FileBytes(survey.databasePath) == bytes);
 }
 
 TEST_F(ForeignFileTest, AFileThatMayNotBeReadGivesNoHandle)
 {
     AddRow({{"b", "5"}});
-    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0));
+    std::filesystem::permissions(survey.databasePath, std::filesystem::perms(0));
     OrdinaryUser user(folder.Path());
-    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
 }
 
 TEST_F(ForeignFileTest, AFolderThatMayNotBeWrittenGivesNoHandleAndNoFile)
@@ -325,7 +325,7 @@ TEST_F(ForeignFileTest, AFolderThatMayNotBeWrittenGivesNoHandleAndNoFile)
     const auto before = FolderContent();
     {
         OrdinaryUser user(folder.Path());
-        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     }
     EXPECT_TRUE(FolderContent() == before);
 }
@@ -333,12 +333,12 @@ TEST_F(ForeignFileTest, AFolderThatMayNotBeWrittenGivesNoHandleAndNoFile)
 TEST_F(ForeignFileTest, ADatabaseInAFolderThatMayNotBeWrittenGivesNoHandle)
 {
     AddRow({{"b", "5"}});
-    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0666));
+    std::filesystem::permissions(survey.databasePath, std::filesystem::perms(0666));
     std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
     const auto before = FolderContent();
     {
         OrdinaryUser user(folder.Path());
-        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     }
     EXPECT_TRUE(FolderContent() == before);
 }
@@ -346,13 +346,13 @@ TEST_F(ForeignFileTest, ADatabaseInAFolderThatMayNotBeWrittenGivesNoHandle)
 TEST_F(ForeignFileTest, ADatabaseKeptWithALogInAFolderThatMayNotBeWrittenGivesNoHandle)
 {
     AddRow({{"b", "5"}});
-    RawDatabase(survey.DatabasePath).Run("PRAGMA journal_mode = WAL");
-    std::filesystem::permissions(survey.DatabasePath, std::filesystem::perms(0666));
+    RawDatabase(survey.databasePath).Run("PRAGMA journal_mode = WAL");
+    std::filesystem::permissions(survey.databasePath, std::filesystem::perms(0666));
     std::filesystem::permissions(folder.Path(), std::filesystem::perms(0555));
     const auto before = FolderContent();
     {
         OrdinaryUser user(folder.Path());
-        EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+        EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     }
     EXPECT_TRUE(FolderContent() == before);
 }

@@ -78,20 +78,20 @@ TEST_P(HostileSchemaTest, IsRefusedLikeAForeignFile)
 {
     AddRow(TubeRow(DamHeader("00", "", "")));
     {
-        RawDatabase raw(survey.DatabasePath);
+        RawDatabase raw(survey.databasePath);
         for (const QString& statement : GetParam().statements)
             raw.Run(statement);
     }
-    const std::string before = FileBytes(survey.DatabasePath);
+    const std::string before = FileBytes(survey.databasePath);
 
-    EXPECT_THROW(backend->OpenTable(survey.DatabasePath), RunTimeFailure);
+    EXPECT_THROW(backend->OpenTable(survey.databasePath), RunTimeFailure);
     Read();
     EXPECT_EQ(gridsShown, 1);
     boxes.Expect("Attention: Invalid DEPTH value");
     Write();
-    const platform::SurveyTableModel model([&] { return survey.DatabasePath; });
+    const platform::SurveyTableModel model([&] { return survey.databasePath; });
     EXPECT_EQ(model.rowCount(), 0);
-    EXPECT_TRUE(FileBytes(survey.DatabasePath) == before);
+    EXPECT_TRUE(FileBytes(survey.databasePath) == before);
 }
 
 class HostileContentTest : public SurveyTest
@@ -101,7 +101,7 @@ class HostileContentTest : public SurveyTest
 TEST_F(HostileContentTest, AHugeMarkIsShownCutAndIsNoBlock)
 {
     AddRow({{"b", std::string(20'000'000, '3')}});
-    const platform::SurveyTableModel model([&] { return survey.DatabasePath; });
+    const platform::SurveyTableModel model([&] { return survey.databasePath; });
     const auto shown = model.index(0, static_cast<int>(FieldIndex("b"))).data().toString();
     EXPECT_EQ(shown, QString(100, '3') + "...");
     boxes.Expect("Attention: Block no. is incorect");
@@ -112,18 +112,18 @@ TEST_F(HostileContentTest, AHugeMarkIsShownCutAndIsNoBlock)
 TEST_F(HostileContentTest, ATriggerMadeWhileAHandleIsOpenDoesNotRun)
 {
     AddRow({{"b", "5"}});
-    const auto table = backend->OpenTable(survey.DatabasePath);
-    RawDatabase(survey.DatabasePath)
+    const auto table = backend->OpenTable(survey.databasePath);
+    RawDatabase(survey.databasePath)
         .Run("CREATE TRIGGER t AFTER UPDATE ON tar_vex BEGIN DELETE FROM tar_vex; END");
     table->Edit();
     table->SetField("b", "");
     table->Update();
-    EXPECT_THAT(RawDatabase(survey.DatabasePath).Run("SELECT b FROM tar_vex"), ElementsAre(""));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("SELECT b FROM tar_vex"), ElementsAre(""));
 }
 
 TEST_F(HostileContentTest, ViewsAndTriggersOfOtherTablesAreNoHindrance)
 {
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("CREATE TABLE notes (text)");
     raw.Run("CREATE VIEW v AS " + kEndless + "SELECT i FROM n");
     raw.Run("CREATE TRIGGER t AFTER INSERT ON notes BEGIN DELETE FROM notes; END");
@@ -135,10 +135,10 @@ TEST_F(HostileContentTest, ViewsAndTriggersOfOtherTablesAreNoHindrance)
 TEST_F(HostileContentTest, PagesThatLeadInACircleAreGivenUp)
 {
     AddRow({{"b", ""}});
-    RawDatabase(survey.DatabasePath)
+    RawDatabase(survey.databasePath)
         .Run("INSERT INTO tar_vex (tubo) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
              "FROM n WHERE i < 20000) SELECT hex(i) FROM n");
-    std::string bytes = FileBytes(survey.DatabasePath);
+    std::string bytes = FileBytes(survey.databasePath);
     constexpr std::size_t kRoot = 4096; // the table's: an inner page
     ASSERT_EQ(bytes[kRoot], 5);
     const std::string firstChild = bytes.substr(kRoot + 4096 - 7, 4);
@@ -147,8 +147,8 @@ TEST_F(HostileContentTest, PagesThatLeadInACircleAreGivenUp)
                                                     static_cast<unsigned char>(bytes[cell + 1]));
         bytes.replace(kRoot + place, 4, firstChild);
     }
-    WriteFile(survey.DatabasePath, bytes);
-    const platform::SurveyTableModel model([&] { return survey.DatabasePath; });
+    WriteFile(survey.databasePath, bytes);
+    const platform::SurveyTableModel model([&] { return survey.databasePath; });
     EXPECT_EQ(model.rowCount(), 0);
 }
 

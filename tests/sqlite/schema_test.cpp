@@ -14,8 +14,8 @@ using ::testing::ElementsAre;
 class SchemaTest : public SurveyTest
 {
 protected:
-    std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.DatabasePath); }
-    RawDatabase Raw() { return RawDatabase(survey.DatabasePath); }
+    std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.databasePath); }
+    RawDatabase Raw() { return RawDatabase(survey.databasePath); }
 
     QStringList Ask(const char* statement) { return Raw().Run(QString::fromUtf8(statement)); }
 };

@@ -27,7 +27,7 @@ protected:
         QAbstractItemModelTester tester;
     };
 
-    std::unique_ptr<Checked> Make() { return std::make_unique<Checked>(survey.DatabasePath); }
+    std::unique_ptr<Checked> Make() { return std::make_unique<Checked>(survey.databasePath); }
 
     static std::string Cell(const QAbstractItemModel& model, int row, std::string_view field)
     {
@@ -113,7 +113,7 @@ TEST_F(SurveyTableModelTest, AMarkThatCannotBeWrittenStaysAsItWas)
 {
     AddRow({{"b", "5"}});
     const auto checked = Make();
-    RawDatabase raw(survey.DatabasePath);
+    RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
     EXPECT_FALSE(SetMark(checked->model, 0, "6"));
     raw.Run("ROLLBACK");
@@ -144,7 +144,7 @@ TEST_F(SurveyTableModelTest, RowsThatAreGoneGo)
     AddRow({{"tubo", "T1  "}});
     AddRow({{"tubo", "T2  "}});
     const auto checked = Make();
-    RawDatabase(survey.DatabasePath).Run("DELETE FROM tar_vex WHERE tubo = 'T1  '");
+    RawDatabase(survey.databasePath).Run("DELETE FROM tar_vex WHERE tubo = 'T1  '");
     checked->model.revert();
     EXPECT_EQ(checked->model.rowCount(), 1);
     EXPECT_EQ(Cell(checked->model, 0, "tubo"), "T2  ");
@@ -166,7 +166,7 @@ TEST_F(SurveyTableModelTest, WithoutADatabaseThereAreNoRowsAndNoneIsMade)
     const auto checked = Make();
     EXPECT_EQ(checked->model.rowCount(), 0);
     EXPECT_EQ(checked->model.columnCount(), 35);
-    EXPECT_FALSE(std::filesystem::exists(survey.DatabasePath));
+    EXPECT_FALSE(std::filesystem::exists(survey.databasePath));
     Read();
     checked->model.revert();
     EXPECT_EQ(checked->model.rowCount(), 30);
@@ -174,16 +174,16 @@ TEST_F(SurveyTableModelTest, WithoutADatabaseThereAreNoRowsAndNoneIsMade)
 
 TEST_F(SurveyTableModelTest, AFileThatIsNotOursShowsNothingAndIsNotTouched)
 {
-    WriteFile(survey.DatabasePath, "a letter");
+    WriteFile(survey.databasePath, "a letter");
     const auto checked = Make();
     checked->model.revert();
     EXPECT_EQ(checked->model.rowCount(), 0);
-    EXPECT_EQ(FileBytes(survey.DatabasePath), "a letter");
+    EXPECT_EQ(FileBytes(survey.databasePath), "a letter");
 }
 
 TEST_F(SurveyTableModelTest, ATableThatIsNotOursShowsNothing)
 {
-    RawDatabase(survey.DatabasePath).Run("CREATE TABLE tar_vex (b)");
+    RawDatabase(survey.databasePath).Run("CREATE TABLE tar_vex (b)");
     const auto checked = Make();
     EXPECT_EQ(checked->model.rowCount(), 0);
 }
@@ -191,7 +191,7 @@ TEST_F(SurveyTableModelTest, ATableThatIsNotOursShowsNothing)
 TEST_F(SurveyTableModelTest, FollowsThePathWhenItMoves)
 {
     AddRow({{"tubo", "T1  "}});
-    std::filesystem::path path = survey.DatabasePath;
+    std::filesystem::path path = survey.databasePath;
     platform::SurveyTableModel model([&] { return path; });
     EXPECT_EQ(model.rowCount(), 1);
     path = folder / "other.mdb";
@@ -205,7 +205,7 @@ TEST_F(SurveyTableModelTest, HoldsNoLockBetweenItsReads)
         AddRow({{"b", std::to_string(row)}});
     const auto checked = Make();
     EXPECT_EQ(Cell(checked->model, 150, "b"), "150");
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     table->Edit();
     table->SetField("b", "X");
     table->Update();

@@ -57,7 +57,7 @@ protected:
         std::vector<pid_t> programs;
         for (const char* const own : {"A", "B"}) {
             programs.push_back(Start(gate, [&] {
-                state.HeaderFilePath = folder / (std::string("intestazione-") + own);
+                state.headerFilePath = folder / (std::string("intestazione-") + own);
                 for (int record = 1; record <= kBlockCount; ++record)
                     PutHeader(record, Tube(record <= 15 ? shared : shared + own, record));
                 Read();
@@ -69,7 +69,7 @@ protected:
             Await(program);
     }
 
-    RawDatabase raw{survey.DatabasePath};
+    RawDatabase raw{survey.databasePath};
 };
 
 TEST_F(TwoProgramsTest, ReadHeadersInBothFilesEveryTubeOnce)
@@ -86,7 +86,7 @@ TEST_F(TwoProgramsTest, ReadHeadersInBothFilesEveryTubeOnce)
 TEST_F(TwoProgramsTest, ALockIsWaitedFor)
 {
     AddRow({{"b", "5"}});
-    const auto table = backend->OpenTable(survey.DatabasePath);
+    const auto table = backend->OpenTable(survey.databasePath);
     table->Edit();
     table->SetField("b", "6");
     raw.Run("BEGIN IMMEDIATE");

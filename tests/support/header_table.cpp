@@ -94,21 +94,21 @@ std::string HeaderFrame(int blockIndex, std::string_view record)
 void WriteTable(const TestProgram& program, const std::vector<std::string>& records)
 {
     // A file cut to nothing is flushed to the disk when it closes, which is slow; a new one is not.
-    std::filesystem::remove(program.state.HeaderFilePath);
-    WriteFile(program.state.HeaderFilePath, Joined(records, 0, records.size()));
+    std::filesystem::remove(program.state.headerFilePath);
+    WriteFile(program.state.headerFilePath, Joined(records, 0, records.size()));
 }
 
 void OpenOwnTableAt(TestProgram& program, int number)
 {
     WriteTable(program, OwnTable());
-    program.state.CurrentBlock = number;
-    program.panel.Text2.SetText(TwoDecimals(number));
-    program.headers.ReloadPanel();
+    program.state.currentBlock = number;
+    program.panel.blockNumber.SetText(TwoDecimals(number));
+    ReloadPanel(program.panel, program.state);
 }
 
 std::vector<std::string> StoredTable(const TestProgram& program)
 {
-    const std::string bytes = FileBytes(program.state.HeaderFilePath);
+    const std::string bytes = FileBytes(program.state.headerFilePath);
     std::vector<std::string> records;
     for (std::size_t offset = 0; offset < bytes.size(); offset += kRecordLength)
         records.push_back(bytes.substr(offset, kRecordLength));

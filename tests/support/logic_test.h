@@ -31,16 +31,16 @@ struct RowName {
 #define EXPECT_LINK_AT_REST()                                                                      \
     do {                                                                                           \
         EXPECT_FALSE(port.IsOpen());                                                               \
-        EXPECT_FALSE(panel.Label34.Visible());                                                     \
-        EXPECT_FALSE(panel.Shape1.Visible());                                                      \
+        EXPECT_FALSE(panel.waitIndicator.label.Visible());                                         \
+        EXPECT_FALSE(panel.waitIndicator.ground.Visible());                                        \
     } while (false)
 
 /// The link in a wait that nothing but the end of the program ends: port open, indicator shown.
 #define EXPECT_LINK_WAITING()                                                                      \
     do {                                                                                           \
         EXPECT_TRUE(port.IsOpen());                                                                \
-        EXPECT_TRUE(panel.Label34.Visible());                                                      \
-        EXPECT_TRUE(panel.Shape1.Visible());                                                       \
+        EXPECT_TRUE(panel.waitIndicator.label.Visible());                                          \
+        EXPECT_TRUE(panel.waitIndicator.ground.Visible());                                         \
     } while (false)
 
 } // namespace tarvex::tests

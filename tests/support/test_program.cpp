@@ -10,8 +10,8 @@ namespace tarvex::tests
 
 TestProgram::TestProgram()
 {
-    panel.ssOption1.OnClick([this](int index) { state.ComPortNumber = index + 1; });
-    LoadMainForm(panel, state, headers, [this] { return folder.Path(); });
+    panel.portOptions.OnClick([this](int index) { state.comPortNumber = index + 1; });
+    LoadMainForm(panel, state, [this] { return folder.Path(); });
 }
 
 void TestProgram::Click(const std::function<void()>& handler)
@@ -33,7 +33,7 @@ void TestProgram::ClickLink(const std::function<void(DeviceLink&)>& handler)
 BlockHeader TestProgram::StoredHeader(int recordNumber) const
 {
     RecordFile file(sizeof(BlockHeader));
-    file.Open(state.HeaderFilePath);
+    file.Open(state.headerFilePath);
     BlockHeader header;
     file.Get(recordNumber, header);
     EXPECT_FALSE(file.EndOfFile()) << "no record " << recordNumber;
@@ -42,18 +42,17 @@ BlockHeader TestProgram::StoredHeader(int recordNumber) const
 
 bool TestProgram::LineAtRest() const
 {
-    return !port.IsOpen() && !panel.Label34.Visible() && !panel.Shape1.Visible();
+    return !port.IsOpen() && !panel.waitIndicator.label.Visible() &&
+           !panel.waitIndicator.ground.Visible();
 }
 
 std::vector<std::string> TestProgram::HeaderBoxTexts() const
 {
     std::vector<std::string> texts;
-    for (const TextBox* box :
-         {&panel.Text3, &panel.Text4, &panel.Text5, &panel.Text6, &panel.Text13, &panel.Text7,
-          &panel.Text8, &panel.Text9, &panel.Text10, &panel.Text11, &panel.Text12, &panel.Text18,
-          &panel.Text20, &panel.Text19, &panel.Text21, &panel.Text22}) {
-        texts.push_back(box->Text());
-    }
+    for (const TextBox& box : panel.header.things)
+        texts.push_back(box.Text());
+    for (const TextBox& box : panel.calibration.things)
+        texts.push_back(box.Text());
     return texts;
 }
 
@@ -64,8 +63,8 @@ void TestProgram::LogIndicator()
             port.history.push_back(name + (control.Visible() ? " on" : " off"));
         });
     };
-    log("Label34", panel.Label34);
-    log("Shape1", panel.Shape1);
+    log("Label34", panel.waitIndicator.label);
+    log("Shape1", panel.waitIndicator.ground);
 }
 
 void TestProgram::ErrorBox::Critical(std::string_view text, std::string_view title)

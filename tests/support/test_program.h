@@ -1,10 +1,11 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/handlers.h"
 #include "core/header_store.h"
-#include "core/panel.h"
 #include "core/working_state.h"
 #include "link/device_link.h"
+#include "link/operator_view.h"
 #include "support/scripted_boxes.h"
 #include "support/scripted_port.h"
 #include "support/scripted_unit.h"
@@ -18,6 +19,9 @@
 
 namespace tarvex::tests
 {
+
+using enum HeaderBox;
+using enum CalibrationBox;
 
 /// The whole program below the window: panel, state, header file, line and unit, on a virtual clock
 /// and in a folder of its own. The start-up has run: the panel shows record 1.
@@ -58,13 +62,13 @@ public:
 
     TemporaryFolder folder;
     WorkingState state;
-    Panel panel;
-    HeaderStore headers{state, panel};
+    ControlPanel panel;
     ScriptedBoxes boxes;
     VirtualWorld world{[this] { CountTick(state); }};
     ScriptedPort port;
     ScriptedUnit unit{world, port};
-    Line line{port, world, world, boxes, state, &panel};
+    Line line{port, world, world, boxes, state, &panel.waitIndicator};
+    OperatorView view{line};
 
 private:
     /// The box of a failure that no handler skipped.

@@ -57,11 +57,13 @@ std::filesystem::path Download(const std::filesystem::path& folder, const std::s
     unit::Unit far(MemoryOf(parsed), FaultsOf(fault));
     TestProgram program;
     Connect(program, far);
-    program.state.ReportFolder = folder;
-    program.panel.numblocco.SetText(parsed.block < 10 ? "0" + std::to_string(parsed.block)
-                                                      : std::to_string(parsed.block));
+    program.state.reportFolder = folder;
+    program.panel.downloadBlock.SetText(parsed.block < 10 ? "0" + std::to_string(parsed.block)
+                                                          : std::to_string(parsed.block));
     program.world.EndProgramAt(kPatience); // a broken line leaves the manager waiting
-    program.ClickLink([&](DeviceLink& link) { BlockDownload(program.panel, program.state, link); });
+    program.ClickLink([&](DeviceLink& link) {
+        BlockDownload(program.panel, program.state, link, program.view, program.world);
+    });
     return folder / NameOf(parsed.survey.header);
 }
 

@@ -40,8 +40,7 @@ void DatabaseForms::Read()
 void DatabaseForms::Write()
 {
     CommitEdit();
-    WriteHeaders(world_.panel, world_.state, world_.headers, world_.survey, world_.events,
-                 world_.boxes);
+    WriteHeaders(world_.panel, world_.state, world_.survey, world_.events, world_.boxes);
     if (form5_) form5_->Refresh(); // the marks are gone
 }
 

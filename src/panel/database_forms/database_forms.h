@@ -1,10 +1,11 @@
 #pragma once
 
+#include "core/control_panel.h"
+#include "core/current_directory.h"
 #include "core/event_pump.h"
 #include "core/handlers.h"
-#include "core/header_store.h"
 #include "core/message_boxes.h"
-#include "core/start_up.h"
+#include "core/working_state.h"
 #include "database/survey_database.h"
 #include "panel/database_forms/form4.h"
 #include "panel/database_forms/form5.h"
@@ -26,9 +27,8 @@ class DatabaseForms
 public:
     /// What the forms work with. All of it outlives them.
     struct World {
-        Panel& panel;
+        ControlPanel& panel;
         WorkingState& state;
-        HeaderStore& headers;
         SurveyDatabase& survey;
         EventPump& events;
         MessageBoxes& boxes;
@@ -37,7 +37,7 @@ public:
         /// Asked at each load of `Form4`.
         CurrentDirectory currentDirectory;
 
-        /// Makes the rows of a grid: the table at the `DatabasePath`, a column a field of a survey
+        /// Makes the rows of a grid: the table at the `databasePath`, a column a field of a survey
         /// row. Its revert() makes it current.
         std::function<std::unique_ptr<QAbstractItemModel>()> openRows;
     };

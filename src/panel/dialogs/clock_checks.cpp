@@ -35,39 +35,39 @@ void RefuseZeroAndAbove(const TextBox& box, double highest, MessageBoxes& boxes)
 
 void LeaveDay(const ClockBoxes& clock, MessageBoxes& boxes)
 {
-    CheckLength(clock.Text13a, boxes);
-    RefuseZeroAndAbove(clock.Text13a, 31, boxes);
+    CheckLength(clock.day, boxes);
+    RefuseZeroAndAbove(clock.day, 31, boxes);
 }
 
 void LeaveMonth(const ClockBoxes& clock, MessageBoxes& boxes)
 {
-    CheckLength(clock.Text1a, boxes);
-    RefuseZeroAndAbove(clock.Text1a, 12, boxes);
+    CheckLength(clock.month, boxes);
+    RefuseZeroAndAbove(clock.month, 12, boxes);
 }
 
 void LeaveYear(const ClockBoxes& clock, MessageBoxes& boxes)
 {
-    CheckLength(clock.Text2a, boxes);
+    CheckLength(clock.year, boxes);
 }
 
 void LeaveHours(const ClockBoxes& clock, MessageBoxes& boxes)
 {
-    CheckLength(clock.Text14a, boxes);
-    RefuseAbove(clock.Text14a, 23, boxes);
+    CheckLength(clock.hours, boxes);
+    RefuseAbove(clock.hours, 23, boxes);
 }
 
 /// With the limits of the month.
 void LeaveMinutes(const ClockBoxes& clock, MessageBoxes& boxes)
 {
-    CheckLength(clock.Text3a, boxes);
-    RefuseZeroAndAbove(clock.Text3a, 12, boxes);
+    CheckLength(clock.minutes, boxes);
+    RefuseZeroAndAbove(clock.minutes, 12, boxes);
 }
 
 /// Looks at the day and the hours, never at its own field.
 void LeaveSeconds(const ClockBoxes& clock, MessageBoxes& boxes)
 {
-    CheckLength(clock.Text13a, boxes);
-    RefuseAbove(clock.Text14a, 59, boxes);
+    CheckLength(clock.day, boxes);
+    RefuseAbove(clock.hours, 59, boxes);
 }
 
 } // namespace

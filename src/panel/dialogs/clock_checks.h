@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/message_boxes.h"
-#include "core/panel.h"
 
 #include <array>
 #include <string_view>

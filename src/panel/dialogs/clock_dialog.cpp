@@ -12,19 +12,17 @@ namespace tarvex::panel
 ClockDialog::ClockDialog(const DialogContext& context, QWidget* parent)
     : SettingsDialog(context, "Form2", "Set Clock", parent)
 {
-    boxes_->ssCommand2.Show(); // hidden on the panel alone
+    boxes_->startClockButton.Show(); // hidden on the panel alone
     MakeFrame("Frame1a", [](ControlRow&) {});
     LayOutClock(*this);
     (new QVBoxLayout(this))->addWidget(&ControlNamed(*this, "Frame1a"));
 
-    OnClickOnLine("ssCommand3", [](DeviceLink& link) { ReadClock(nullptr, link); });
-    OnClickOnLine("ssCommand4",
-                  [boxes = boxes_, &messages = context_.line.boxes](DeviceLink& link) {
-                      WriteClock(boxes->Clock, link, messages);
-                  });
-    OnClickOnLine("ssCommand2", [&messages = context_.line.boxes](DeviceLink& link) {
-        StartClock(link, messages);
+    OnClickOnLine("ssCommand3",
+                  [](DeviceLink& link, OperatorView& view) { ReadClock(nullptr, link, view); });
+    OnClickOnLine("ssCommand4", [boxes = boxes_](DeviceLink& link, OperatorView& view) {
+        WriteClock(boxes->clock, link, view);
     });
+    OnClickOnLine("ssCommand2", StartClock);
 }
 
 } // namespace tarvex::panel

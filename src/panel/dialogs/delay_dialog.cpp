@@ -21,10 +21,11 @@ DelayDialog::DelayDialog(const DialogContext& context, QWidget* parent)
     (new QVBoxLayout(this))->addWidget(&ControlNamed(*this, "Frame1parametri"));
 
     leaving_.RunOnLeaving(*findChild<BoxEdit*>("Text16rt"), [form = boxes_](MessageBoxes& boxes) {
-        LeaveDelay(form->Text16rt, boxes);
+        LeaveDelay(form->cycleDelay, boxes);
     });
-    OnClickOnLine("Command6scrivi",
-                  [boxes = boxes_](DeviceLink& link) { WriteCycleDelay(boxes->Text16rt, link); });
+    OnClickOnLine("Command6scrivi", [boxes = boxes_](DeviceLink& link, OperatorView& view) {
+        WriteCycleDelay(boxes->cycleDelay, link, view);
+    });
 }
 
 } // namespace tarvex::panel

@@ -26,11 +26,11 @@ PortDialog::PortDialog(const DialogContext& context, QWidget* parent)
     column->addWidget(&ControlNamed(*this, "Frameserial"));
     column->addWidget(close, 0, Qt::AlignRight);
 
-    boxes_->ssOption1.OnClick([this](int index) { ChoosePort(context_.line.state, index); });
-    options_ = std::make_unique<PortOptions>(*this, boxes_->ssOption1, context_.portNames);
+    boxes_->portOptions.OnClick([this](int index) { ChoosePort(context_.line.state, index); });
+    options_ = std::make_unique<PortOptions>(*this, boxes_->portOptions, context_.portNames);
     for (int index = 0; index < 4; ++index) {
         OnClick(("ssOption1_" + std::to_string(index)).c_str(),
-                [this, index] { boxes_->ssOption1.Select(index); });
+                [this, index] { boxes_->portOptions.Select(index); });
     }
     connect(close, &QPushButton::clicked, this, &QWidget::close);
 }

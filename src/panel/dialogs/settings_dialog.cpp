@@ -1,5 +1,6 @@
 #include "panel/dialogs/settings_dialog.h"
 
+#include "core/header_store.h"
 #include "panel/box_edit.h"
 #include "panel/controls.h"
 #include "panel/layouts.h"
@@ -15,15 +16,16 @@ namespace tarvex::panel
 
 SettingsDialog::SettingsDialog(const DialogContext& context, const char* name, const char* title,
                                QWidget* parent)
-    : QWidget(parent, Qt::Dialog), context_(context), leaving_(context.handlers, context.line.boxes)
+    : QWidget(parent, Qt::Dialog), context_(context), leaving_(context.handlers, context.line.messages)
 {
     context_.line.indicator = nullptr;
     setObjectName(name);
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);
     ApplyLook(*this);
-    context_.handlers.Run(
-        [this] { context_.headers.StorePanel(context_.line.state.CurrentBlock); });
+    context_.handlers.Run([this] {
+        StorePanel(context_.panel, context_.line.state, context_.line.state.currentBlock);
+    });
 }
 
 SettingsDialog::~SettingsDialog()
@@ -55,11 +57,13 @@ void SettingsDialog::OnClick(const char* button, std::function<void()> command)
             });
 }
 
-void SettingsDialog::OnClickOnLine(const char* button, std::function<void(DeviceLink&)> command)
+void SettingsDialog::OnClickOnLine(const char* button,
+                                   std::function<void(DeviceLink&, OperatorView&)> command)
 {
     OnClick(button, [this, command = std::move(command)] {
         DeviceLink link(context_.line);
-        command(link);
+        OperatorView view(context_.line);
+        command(link, view);
     });
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/handlers.h"
-#include "core/header_store.h"
-#include "core/panel.h"
 #include "core/port_names.h"
 #include "link/device_link.h"
+#include "link/operator_view.h"
 #include "panel/control_table.h"
 #include "panel/field_leaving.h"
 
@@ -19,14 +19,14 @@ namespace tarvex::panel
 
 /// What the dialogs of the unit's settings work with. All of it outlives them.
 struct DialogContext {
-    HeaderStore& headers;
-    Line line; ///< that of the main form; the dialogs show no wait indicator
+    ControlPanel& panel; ///< that of the main form
+    Line line;           ///< that of the main form; the dialogs show no wait indicator
     Handlers& handlers;
     PortNames& portNames;
 };
 
 /// A dialog that carries one frame of the main form's third tab, made from the same rows of the
-/// table but with boxes of its own. Its load stores the panel in the record of `CurrentBlock`; a
+/// table but with boxes of its own. Its load stores the panel in the record of `currentBlock`; a
 /// failing store ends the program. Deletes itself when closed.
 class SettingsDialog : public QWidget
 {
@@ -44,14 +44,14 @@ protected:
     void OnClick(const char* button, std::function<void()> command);
 
     /// Runs `command` on the line, with a link of its own, at every click on that button.
-    void OnClickOnLine(const char* button, std::function<void(DeviceLink&)> command);
+    void OnClickOnLine(const char* button, std::function<void(DeviceLink&, OperatorView&)> command);
 
     DialogContext context_;
     FieldLeaving leaving_;
 
     /// The state of this dialog's controls. A command that waits on the line keeps it, for the
     /// operator may close the dialog meanwhile.
-    std::shared_ptr<tarvex::Panel> boxes_ = std::make_shared<tarvex::Panel>();
+    std::shared_ptr<ControlPanel> boxes_ = std::make_shared<ControlPanel>();
 };
 
 } // namespace tarvex::panel

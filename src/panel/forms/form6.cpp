@@ -145,8 +145,8 @@ void Form6::Choose()
         command3d1->setEnabled(false);
         return Refuse(kNotWritable);
     }
-    world_.state.ReportFolder = folder;
-    world_.panel.command3d1.Enable();
+    world_.state.reportFolder = folder;
+    world_.panel.downloadButton.Enable();
     close();
 }
 

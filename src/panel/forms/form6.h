@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/control_panel.h"
 #include "core/handlers.h"
-#include "core/panel.h"
 #include "core/working_state.h"
 #include "panel/forms/places.h"
 
@@ -28,7 +28,7 @@ public:
     /// What the choice reaches and what it is made with.
     struct World {
         WorkingState& state;
-        tarvex::Panel& panel;
+        ControlPanel& panel;
         Handlers& handlers;
         MessageBoxes& boxes;
         std::filesystem::path startFolder; ///< `dati` lies here

@@ -1,6 +1,8 @@
-#include "core/panel.h"
+#include "core/control_state.h"
 
 #include "support/logic_test.h"
+
+#include <stdexcept>
 
 namespace tarvex::tests
 {
@@ -78,41 +80,21 @@ TEST(OptionGroup, RunsItsClickAtEverySelectionAfterTheChange)
     EXPECT_THAT(clicks, ::testing::ElementsAre(0, 0, 3));
 }
 
-TEST(Panel, BoxesHaveTheirMaximumLengths)
+TEST(Watched, RefusesASecondWatcherUntilTheFirstIsGone)
 {
-    const Panel panel;
-    const std::vector<std::pair<const TextBox*, std::size_t>> lengths = {
-        {&panel.Text2, 2},  {&panel.Text3, 8},    {&panel.Text4, 8},  {&panel.Text5, 4},
-        {&panel.Text6, 3},  {&panel.Text13, 1},   {&panel.Text7, 1},  {&panel.Text8, 1},
-        {&panel.Text9, 4},  {&panel.Text10, 2},   {&panel.Text11, 6}, {&panel.Text12, 6},
-        {&panel.Text18, 7}, {&panel.Text19, 7},   {&panel.Text20, 7}, {&panel.Text21, 7},
-        {&panel.Text22, 1}, {&panel.numblocco, 2}};
-    for (const auto& [box, length] : lengths)
-        EXPECT_EQ(box->MaximumLength(), length);
-}
+    Control control;
+    int first = 0;
+    control.Watch([&] { ++first; });
+    EXPECT_THROW(control.Watch([] { FAIL() << "the second watcher ran"; }), std::logic_error);
+    control.Hide();
+    EXPECT_EQ(first, 1);
 
-TEST(Panel, HidesTheCalibrationAndTheHeaderFilesPath)
-{
-    const Panel panel;
-    for (const TextBox* box : {&panel.Text15, &panel.Text18, &panel.Text19, &panel.Text20,
-                               &panel.Text21, &panel.Text22}) {
-        EXPECT_FALSE(box->Visible());
-    }
-}
-
-TEST(Panel, StartsAtRest)
-{
-    const Panel panel;
-    EXPECT_FALSE(panel.Label34.Visible());
-    EXPECT_FALSE(panel.Shape1.Visible());
-    EXPECT_FALSE(panel.command3d1.Enabled());
-    EXPECT_FALSE(panel.sscommand9.Enabled());
-    EXPECT_FALSE(panel.sscommand10.Enabled());
-    EXPECT_EQ(panel.Text2.Text(), "01");
-    EXPECT_EQ(panel.numblocco.Text(), "01");
-    EXPECT_EQ(panel.Text8.Text(), "2");
-    EXPECT_EQ(panel.Text13.Text(), "0");
-    EXPECT_EQ(panel.Text16rt.Text(), "3");
+    control.Unwatch();
+    int second = 0;
+    control.Watch([&] { ++second; });
+    control.Show();
+    EXPECT_EQ(first, 1);
+    EXPECT_EQ(second, 1);
 }
 
 } // namespace

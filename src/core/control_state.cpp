@@ -1,7 +1,15 @@
-#include "core/panel.h"
+#include "core/control_state.h"
+
+#include <stdexcept>
 
 namespace tarvex
 {
+
+void Watched::Watch(std::function<void()> changed)
+{
+    if (changed_) throw std::logic_error("watched already");
+    changed_ = std::move(changed);
+}
 
 void Control::SetVisible(bool visible)
 {
