@@ -17,16 +17,8 @@ void PutPadded(Memory& memory, std::uint32_t address, std::string text, std::siz
 void PutHeader(Memory& memory, int block, const BlockHeader& header)
 {
     const auto base = BlockBase(block);
-    PutPadded(memory, base + 0x00, header.client, 8);
-    PutPadded(memory, base + 0x10, header.site, 8);
-    PutPadded(memory, base + 0x20, header.tube, 4);
-    PutPadded(memory, base + 0x30, header.depth, 4);
-    PutPadded(memory, base + 0x40, header.step, 1);
-    PutPadded(memory, base + 0x50, header.guides, 1);
-    PutPadded(memory, base + 0x60, header.north, 4);
-    PutPadded(memory, base + 0x70, header.nlet, 2);
-    PutPadded(memory, base + 0x80, header.date, 8);
-    PutPadded(memory, base + 0x90, header.time, 8);
+    for (const auto& place : kHeaderPlaces)
+        PutPadded(memory, base + place.page, header.*place.field, place.bytes);
 }
 
 BlockHeader UnusedHeader(int block)

@@ -24,7 +24,7 @@ constexpr std::array<TextSetting, 7> kTextSettings{{
     {"site", &BlockHeader::site},
     {"tube", &BlockHeader::tube},
     {"north", &BlockHeader::north},
-    {"nlet", &BlockHeader::nlet},
+    {"nlet", &BlockHeader::readout},
     {"date", &BlockHeader::date},
     {"time", &BlockHeader::time},
 }};

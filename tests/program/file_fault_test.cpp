@@ -25,7 +25,7 @@ protected:
         survey.header.site = "DIGA A";
         survey.header.tube = "T12";
         survey.header.depth = "0020";
-        survey.header.nlet = "03";
+        survey.header.readout = "03";
         unit::Memory memory = unit::BlankMemory();
         unit::FillBlock(memory, 1, survey);
         unit::SaveMemory(memory, folder / "unit.bin");

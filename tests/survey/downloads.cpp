@@ -46,7 +46,7 @@ std::string NameOf(const unit::BlockHeader& header)
         return text;
     };
     return padded(header.client, 8) + "-" + padded(header.site, 8) + "-" + padded(header.tube, 4) +
-           "-" + padded(header.nlet, 2) + "-dat.dat";
+           "-" + padded(header.readout, 2) + "-dat.dat";
 }
 } // namespace
 
