@@ -30,9 +30,9 @@ class FileDialogs : public ::testing::Test
 protected:
     FileDialogs()
     {
-        dialog.Filter = " FILE (*.*)|*.*|";
-        dialog.FilterIndex = 1;
-        dialog.InitDir = folder.Path();
+        dialog.filter = " FILE (*.*)|*.*|";
+        dialog.filterIndex = 1;
+        dialog.initDir = folder.Path();
         WriteFile(folder / "intestazione", "a header file");
     }
 
@@ -105,7 +105,7 @@ TEST_F(FileDialogs, ShowTheFilterAsItIsAndEveryFile)
     });
     dialog.ShowOpen("Open header file");
     EXPECT_EQ(seen, 1);
-    EXPECT_EQ(dialog.FileName, "");
+    EXPECT_EQ(dialog.fileName, "");
 }
 
 TEST_F(FileDialogs, SayInTheirTitlesWhatTheyAreFor)
@@ -127,21 +127,21 @@ TEST_F(FileDialogs, AskBeforeAFileIsOverwritten)
 {
     WhenShown([&](QFileDialog& shown) { EXPECT_TRUE(AsksWhenGiven(shown, "intestazione")); });
     dialog.ShowSave("New default header file", FileDialog::Fate::Overwritten);
-    EXPECT_EQ(dialog.FileName, "");
+    EXPECT_EQ(dialog.fileName, "");
 }
 
 TEST_F(FileDialogs, AskNothingAboutAFileThatIsLeftAlone)
 {
     WhenShown([&](QFileDialog& shown) { EXPECT_FALSE(AsksWhenGiven(shown, "intestazione")); });
     dialog.ShowSave("Folder of the reports", FileDialog::Fate::LeftAlone);
-    EXPECT_EQ(dialog.FileName, folder / "intestazione");
+    EXPECT_EQ(dialog.fileName, folder / "intestazione");
 }
 
 TEST_F(FileDialogs, LeaveNothingInTheOperatorsHome)
 {
     WhenShown([&](QFileDialog& shown) { AsksWhenGiven(shown, "intestazione"); });
     dialog.ShowOpen("Open header file");
-    EXPECT_EQ(dialog.FileName, folder / "intestazione");
+    EXPECT_EQ(dialog.fileName, folder / "intestazione");
     EXPECT_EQ(FilesAtHome(), QStringList());
 }
 
