@@ -15,6 +15,11 @@ constexpr double kMillimetres = 1000;
 /// The fields that make two heads those of one tube.
 constexpr std::array<std::string_view, 3> kIdentity{"client", "site", "tube"};
 
+std::string Unlike(std::string_view name, const std::string& is, const std::string& was)
+{
+    return "the " + std::string(name) + " is \"" + is + "\", that of the base \"" + was + "\"";
+}
+
 std::string OtherTube(const Survey& base, const Survey& now)
 {
     if (base.head && now.head)
@@ -22,9 +27,7 @@ std::string OtherTube(const Survey& base, const Survey& now)
             if (std::ranges::find(kIdentity, field.name) == kIdentity.end()) continue;
             const auto& was = (*base.head).*(field.value);
             const auto& is = (*now.head).*(field.value);
-            if (was != is)
-                return "the " + std::string(field.name) + " is \"" + is +
-                       "\", that of the base \"" + was + "\"";
+            if (was != is) return Unlike(field.name, is, was);
         }
     if (HasFourGuides(base) != HasFourGuides(now)) return "the number of guides is not the base's";
     if (StepOf(base) != StepOf(now)) return "the step is not the base's";

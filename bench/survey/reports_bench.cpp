@@ -48,10 +48,13 @@ void BenchListing()
     const auto head = tarvex::tests::Download(folder.Path(), "1:depth=20");
     const auto data = tarvex::tests::DataReportOf(head);
     for (int i = 0; i < kSurveys; ++i) {
-        char stem[64];
-        std::snprintf(stem, sizeof stem, "CLIENT%02d-SITE%04d-T%03d-%02d", i % 20, i % 7, i % 50,
-                      i / 1000);
-        const auto name = std::string(stem) + "-" + std::to_string(i);
+        const auto part = [](std::string name, std::size_t width, int number) {
+            const auto digits = std::to_string(number);
+            return name.append(width - name.size() - digits.size(), '0') + digits;
+        };
+        const auto name = part("CLIENT", 8, i % 20) + "-" + part("SITE", 8, i % 7) + "-" +
+                          part("T", 4, i % 50) + "-" + part("", 2, i / 1000) + "-" +
+                          std::to_string(i);
         fs::copy_file(head, folder / (name + "-dat.dat"));
         fs::copy_file(data, folder / (name + "-num.dat"));
     }
