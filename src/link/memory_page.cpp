@@ -11,6 +11,7 @@ namespace tarvex
 
 void SetReadBlock(WorkingState& state, double blockNumber)
 {
+    if (blockNumber < 1) return; // also where it would round to the first block
     if (const auto index = BlockWithIndex(std::round(blockNumber - 1)))
         state.readAddrBlock = TwoHexDigits(*index);
 }

@@ -18,8 +18,8 @@ constexpr std::size_t PositionOfByte(int index)
     return 1 + 3 * static_cast<std::size_t>(index);
 }
 
-/// Makes the block of that number, rounded half away from zero, the one to read. A number outside 1
-/// to 30 leaves the block that was read last.
+/// Makes the block of that number, rounded half away from zero, the one to read. A number below 1,
+/// or one that rounds to above 30, leaves the block that was read last.
 void SetReadBlock(WorkingState& state, double blockNumber);
 
 /// The five digits of the page that the address pieces name.

@@ -39,7 +39,7 @@ INSTANTIATE_TEST_SUITE_P(
         BlockRow{"Block30", 30, "1D"}, BlockRow{"Beyond", 31, "before"},
         BlockRow{"Zero", 0, "before"}, BlockRow{"Below", -3, "before"},
         BlockRow{"HalfGoesUp", 2.5, "02"}, BlockRow{"HalfBelowTheFirst", 0.5, "before"},
-        BlockRow{"JustBelowTheFirst", 0.6, "00"}, BlockRow{"HalfPastTheLast", 30.5, "before"},
+        BlockRow{"JustBelowTheFirst", 0.6, "before"}, BlockRow{"HalfPastTheLast", 30.5, "before"},
         BlockRow{"JustPastTheLast", 30.4, "1D"}, BlockRow{"NoNumber", std::nan(""), "before"}),
     RowName());
 
