@@ -49,7 +49,7 @@ TEST(TubeCriterion, IsReadBackWhateverTheTextsHold)
 
 TEST(MakeCriterion, IsReadBackWithAnyNumberOfConditions)
 {
-    const std::vector<Condition> all = {{"b", ""}, {"l25", "' and [b] = "}, {"Tubo", "O'"}};
+    const std::vector<Condition> all = {{"b", ""}, {"l25", "' and [b] ="}, {"Tubo", "O'"}};
     for (std::size_t count = 0; count <= all.size(); ++count) {
         const std::vector<Condition> some(all.begin(),
                                           all.begin() + static_cast<std::ptrdiff_t>(count));
