@@ -222,13 +222,13 @@ TEST_F(WaitTest, TellsNotConnectedBeforeItClosesAndHides)
 TEST_F(WaitTest, ADialogHasNoIndicator)
 {
     Click([&] {
-        const Line line{port, world, world, boxes, state, nullptr};
-        DeviceLink link(line);
-        OperatorView view(line);
-        view.ShowWaitIndicator();
+        const Line dialogLine{port, world, world, boxes, state, nullptr};
+        DeviceLink link(dialogLine);
+        OperatorView dialogView(dialogLine);
+        dialogView.ShowWaitIndicator();
         EXPECT_FALSE(panel.waitIndicator.label.Visible());
         link.OpenPort();
-        EndOperation(link, view);
+        EndOperation(link, dialogView);
     });
     EXPECT_LINK_AT_REST();
     EXPECT_EQ(finishedHandlers, 1);
