@@ -104,6 +104,21 @@ auto OrderOf(const ListedSurvey& listed)
     return std::tuple(head.client, head.site, head.tube, WholeNumber(head.readout).value_or(-1),
                       head.readout, SortableDate(head.date), head.time, listed.path);
 }
+/// The keys are made once: comparing makes many more of them than there are surveys.
+std::vector<ListedSurvey> Sorted(std::vector<ListedSurvey> surveys)
+{
+    using Key = decltype(OrderOf(ListedSurvey()));
+    std::vector<std::pair<Key, std::size_t>> order;
+    order.reserve(surveys.size());
+    for (const auto& listed : surveys)
+        order.emplace_back(OrderOf(listed), order.size());
+    std::ranges::sort(order);
+    std::vector<ListedSurvey> sorted;
+    sorted.reserve(surveys.size());
+    for (const auto& [key, place] : order)
+        sorted.push_back(std::move(surveys[place]));
+    return sorted;
+}
 } // namespace
 
 std::vector<ListedSurvey> ListFolder(const fs::path& folder,
@@ -115,8 +130,7 @@ std::vector<ListedSurvey> ListFolder(const fs::path& folder,
         surveys.push_back(ListedFrom(files));
         if (progress && surveys.size() % kSteps == 0) progress(found.size() + surveys.size());
     }
-    std::ranges::sort(surveys, {}, OrderOf);
-    return surveys;
+    return Sorted(std::move(surveys));
 }
 
 std::string TextOf(const std::vector<ListedSurvey>& surveys)

@@ -225,6 +225,7 @@ std::vector<fs::path> MainWindow::ChosenPaths() const
             numbers.push_back(number.toInt());
     std::ranges::sort(numbers);
     std::vector<fs::path> paths;
+    paths.reserve(numbers.size());
     for (const int number : numbers)
         paths.push_back(listed_[static_cast<std::size_t>(number)].path);
     return paths;
