@@ -54,7 +54,7 @@ private:
     bool used_ = false;
 };
 
-/// The manager below its window, on the real port with the simulated unit behind it.
+/// The manager below its window, on the real port, with the simulated unit at its other end.
 class BenchWorld
 {
 public:

@@ -104,7 +104,7 @@ void MeasureDownload(int runs, bool hogged)
     }
 }
 
-/// The unit behind a USB adapter whose latency timer runs for so many milliseconds: the answers
+/// The unit on a USB adapter whose latency timer runs for so many milliseconds: the answers
 /// wait for the timer, twice an exchange.
 void MeasureThroughAdapter(int runs, const char* milliseconds, double bound)
 {

@@ -31,7 +31,7 @@ struct Sample {
     double megabytes = 0; ///< resident at rest
 };
 
-/// The display, told of every window that comes onto it.
+/// The display, which reports every window that comes onto it.
 class Display
 {
 public:
@@ -51,7 +51,7 @@ public:
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
-    /// Drops what has been told so far.
+    /// Drops what has been reported so far.
     void Forget()
     {
         while (Next()) {

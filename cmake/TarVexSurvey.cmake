@@ -1,4 +1,4 @@
-# Whether the survey program is built: by itself where all its packages are, or as told.
+# Whether the survey program is built: by default where all its packages are there, or as the option says.
 
 find_package(CLI11 QUIET)
 find_package(nlohmann_json 3.11 QUIET)

@@ -51,14 +51,14 @@ bool Covers(const std::vector<std::vector<int>>& runs, const std::vector<int>& r
 }
 
 void CheckChannel(const CheckedSurvey& checked, Column column,
-                  const std::vector<std::vector<int>>& told)
+                  const std::vector<std::vector<int>>& reported)
 {
     const std::string name(kColumnNames[static_cast<std::size_t>(column)]);
     const auto runs =
         Runs(checked.survey.rows, checked.step, checked.limits.frozenChannel,
              [&](const Row& one, const Row& other) { return Same(one, other, column); });
     for (const auto& run : runs)
-        if (!Covers(told, run))
+        if (!Covers(reported, run))
             checked.Report({"frozen", Remedy::ReadAgain, name.substr(0, 1), run,
                             name + " is the same over " + std::to_string(run.size()) + " depths"});
 }

@@ -11,7 +11,7 @@ namespace tarvex::survey
 
 namespace
 {
-/// How far each half difference stands off the line between its neighbours.
+/// How far each half difference is off the line between its neighbours.
 Series LeapsOf(const Series& halves, int step)
 {
     Series leaps;
@@ -32,7 +32,7 @@ void CheckSpikes(const CheckedSurvey& checked, const Pair& pair)
         std::max(checked.limits.spike * summary.RobustDeviation(), checked.limits.spikeFloor);
     std::ranges::stable_sort(leaps, std::ranges::greater{},
                              [](const Point& leap) { return std::abs(leap.value); });
-    // A spike makes its neighbours leap as well, half as far: the highest comes first and takes
+    // A spike makes its neighbours leap too, half as far: the highest comes first and takes
     // them with it.
     std::set<int> taken;
     for (const auto& leap : leaps) {

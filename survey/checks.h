@@ -13,6 +13,7 @@ struct CheckedSurvey {
     Verdict& verdict;
     int step = 0;
 
+    /// Adds a finding to the verdict.
     void Report(Finding finding) const { verdict.findings.push_back(std::move(finding)); }
 };
 

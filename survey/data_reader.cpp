@@ -63,7 +63,7 @@ private:
     std::map<int, std::size_t> places_; // by depth
 };
 
-/// Where the title stands: first in a work file, last in a data report.
+/// Where the title is: first in a work file, last in a data report.
 struct Title {
     std::size_t first = 0; ///< number of its record; 0 without a title
     std::size_t count = 0;
@@ -80,7 +80,7 @@ Title FindTitle(const std::vector<Record>& records)
     return title;
 }
 
-/// A row as the manager writes it tells a report without a title.
+/// A report without a title is recognised by a row just as the manager writes it.
 bool HasPlainRow(const std::vector<Record>& records)
 {
     return std::ranges::any_of(records,

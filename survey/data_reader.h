@@ -8,8 +8,8 @@
 namespace tarvex::survey
 {
 
-/// The rows of a data report or a work file, told apart by the place of their title. Of the records
-/// that are no rows, those that the manager writes are passed over in silence.
+/// The rows of a data report or a work file, distinguished by the place of their title. Of the
+/// records that are no rows, those that the manager writes are passed over in silence.
 Contents ReadDataReport(const std::vector<Record>& records, Encoding encoding,
                         AnomalyList& anomalies);
 

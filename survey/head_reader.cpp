@@ -13,7 +13,7 @@ struct Line {
     std::string_view value;
 };
 
-/// The label that a line begins with, whatever blanks stand around it.
+/// The label that a line begins with, whatever blanks are around it.
 Line LineOf(std::string_view text)
 {
     const auto end = text.find(';');

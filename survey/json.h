@@ -13,10 +13,10 @@ namespace tarvex::survey
 {
 
 /// A survey as JSON: "files", "head", "unfinished", "rows" with "depth" in metres and one number a
-/// column (null where none is), "anomalies". All JSON is UTF-8 with a line end behind it.
+/// column (null where none is), "anomalies". All JSON is UTF-8 and ends with a line end.
 std::string JsonOf(const Survey& survey);
 
-/// A survey and its verdict: as above, with "verdict" beside it.
+/// A survey and its verdict: as above, and "verdict".
 std::string JsonOf(const Survey& survey, const Verdict& verdict);
 
 /// "line", "good", "findings", "sums", "notes".

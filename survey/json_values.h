@@ -14,6 +14,8 @@ namespace tarvex::survey
 /// JSON whose names keep the order in which they were put.
 using Json = nlohmann::ordered_json;
 
+/// One part of the printed JSON each, with the names that json.h lists. A value that is missing is
+/// null; the texts are UTF-8. A comparison is in counts, with a probe in millimetres too.
 Json Value(const Survey& survey);
 Json Value(const Head& head);
 Json Value(const Anomaly& anomaly);
@@ -23,7 +25,7 @@ Json Value(const Comparison& comparison, const std::optional<Probe>& probe);
 /// Tenths of a metre as a number of metres.
 Json MetresValue(int tenths);
 
-/// For a file or a terminal: indented, UTF-8, a line end behind it.
+/// For a file or a terminal: indented, UTF-8, with a line end after it.
 std::string Printed(const Json& value);
 
 } // namespace tarvex::survey

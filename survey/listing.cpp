@@ -59,7 +59,7 @@ Found FilesBelow(const fs::path& folder, const std::function<void(std::size_t)>&
     return found;
 }
 
-/// What the name of a report tells: the fields stand in it with all their blanks.
+/// What the name of a report says: it holds the fields with all their blanks.
 Head HeadFromName(const fs::path& path)
 {
     constexpr std::size_t kWidth = 8 + 1 + 8 + 1 + 4 + 1 + 2;

@@ -21,7 +21,7 @@ struct Record {
 };
 
 /// The records of a report. Where a record of `width` bytes ends as the manager ends it, it is cut
-/// there; elsewhere at its line end, be it CR, LF or both. What is left behind the last line end is
+/// there; elsewhere at its line end, be it CR, LF or both. What is left after the last line end is
 /// a record too.
 std::vector<Record> SplitRecords(std::string_view bytes, std::size_t width);
 

@@ -17,7 +17,7 @@ struct FileBytes {
 };
 
 /// Reads an ordinary file of at most kMostBytes bytes, for reading only. Never waits: a pipe, a
-/// socket, a device or a folder is refused, also behind a link.
+/// socket, a device or a folder is refused, also through a link.
 FileBytes ReadBytes(const std::filesystem::path& path);
 
 } // namespace tarvex::survey

@@ -16,7 +16,7 @@ namespace tarvex::survey
 bool IsPlainRow(std::string_view text);
 
 /// The row of a record; nothing when it does not begin with a depth. A reading that the unit cannot
-/// have given is left out and told.
+/// have given is left out and becomes an anomaly.
 std::optional<Row> ReadRow(const Record& record, Encoding encoding, AnomalyList& anomalies);
 
 } // namespace tarvex::survey

@@ -21,6 +21,7 @@ struct Sheet {
     std::vector<std::vector<SheetCell>> rows;
 };
 
+/// The table of a survey: its columns of readings, two or four guides of them, and a row a depth.
 Sheet SheetOf(const Survey& survey);
 
 } // namespace tarvex::survey

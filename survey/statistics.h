@@ -24,6 +24,7 @@ struct Summary {
     double RobustDeviation() const { return kDeviationByMad * mad; }
 };
 
+/// The figures of these values, in the values' own unit.
 Summary SummaryOf(const std::vector<double>& values);
 
 } // namespace tarvex::survey

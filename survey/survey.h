@@ -36,6 +36,7 @@ struct Row {
     std::array<std::optional<Reading>, kColumns> readings;
     std::size_t record = 0; ///< number of the row's record in its file, from 1
 
+    /// The reading of a column; nothing where the report has none.
     const std::optional<Reading>& At(Column column) const
     {
         return readings[static_cast<std::size_t>(column)];
@@ -91,7 +92,7 @@ struct Anomaly {
     bool harmless = false;    ///< no value is lost by it
 };
 
-/// A survey as its files tell it.
+/// A survey as its files give it.
 struct Survey {
     std::vector<std::string> files; ///< paths, head report first
     std::optional<Head> head;
@@ -101,7 +102,7 @@ struct Survey {
 };
 
 /// Step between two depths in tenths of a metre: from the head, else the most frequent distance of
-/// the rows, 5 where they tell nothing.
+/// the rows, 5 where they do not show one.
 int StepOf(const Survey& survey);
 
 /// Depth of the tube in tenths of a metre: from the head where it holds a number, else that of the

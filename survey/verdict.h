@@ -43,6 +43,7 @@ struct Verdict {
     std::vector<SumFigures> sums;
     std::vector<std::string> notes; ///< worth knowing, nothing against the survey
 
+    /// True when no check has found anything.
     bool Good() const { return findings.empty(); }
 
     /// The verdict in one line: "good", or what to do: "read again at 12.5, 13.0 m (A)".

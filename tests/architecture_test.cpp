@@ -128,7 +128,7 @@ bool MayInclude(const Room& room, std::string_view path, std::string_view header
             });
     }
     if (IsOfTheToolkit(header, quoted)) return room.toolkit;
-    if (quoted) return header.find('/') == std::string_view::npos; // beside the file itself
+    if (quoted) return header.find('/') == std::string_view::npos; // in the file's own folder
     return IsOfTheStandardLibrary(header);
 }
 

@@ -9,12 +9,12 @@
 namespace tarvex::unit
 {
 
-/// The line behind a USB adapter, which gathers what the unit sends: it hands its bytes to the
+/// The line through a USB adapter, which gathers what the unit sends: it hands its bytes to the
 /// manager when 62 are waiting or when its latency timer runs out. The timer runs all the time,
 /// also over an empty buffer, and starts anew with each packet. What the manager writes passes at
 /// once.
 ///
-/// It is used as the pacer that it stands before. Without a timer it is that pacer.
+/// It is used like the pacer that it reads from. Without a timer it is that pacer.
 class Adapter
 {
 public:

@@ -9,7 +9,7 @@
 namespace tarvex::unit
 {
 
-/// The unit's clock: whole seconds of the years 2000 to 2099, told as twelve digits YYMMDDhhmmss.
+/// The unit's clock: whole seconds of the years 2000 to 2099, given as twelve digits YYMMDDhhmmss.
 /// It keeps its own time from the moments that it is handed.
 class Clock
 {

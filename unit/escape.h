@@ -10,7 +10,7 @@ namespace tarvex::unit
 /// is not a printable ASCII character as \x and two capital hexadecimal digits.
 std::string Escape(std::string_view bytes);
 
-/// The bytes that an escaped text stands for; a backslash with anything else behind it throws
+/// The bytes that an escaped text stands for; a backslash followed by anything else throws
 /// std::invalid_argument.
 std::string Unescape(std::string_view text);
 

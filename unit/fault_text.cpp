@@ -55,7 +55,7 @@ constexpr std::array<MomentName, 4> kMoments{{
     throw std::invalid_argument("fault \"" + std::string(text) + "\": " + std::string(reason));
 }
 
-/// A whole number at the start of `text`, which it is taken from; nothing when none stands there.
+/// A whole number at the start of `text`, which it is taken from; nothing when there is none.
 std::optional<std::size_t> TakeNumber(std::string_view& text)
 {
     std::size_t value = 0;
@@ -65,7 +65,7 @@ std::optional<std::size_t> TakeNumber(std::string_view& text)
     return value;
 }
 
-/// "+" and ":argument" apart from what stands before them.
+/// Takes `mark` from the start of `text`; false when it is not there.
 bool TakeMark(std::string_view& text, char mark)
 {
     if (text.empty() || text.front() != mark) return false;

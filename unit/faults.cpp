@@ -15,7 +15,7 @@ constexpr std::size_t kPairSpacing = 3; // two digits and a separator
 struct Outcome {
     Time after{0};
     std::string bytes;
-    std::vector<Reply> behind;
+    std::vector<Reply> following;
 };
 
 std::string Garbled(std::string answer, const std::optional<std::size_t>& pair)
@@ -74,11 +74,11 @@ void Apply(const Fault& fault, Outcome& outcome)
     if (fault.trouble == Trouble::Late)
         outcome.after += Milliseconds(fault.amount.value_or(kUsualDelay));
     if (fault.trouble == Trouble::Stray)
-        outcome.behind.push_back(
+        outcome.following.push_back(
             {Milliseconds(fault.amount.value_or(kUsualStrayDelay)), {kStray}, false});
     // A terminal that is hung up takes unread bytes with it: those before get the time to arrive.
     if (fault.trouble == Trouble::HangUp)
-        outcome.behind.push_back({outcome.bytes.empty() ? Time{0} : kHangUpPause, {}, true});
+        outcome.following.push_back({outcome.bytes.empty() ? Time{0} : kHangUpPause, {}, true});
 }
 
 bool Applies(const Fault& fault, Moment moment, int count)
@@ -94,7 +94,7 @@ std::vector<Reply> ApplyFaults(const std::vector<Fault>& faults, Moment moment, 
     Outcome outcome{Time{0}, std::string(answer), {}};
     for (const auto& fault : faults)
         if (Applies(fault, moment, count)) Apply(fault, outcome);
-    auto replies = std::move(outcome.behind);
+    auto replies = std::move(outcome.following);
     if (!outcome.bytes.empty())
         replies.insert(replies.begin(), {outcome.after, outcome.bytes, false});
     return replies;

@@ -26,7 +26,7 @@ enum class Trouble {
     Double,  ///< the answer twice
     Late,    ///< the answer `amount` milliseconds late
     Short,   ///< only the first `amount` characters of the answer
-    Long,    ///< `amount` more characters behind the answer
+    Long,    ///< `amount` more characters after the answer
     Garbled, ///< no hexadecimal digits in the pair of byte `amount` (from 0), or in all pairs
     Lower,   ///< digits in lower case
     Shifted, ///< a stray character before the answer

@@ -17,8 +17,8 @@ enum class Speaker { Manager, Unit };
 struct LogLine {
     Time at{0};                         ///< when the last of it passed
     Speaker speaker = Speaker::Manager; ///< whose end it was
-    std::string bytes = {};             ///< what was said; may be empty beside a note
-    std::string note = {};              ///< what happened besides: "hang-up", "break"
+    std::string bytes = {};             ///< what was said; may be empty when there is a note
+    std::string note = {};              ///< what else happened: "hang-up", "break"
 
     bool operator==(const LogLine&) const = default;
 };

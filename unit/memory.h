@@ -41,7 +41,7 @@ public:
     /// `count` bytes from an address on, as characters.
     std::string Text(std::uint32_t address, std::size_t count) const;
 
-    /// Puts bytes at an address and behind it; those that meet no memory are lost.
+    /// Puts bytes from an address on; those past the end of the memory are lost.
     void Put(std::uint32_t address, std::string_view bytes);
 
     /// The image: kMemoryBytes bytes, block 1 first.

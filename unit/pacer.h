@@ -56,7 +56,7 @@ struct Delivery {
 class Pacer
 {
 public:
-    /// Told of each reply when its last character has left, with that moment.
+    /// Called for each reply when its last character has left, with that moment.
     using Listener = std::function<void(const Reply&, Time)>;
 
     /// The unit must outlive the pacer.
@@ -72,6 +72,7 @@ public:
     /// then. After a hang-up the line is dead.
     Delivery Deliver(Time now);
 
+    /// From now on `listener` is called in place of the one before; an empty one is never called.
     void SetListener(Listener listener);
 
 private:

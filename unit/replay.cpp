@@ -82,10 +82,10 @@ void Replay::Resynchronise(const std::string& said, Time now)
                                                  : std::string("the record has come to its end");
     for (auto line = next_; line < record_.size(); line = NextOfManager(line + 1)) {
         if (record_[line].bytes != said) continue;
-        Tell(expected + ", the manager says " + Quoted(said) + ", as later in the record");
+        Report(expected + ", the manager says " + Quoted(said) + ", as later in the record");
         return GoOn(line, now);
     }
-    Tell(expected + ", the manager says " + Quoted(said));
+    Report(expected + ", the manager says " + Quoted(said));
 }
 
 Time Replay::PauseBefore(std::size_t line) const
@@ -132,11 +132,12 @@ Delivery Replay::Deliver(Time now)
 
 void Replay::Finish()
 {
-    if (!heard_.empty()) Tell("the manager broke off after " + Quoted(heard_));
-    if (next_ < record_.size() && !dead_) Tell("the record goes on with " + TextOf(record_[next_]));
+    if (!heard_.empty()) Report("the manager broke off after " + Quoted(heard_));
+    if (next_ < record_.size() && !dead_)
+        Report("the record goes on with " + TextOf(record_[next_]));
 }
 
-void Replay::Tell(const std::string& difference) const
+void Replay::Report(const std::string& difference) const
 {
     if (listener_) listener_(difference);
 }

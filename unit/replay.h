@@ -21,13 +21,14 @@ namespace tarvex::unit
 class Replay
 {
 public:
-    /// Told of each difference between the manager and the recorded one.
+    /// Called for each difference between the manager and the recorded one.
     using Listener = std::function<void(const std::string&)>;
 
     /// With Pace::Fast the time that the characters took on the line is left out of the pauses;
     /// what the unit waited beyond that stays.
     Replay(std::vector<LogLine> record, Pace pace);
 
+    /// From now on `listener` is called in place of the one before; an empty one is never called.
     void SetListener(Listener listener);
 
     /// Bytes that the manager has just written.
@@ -54,7 +55,7 @@ private:
     void Resynchronise(const std::string& said, Time now);
     Time PauseBefore(std::size_t line) const;
     std::size_t NextOfManager(std::size_t from) const;
-    void Tell(const std::string& difference) const;
+    void Report(const std::string& difference) const;
 
     std::vector<LogLine> record_;
     Pace pace_;

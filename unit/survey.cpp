@@ -101,7 +101,7 @@ Readings ReadingsOf(int a, int b, const Survey& survey, std::mt19937& random)
     constexpr int kOffsetA = 12;
     constexpr int kOffsetB = -7;
     const int face = survey.mishaps.unturned ? 1 : -1;
-    // Guides 1 and 3 face each other; 2 and 4 stand a quarter turn from them.
+    // Guides 1 and 3 face each other; 2 and 4 are a quarter turn from them.
     const std::array<std::array<int, 2>, 4> faces{{{a, b}, {face * a, face * b}, {b, -a}, {-b, a}}};
     Readings readings{};
     for (std::size_t i = 0; i < (survey.header.guides == "4" ? 4U : 2U); ++i) {

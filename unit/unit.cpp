@@ -93,7 +93,8 @@ void Unit::Store(std::string_view frame, Time now)
     case 'D':
         return SpreadFields(memory_, *address, kCalibrationPlaces, payload);
     case 'b':
-        // A zero byte behind it, or a shorter value would end in the digits of a longer one before.
+        // With a zero byte at its end: else a shorter value would keep the last digits of a longer
+        // one.
         return memory_.Put(*address, std::string(payload) + '\0');
     default:
         return;

@@ -21,22 +21,24 @@ namespace tarvex::unit
 class Unit
 {
 public:
-    /// Told of everything that the unit hears, when it hears it.
+    /// Called for everything that the unit hears, when it hears it.
     using Listener = std::function<void(const Heard&, Time)>;
 
     /// A unit with the memory, the clock running from 1 January 2000 and the faults given.
     explicit Unit(Memory memory, std::vector<Fault> faults = {});
 
     /// Takes bytes that have come over the line by the moment `now`, and returns what the unit
-    /// does on it, in order. After a reply that hangs up it hears and does nothing any more.
+    /// does on it, in order. After a reply that hangs up it neither hears nor does anything.
     std::vector<Reply> Feed(std::string_view bytes, Time now);
 
     const Memory& StoredMemory() const { return memory_; }
+    /// The unit's own clock, which its owner may set, stop and start.
     Clock& RunningClock() { return clock_; }
 
     /// How often a moment has come since the start.
     int CountOf(Moment moment) const { return counts_[static_cast<std::size_t>(moment)]; }
 
+    /// From now on `listener` is called in place of the one before; an empty one is never called.
     void SetListener(Listener listener);
 
 private:

@@ -13,6 +13,7 @@ struct DeviceAccess {
     std::string group = {}; ///< the group whose members may; empty when there is no such group
 };
 
+/// What this user may do with the device at that path, or with the target of a link.
 DeviceAccess AccessTo(const std::filesystem::path& device);
 
 } // namespace tarvex::platform

@@ -2,7 +2,7 @@
 
 #ifndef __linux__
 
-// Elsewhere the system itself opens a port only once, and tells nobody of it.
+// Elsewhere the system itself opens a port only once, and lets nobody see by whom.
 namespace tarvex::platform
 {
 

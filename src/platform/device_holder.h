@@ -11,8 +11,8 @@ namespace tarvex::platform
 
 /// Who keeps a device to itself.
 struct DeviceHolder {
-    int process = 0;          ///< 0 when the system does not tell
-    std::string program = {}; ///< its name, "minicom"; empty when the system does not tell
+    int process = 0;          ///< 0 when the system does not say
+    std::string program = {}; ///< its name, "minicom"; empty when the system does not say
     std::filesystem::path lockFile = {}; ///< by which it holds; empty when by something else
 
     /// True when it is a port of this very program.

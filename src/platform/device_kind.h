@@ -7,7 +7,7 @@ namespace tarvex::platform
 
 /// What there is at the end of a device's path.
 enum class DeviceKind {
-    Serial,          ///< a serial line, as far as the system tells
+    Serial,          ///< a serial line, as far as the system knows
     WithoutHardware, ///< a built-in port that the machine has a node for, but no chip
     Other,           ///< a file, a folder, a disk: nothing that opens as a serial line
 };

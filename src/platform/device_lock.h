@@ -31,7 +31,7 @@ public:
 
     /// The path by which the toolkit is to open the device. The toolkit makes a lock file of that
     /// name and gives up when there is one; so it is another path to the same device where a lock
-    /// file stands that nobody holds and that this user may not remove.
+    /// file is there that nobody holds and that this user may not remove.
     const std::filesystem::path& NameToOpen() const { return name_; }
 
     /// An opening of the device that lives until the release; -1 where there is none.

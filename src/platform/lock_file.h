@@ -26,7 +26,7 @@ std::vector<std::filesystem::path> LockFilesOf(const std::filesystem::path& devi
 /// A lock file that keeps the device.
 struct LockFileHold {
     std::filesystem::path file;
-    int process = 0; ///< 0 when the file does not tell: nobody can know that it is a dead one
+    int process = 0; ///< 0 when the file does not name it: nobody can know whether it has ended
 };
 
 /// The lock file that keeps a device; none when there is no file, or only files of processes that

@@ -15,7 +15,7 @@ struct FileNumber {
 };
 
 /// The process that has an advisory lock, of whichever kind, on that file, from the text of
-/// /proc/locks. 0 when a lock is there whose process the system does not tell; none when there is
+/// /proc/locks. 0 when a lock is there whose process the system does not name; none when there is
 /// no lock. A process that waits for one has none.
 std::optional<int> HolderInLockTable(std::string_view table, const FileNumber& file);
 

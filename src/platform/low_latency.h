@@ -37,7 +37,7 @@ private:
     bool switched_;
 };
 
-/// How long the adapter behind a device holds received bytes back at this moment, in milliseconds;
+/// How long the adapter of a device holds received bytes back at this moment, in milliseconds;
 /// 0 for a device without such a timer. `characterDevices` is where the system describes its
 /// devices by their numbers.
 int LatencyMilliseconds(const std::filesystem::path& device,

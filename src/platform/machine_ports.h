@@ -14,7 +14,7 @@ struct MachinePort {
     std::filesystem::path device; ///< where it is opened: "/dev/ttyUSB0"
     std::string product;          ///< "FT232R USB UART"
     std::string maker;            ///< "FTDI"
-    std::string serialNumber;     ///< tells two adapters of one product apart
+    std::string serialNumber;     ///< distinguishes two adapters of one product
     bool hasNode = true;          ///< false when it is listed but has nothing to open
 };
 
@@ -23,7 +23,7 @@ struct MachinePort {
 /// without a node take no number.
 std::vector<MachinePort> InPortOrder(const std::vector<MachinePort>& ports);
 
-/// What this machine has at the moment, in no order. Built-in ports without hardware behind them
+/// What this machine has at the moment, in no order. Built-in ports without hardware
 /// are left out; links and pseudo terminals are never listed.
 std::vector<MachinePort> ListMachinePorts();
 

@@ -17,6 +17,7 @@ struct OpeningNote {
 class OpeningNotes
 {
 public:
+    /// Replaces the note of a device.
     void Put(const std::filesystem::path& device, const OpeningNote& note)
     {
         notes_[device] = note;

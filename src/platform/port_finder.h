@@ -15,8 +15,8 @@ struct PortChoice {
     /// The name of the link that decides ("com1"); empty when none does.
     std::string link;
 
-    /// What to open, absolute and behind all links; empty when the number has no device. A link
-    /// that leads nowhere names the place that it points to.
+    /// What to open, absolute and with all links followed; empty when the number has no device. A
+    /// link that leads nowhere names the place that it points to.
     std::filesystem::path device;
 };
 

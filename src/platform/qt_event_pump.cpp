@@ -17,7 +17,7 @@ void QtEventPump::WaitForEvents()
     Pass(QEventLoop::WaitForMoreEvents);
 }
 
-/// Asked before as well: a wait that slept once the program has ended might never wake.
+/// Checked before the pass too: a wait that slept after the program's end might never wake.
 void QtEventPump::Pass(QEventLoop::ProcessEventsFlags flags)
 {
     RequireRunning();

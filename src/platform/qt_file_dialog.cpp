@@ -115,7 +115,7 @@ void QtFileDialog::Show(QFileDialog& dialog)
     const bool chosen = dialog.exec() == QDialog::Accepted;
     if (end_.Ended()) throw ProgramEnded();
     if (chosen && !dialog.selectedFiles().isEmpty()) {
-        fileName = folder.Behind(dialog.selectedFiles().constFirst());
+        fileName = folder.PathOf(dialog.selectedFiles().constFirst());
     }
 }
 

@@ -14,8 +14,8 @@ namespace tarvex::platform
 
 /// `CommonDialog1` on the toolkit: application-modal, over the active window, with the object name
 /// "CommonDialog1". It is the toolkit's own dialog on every desktop, the same for every operator,
-/// and leaves no settings in the operator's home. When the program ends while it stands, it goes,
-/// and the call raises ProgramEnded.
+/// and leaves no settings in the operator's home. When the program ends while it is open, it
+/// closes, and the call raises ProgramEnded.
 class QtFileDialog : public FileDialog
 {
 public:

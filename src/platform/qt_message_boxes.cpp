@@ -31,7 +31,7 @@ QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text, std::string_
     box->setTextFormat(Qt::PlainText);
     box->setText(ToQString(text));
     box->setDefaultButton(QMessageBox::Ok);
-    // OK stands first on every desktop, also where the custom is the other way round.
+    // OK comes first on every desktop, also where the custom is the other way round.
     box->setStyleSheet("QDialogButtonBox { button-layout: 0 }");
     return box;
 }
@@ -49,12 +49,12 @@ bool QtMessageBoxes::AskOkCancel(std::string_view text)
                         QMessageBox::Ok | QMessageBox::Cancel)) == QMessageBox::Ok;
 }
 
-/// The box belongs to its window, which may go while the box stands, and takes it along.
+/// The box belongs to its window, which may be deleted while the box is open, and the box with it.
 int QtMessageBoxes::Show(QMessageBox* box)
 {
-    const QPointer<QMessageBox> standing(box);
+    const QPointer<QMessageBox> remaining(box);
     const int answer = box->exec();
-    delete standing;
+    delete remaining;
     if (end_.Ended()) throw ProgramEnded();
     return answer;
 }

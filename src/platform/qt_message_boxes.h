@@ -13,8 +13,8 @@ namespace tarvex::platform
 /// Message boxes on the toolkit: application-modal, plain text, over the active window. Each has
 /// the object name "messageBox".
 ///
-/// Other events run while a box stands. When one of them ends the program, the box goes, and the
-/// call raises ProgramEnded, so that nothing of the handler that asked runs any more.
+/// Other events run while a box is open. When one of them ends the program, the box closes, and the
+/// call raises ProgramEnded, so that nothing more of the handler that asked runs.
 class QtMessageBoxes : public MessageBoxes
 {
 public:

@@ -61,7 +61,7 @@ QString SpelledFolder::Spell(const std::filesystem::path& name) const
     return IsAlias() ? spelling_ + u'/' + PathToQString(name) : PathToQString(folder_ / name);
 }
 
-std::filesystem::path SpelledFolder::Behind(const QString& given) const
+std::filesystem::path SpelledFolder::PathOf(const QString& given) const
 {
     const QString inside = spelling_ + u'/';
     if (!IsAlias() || !given.startsWith(inside)) return PathFromQString(given);

@@ -18,6 +18,8 @@ std::filesystem::path PathFromQString(const QString& text);
 class SpelledFolder
 {
 public:
+    /// Opens the folder for its alias when its path is no Unicode; when that fails, the toolkit
+    /// gets the path as far as it can be shown.
     explicit SpelledFolder(const std::filesystem::path& folder);
     ~SpelledFolder();
     SpelledFolder(const SpelledFolder&) = delete;
@@ -33,7 +35,7 @@ public:
     bool IsAlias() const { return descriptor_ >= 0; }
 
     /// The path, in the system's own bytes, of one that the toolkit gave.
-    std::filesystem::path Behind(const QString& given) const;
+    std::filesystem::path PathOf(const QString& given) const;
 
 private:
     std::filesystem::path folder_;

@@ -34,6 +34,7 @@ std::string DescribePort(const PortFacts& facts);
 class QtPortNames : public PortNames
 {
 public:
+    /// `surroundings` are where it looks on this machine; a test gives its own.
     explicit QtPortNames(PortFinder finder, PortSurroundings surroundings = {});
     std::string Describe(int number) override;
 

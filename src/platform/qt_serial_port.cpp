@@ -23,8 +23,8 @@ namespace
 
 constexpr qint64 kInBufferSize = 1024;
 
-/// True when the device behind the port is gone for good. The error that the toolkit reports does
-/// not tell: it is read from a number that the vanished device has not set.
+/// True when the port's device is gone for good. The error that the toolkit reports does not show
+/// it: it is read from a number that the vanished device has not set.
 bool HasVanished(const QSerialPort& port, QSerialPort::SerialPortError error)
 {
 #ifdef _WIN32
@@ -156,8 +156,8 @@ void QtSerialPort::Opening::Recover()
     }
 }
 
-/// The lock as well: while anything of ours is open on a pulled adapter, its number stays taken and
-/// the adapter comes back under another one.
+/// The lock goes too: while anything of ours is open on a pulled adapter, its number stays taken
+/// and the adapter comes back under another one.
 void QtSerialPort::Opening::LetGo()
 {
     lowLatency_.reset();

@@ -14,11 +14,12 @@ namespace tarvex::platform
 /// The serial port on the toolkit; received bytes and an adapter's disappearance reach it only
 /// while events are processed.
 ///
-/// A device that vanishes while open leaves the port open and silent: nothing is received any more,
+/// A device that vanishes while open leaves the port open and silent: nothing more is received,
 /// what was received and not taken is gone, output is dropped. Close ends that as always.
 class QtSerialPort : public SerialPort
 {
 public:
+    /// `surroundings` are where it looks on this machine; a test gives its own.
     explicit QtSerialPort(PortFinder finder, PortSurroundings surroundings = {});
     ~QtSerialPort() override;
 

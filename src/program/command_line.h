@@ -14,7 +14,7 @@ namespace tarvex
 std::optional<int> AnswerCommandLine(std::span<char* const> arguments, std::ostream& out,
                                      std::ostream& error);
 
-/// Tells on `error` that `argument` is not known, and how the program is called; gives status 2.
+/// Says on `error` that `argument` is not known, and how the program is called; gives status 2.
 int RefuseArgument(const char* argument, std::ostream& error);
 
 } // namespace tarvex

@@ -22,7 +22,9 @@ struct ExportPaths {
     std::string png;
     std::string pdf;
 
+    /// True when at least one export is asked for.
     bool Any() const;
+    /// True when at least one of the pictures is: SVG, PNG or PDF.
     bool AnyPicture() const { return !(svg.empty() && png.empty() && pdf.empty()); }
 };
 
@@ -46,13 +48,14 @@ inline constexpr int kCheckFailed = 1;
 inline constexpr int kUnusable = 2;
 
 /// A command line that was read, or the status to end with at once: help and version have been
-/// printed then, or a mistake told on the standard error.
+/// printed then, or a mistake reported on the standard error.
 struct CommandLine {
     Options options;
     bool ends = false;
     int exitStatus = kGood;
 };
 
+/// Reads the arguments of `main`, the program's name first, and never throws for a mistake.
 CommandLine ReadCommandLine(int argc, const char* const* argv);
 
 } // namespace tarvex::survey

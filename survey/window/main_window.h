@@ -32,8 +32,8 @@ public:
     /// Shows the surveys of a folder and watches it.
     void OpenFolder(const std::filesystem::path& folder);
 
-    /// Shows the folder of a report and chooses that report; a file that is no report is told in
-    /// the status line.
+    /// Shows the folder of a report and chooses that report; a file that is no report is named
+    /// in the status line.
     void OpenFile(const std::filesystem::path& file);
 
 protected:

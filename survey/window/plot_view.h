@@ -18,14 +18,16 @@ class PlotView : public QCustomPlot
 public:
     explicit PlotView(QWidget* parent = nullptr);
 
-    /// Told of the pointed depth, in tenths of a metre.
+    /// Called with the depth that is pointed to, in tenths of a metre.
     std::function<void(double)> depthPointed;
 
+    /// Shows this page in place of the one before, with all of it in view.
     void Show(PlotPage page);
 
-    /// Points to a depth without telling of it.
+    /// Points to a depth, in tenths of a metre, without calling `depthPointed`.
     void PointTo(double tenths);
 
+    /// The page shown.
     const PlotPage& Page() const { return page_; }
 
 protected:

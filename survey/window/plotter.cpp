@@ -10,7 +10,7 @@ namespace tarvex::survey
 
 namespace
 {
-/// Told apart also by eyes that see few colours; dark paper takes the lighter ones.
+/// Distinct also for eyes that see few colours; dark paper takes the lighter ones.
 constexpr std::array<QRgb, 4> kOnLight{0xFF0072B2, 0xFFD55E00, 0xFF007A5A, 0xFF9A3F7A};
 constexpr std::array<QRgb, 4> kOnDark{0xFF56B4E9, 0xFFE69F00, 0xFF3DD6A8, 0xFFE59CC7};
 constexpr std::array<Qt::PenStyle, 4> kDashes{Qt::SolidLine, Qt::DashLine, Qt::DotLine,

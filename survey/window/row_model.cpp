@@ -16,7 +16,7 @@ QString CellText(const SheetCell& cell)
     return cell.value ? QString::number(*cell.value, 'f', cell.decimals) : QStringLiteral("-");
 }
 
-/// A colour behind a faulty row that keeps its text legible on light and on dark.
+/// A background for a faulty row that keeps its text legible on light and on dark.
 QColor FaultColour()
 {
     const bool dark = QGuiApplication::palette().color(QPalette::Base).lightness() < 128;

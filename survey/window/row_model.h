@@ -9,14 +9,17 @@
 namespace tarvex::survey
 {
 
-/// The table of a survey, one row a depth; what the verdict holds against a depth stands in words
-/// in the last column, and its row is coloured.
+/// The table of a survey, one row a depth; what the verdict has against a depth is in words in
+/// the last column, and its row is coloured.
 class RowModel : public QAbstractTableModel
 {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Takes copies of what it needs, and resets the views on it.
     void Show(const Survey& survey, const Verdict& verdict);
+
+    /// Leaves a table without rows.
     void Clear();
 
     /// The row of the depth nearest to that one, in tenths of a metre; -1 without rows.

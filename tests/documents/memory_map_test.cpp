@@ -59,7 +59,7 @@ protected:
     }
 };
 
-TEST_F(MemoryMap, HeaderFieldsStandInTheFrameAsThePageSays)
+TEST_F(MemoryMap, HeaderFieldsAreInTheFrameWhereThePageSays)
 {
     const auto rows = page.Table("The header");
     OpenOwnTableAt(*this, 7);
@@ -71,7 +71,7 @@ TEST_F(MemoryMap, HeaderFieldsStandInTheFrameAsThePageSays)
     ExpectOffsetsAddUp(rows);
 }
 
-TEST_F(MemoryMap, CalibrationFieldsStandInTheFrameAsThePageSays)
+TEST_F(MemoryMap, CalibrationFieldsAreInTheFrameWhereThePageSays)
 {
     const auto rows = page.Table("The calibration");
     OpenOwnTableAt(*this, 7);
@@ -174,7 +174,7 @@ TEST_F(MemoryMap, ColumnsComeFromTheBytesThatThePageSays)
 
     Run("download");
 
-    // Behind the title record and the blank one, and the forty characters of the row's text.
+    // After the title record and the blank one, and the forty characters of the row's text.
     EXPECT_EQ(FileBytes(folder / "datiram.dat").substr(2 * 113 + 40, 71), expected);
     EXPECT_EQ(FileBytes(folder / "datiram.dat").substr(0, title.size()), title);
 }
@@ -190,7 +190,7 @@ TEST(ProtocolPage, ReadsWordsAsTheManagerDoes)
     }
 }
 
-TEST_F(MemoryMap, TellsTheDigitsOfTheClock)
+TEST_F(MemoryMap, GivesTheDigitsOfTheClock)
 {
     const auto rows = page.Table("The clock");
     Run("read-clock");

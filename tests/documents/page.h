@@ -32,7 +32,7 @@ private:
     std::vector<std::string> lines_;
 };
 
-/// Holds an example against the lines that the code really gives. A line "..." of the example
+/// Compares an example with the lines that the code really gives. A line "..." of the example
 /// stands for any number of lines; every other line must be there as it is. Returns what differs,
 /// and an empty text when nothing does.
 std::string Difference(const std::vector<std::string>& example,

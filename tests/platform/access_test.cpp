@@ -53,7 +53,7 @@ TEST_F(Access, NamesNoGroupWhenItsMembersMayNotWrite)
     EXPECT_EQ(AccessTo(device).group, "");
 }
 
-TEST_F(Access, TellsWhatIsNotThere)
+TEST_F(Access, SaysWhatIsNotThere)
 {
     const DeviceAccess access = AccessTo(folder / "pulled");
     EXPECT_FALSE(access.there);

@@ -125,7 +125,7 @@ TEST(LowLatency, IsNothingToAPseudoTerminal)
     EXPECT_EQ(LatencyMilliseconds(terminal.Device()), 0);
 }
 
-/// What the system tells of a device, made of plain files; /dev/null lends its number.
+/// What the system says of a device, made of plain files; /dev/null lends its number.
 class DeviceDescription : public ::testing::Test
 {
 protected:
@@ -140,20 +140,20 @@ protected:
     const fs::path device = "/dev/null";
 };
 
-TEST_F(DeviceDescription, TellsTheLatencyOfAnAdapter)
+TEST_F(DeviceDescription, GivesTheLatencyOfAnAdapter)
 {
     WriteFile(Describe() / "device" / "latency_timer", "16\n");
     EXPECT_EQ(LatencyMilliseconds(device, folder.Path()), 16);
 }
 
-TEST_F(DeviceDescription, TellsNoLatencyOfADeviceWithoutATimer)
+TEST_F(DeviceDescription, GivesNoLatencyOfADeviceWithoutATimer)
 {
     Describe();
     EXPECT_EQ(LatencyMilliseconds(device, folder.Path()), 0);
     EXPECT_EQ(LatencyMilliseconds(folder / "pulled", folder.Path()), 0);
 }
 
-TEST_F(DeviceDescription, TellsASerialLine)
+TEST_F(DeviceDescription, RecognisesASerialLine)
 {
     fs::create_symlink("../../class/tty", Describe() / "subsystem");
     EXPECT_EQ(KindOf(device, folder.Path()), DeviceKind::Serial);
@@ -161,14 +161,14 @@ TEST_F(DeviceDescription, TellsASerialLine)
     EXPECT_EQ(KindOf(device, folder.Path()), DeviceKind::Serial);
 }
 
-TEST_F(DeviceDescription, TellsABuiltInPortWithoutAChip)
+TEST_F(DeviceDescription, RecognisesABuiltInPortWithoutAChip)
 {
     fs::create_symlink("../../class/tty", Describe() / "subsystem");
     WriteFile(Describe() / "type", "0\n");
     EXPECT_EQ(KindOf(device, folder.Path()), DeviceKind::WithoutHardware);
 }
 
-TEST_F(DeviceDescription, TellsADeviceThatIsNoSerialLine)
+TEST_F(DeviceDescription, RecognisesADeviceThatIsNoSerialLine)
 {
     fs::create_symlink("../../class/mem", Describe() / "subsystem");
     EXPECT_EQ(KindOf(device, folder.Path()), DeviceKind::Other);

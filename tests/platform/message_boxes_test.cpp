@@ -21,7 +21,7 @@ namespace tarvex::tests
 namespace
 {
 
-/// Each test plans what the operator does when the box stands.
+/// Each test plans what the operator does when the box is open.
 class Boxes : public ::testing::Test
 {
 protected:
@@ -29,7 +29,7 @@ protected:
     {
         QTimer::singleShot(0, qApp, [this, act] {
             auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr) << "no box stands";
+            ASSERT_NE(box, nullptr) << "no box is open";
             ++seen;
             act(*box);
         });
@@ -73,7 +73,7 @@ TEST_F(Boxes, ACriticalOneTakesATitleOfItsOwn)
     boxes.Critical("Invalid Drive!", "Errore");
 }
 
-TEST_F(Boxes, ShowTextAsItStandsAndInTheProgramsCodePage)
+TEST_F(Boxes, ShowTextUnchangedAndInTheProgramsCodePage)
 {
     WhenShown([](QMessageBox& box) {
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
@@ -149,7 +149,7 @@ TEST_F(Boxes, ClosingTheWindowAnswersAQuestionWithFalse)
     EXPECT_FALSE(boxes.AskOkCancel("ATTENTION"));
 }
 
-TEST_F(Boxes, StandOverTheActiveWindow)
+TEST_F(Boxes, OpenOverTheActiveWindow)
 {
     QWidget window;
     window.show();
@@ -162,7 +162,7 @@ TEST_F(Boxes, StandOverTheActiveWindow)
     boxes.Critical("ATTENTION");
 }
 
-TEST_F(Boxes, StandOverTheProgramsWindowAlsoWhileAnotherProgramIsActive)
+TEST_F(Boxes, OpenOverTheProgramsWindowAlsoWhileAnotherProgramIsActive)
 {
     QWidget window;
     window.show();

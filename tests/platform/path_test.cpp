@@ -27,7 +27,7 @@ TEST_F(SpelledFolderTest, AnOrdinaryFolderIsSpelledByItsPath)
     const SpelledFolder spelled(folder.Path());
     EXPECT_FALSE(spelled.IsAlias());
     EXPECT_EQ(spelled.Spelling(), platform::PathToQString(folder.Path()));
-    EXPECT_EQ(spelled.Behind(spelled.Spelling() + "/table"), folder / "table");
+    EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "/table"), folder / "table");
     EXPECT_EQ(spelled.Spell("com1"), platform::PathToQString(folder / "com1"));
 }
 
@@ -43,11 +43,11 @@ TEST_F(SpelledFolderTest, TheToolkitReachesAFolderOutsideUnicode)
 TEST_F(SpelledFolderTest, WhatTheToolkitGivesIsFoundInTheSystemsBytes)
 {
     const SpelledFolder spelled(odd);
-    EXPECT_EQ(spelled.Behind(spelled.Spelling() + "/sub/table"), odd / "sub" / "table");
-    EXPECT_EQ(spelled.Behind(spelled.Spelling() + "0/table").native().find("Citt"),
+    EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "/sub/table"), odd / "sub" / "table");
+    EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "0/table").native().find("Citt"),
               std::string::npos)
         << "another open file whose number only begins alike";
-    EXPECT_EQ(spelled.Behind("/srv/table"), "/srv/table");
+    EXPECT_EQ(spelled.PathOf("/srv/table"), "/srv/table");
 }
 
 TEST_F(SpelledFolderTest, AFolderThatIsGoneIsStillShown)

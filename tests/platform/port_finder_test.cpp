@@ -87,7 +87,7 @@ TEST_F(PortFinding, PassesOverAPlainFileOrFolderOfThatName)
     EXPECT_EQ(Find(2).device, "/dev/ttyUSB1");
 }
 
-TEST_F(PortFinding, AsksAnewEachTime)
+TEST_F(PortFinding, AsksAgainEachTime)
 {
     EXPECT_EQ(Find(1).device, "/dev/ttyUSB0");
     fs::create_symlink("/dev/null", folder / "com1");

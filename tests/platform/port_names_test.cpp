@@ -44,7 +44,7 @@ class PortDescription : public ::testing::TestWithParam<Row>
 {
 };
 
-TEST_P(PortDescription, TellsTheOperator)
+TEST_P(PortDescription, SaysWhatTheOperatorNeeds)
 {
     EXPECT_EQ(DescribePort(GetParam().facts), GetParam().text);
 }
@@ -194,7 +194,7 @@ TEST_F(HeldPortTip, NamesTheProgramOfALockFile)
     EXPECT_EQ(Tip(), Held(other));
 }
 
-TEST_F(HeldPortTip, TellsOfTheExclusiveFlag)
+TEST_F(HeldPortTip, NamesTheProgramWithTheExclusiveFlag)
 {
     const OtherProgram other(terminal.Device(),
                              [](int descriptor) { return ::ioctl(descriptor, TIOCEXCL) == 0; });
@@ -203,7 +203,7 @@ TEST_F(HeldPortTip, TellsOfTheExclusiveFlag)
     EXPECT_EQ(Tip(), Free());
 }
 
-TEST_F(HeldPortTip, TellsNothingOfAPortThatThisProgramHasOpen)
+TEST_F(HeldPortTip, SaysNothingOfAPortThatThisProgramHasOpen)
 {
     ours.Open();
     EXPECT_EQ(Tip(), Free());

@@ -28,7 +28,7 @@ public:
     std::string Receive(std::size_t count,
                         std::chrono::milliseconds limit = std::chrono::seconds(5)) const;
 
-    /// Waits until `count` bytes stand at the program's end of the line, unread.
+    /// Waits until `count` bytes are at the program's end of the line, unread.
     void AwaitArrival(int count) const;
 
     /// The far end goes, as an adapter does that is pulled.

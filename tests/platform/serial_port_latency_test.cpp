@@ -74,7 +74,7 @@ TEST_F(SerialPortLatency, IsGivenBackWhenThePortGoesWithTheProgram)
     EXPECT_EQ(Timer(), "16\n");
 }
 
-TEST_F(SerialPortLatency, RefusedStillOpensAndIsToldInTheToolTip)
+TEST_F(SerialPortLatency, RefusedStillOpensAndIsNamedInTheToolTip)
 {
     refuses = true;
     EXPECT_THAT(names->Describe(1), Not(HasSubstr("timer")));

@@ -132,7 +132,7 @@ TEST_F(SerialPortLock, OfADeadProcessThatMayNotBeRemovedIsNoLockEither)
     }
 }
 
-TEST_F(SerialPortLock, OfOurOwnStandsWhileThePortIsOpen)
+TEST_F(SerialPortLock, OfOurOwnIsHeldWhileThePortIsOpen)
 {
     port.Open();
     ASSERT_TRUE(fs::exists(lockFile.Path()));

@@ -39,7 +39,7 @@ TEST_F(DatabaseProgramTest, AMarkedTubeComesBackWithItsNextReadoutNumber)
     EXPECT_TRUE(std::filesystem::exists(folder / "tar_vex.mdb"));
 }
 
-TEST_F(DatabaseProgramTest, AFileThatIsNoDatabaseIsLeftAloneAndTold)
+TEST_F(DatabaseProgramTest, AFileThatIsNoDatabaseIsLeftAloneAndReported)
 {
     Start();
     WriteFile(folder / "tar_vex.mdb", "this is somebody's text, and stays it");

@@ -25,7 +25,7 @@ Demonstration::Demonstration(std::filesystem::path folder, int block)
     clock_.start();
     std::filesystem::create_directories(folder_ / "screenshots");
     boxes_.beforeAnswer = [this](QWidget* box) {
-        Tell("message: " + boxes_.texts.constLast());
+        Say("message: " + boxes_.texts.constLast());
         Picture(box, "message");
     };
 }
@@ -38,7 +38,7 @@ bool Demonstration::Run()
     const bool downloaded = Download();
     SeeOtherForms();
     program_.MainForm()->close();
-    Tell(QStringLiteral("closed the panel; messages shown: %1").arg(boxes_.texts.size()));
+    Say(QStringLiteral("closed the panel; messages shown: %1").arg(boxes_.texts.size()));
     return downloaded && program_.End().Ended();
 }
 
@@ -46,13 +46,13 @@ void Demonstration::SeeSplash()
 {
     program_.Start();
     QWidget* splash = ShownForm("preloader");
-    Tell("splash: " + splash->findChild<QLabel*>("Label1")->text() + ", " +
-         splash->findChild<QLabel*>("Label2")->text());
+    Say("splash: " + splash->findChild<QLabel*>("Label1")->text() + ", " +
+        splash->findChild<QLabel*>("Label2")->text());
     Picture(splash, "splash");
     if (!WaitFor([this] { return program_.MainForm() != nullptr; }, kSplashPatience)) {
         throw std::runtime_error("the main form does not come");
     }
-    Tell("the panel, with record " + AtPanel().Text("Text2") + ": " + AtPanel().Text("Text3"));
+    Say("the panel, with record " + AtPanel().Text("Text2") + ": " + AtPanel().Text("Text3"));
     Picture(program_.MainForm(), "start");
 }
 
@@ -60,10 +60,10 @@ void Demonstration::ReadBlock()
 {
     AtPanel().Type("Text2", blockText_);
     AtPanel().Click("Command3");
-    Tell("Read Block " + blockText_ + ": client \"" + AtPanel().Text("Text3") + "\", site \"" +
-         AtPanel().Text("Text4") + "\", tube \"" + AtPanel().Text("Text5") + "\", depth " +
-         AtPanel().Text("Text6") + "." + AtPanel().Text("Text13") + " m, guides " +
-         AtPanel().Text("Text8"));
+    Say("Read Block " + blockText_ + ": client \"" + AtPanel().Text("Text3") + "\", site \"" +
+        AtPanel().Text("Text4") + "\", tube \"" + AtPanel().Text("Text5") + "\", depth " +
+        AtPanel().Text("Text6") + "." + AtPanel().Text("Text13") + " m, guides " +
+        AtPanel().Text("Text8"));
     Picture(program_.MainForm(), "panel");
 }
 
@@ -76,19 +76,19 @@ void Demonstration::ChooseFolder()
     WaitFor([chooser] { return chooser->findChild<QAbstractButton*>("command3d1")->isEnabled(); });
     Picture(chooser, "folder");
     Operator(chooser).Click("command3d1");
-    Tell("Folder: " + QString::fromStdString(program_.State().reportFolder.string()));
+    Say("Folder: " + QString::fromStdString(program_.State().reportFolder.string()));
 }
 
 bool Demonstration::Download()
 {
     QTimer::singleShot(kDownloadSight, program_.MainForm(), [this] {
-        Tell("downloading, address " + AtPanel().Text("Text17") + ", file " +
-             AtPanel().Text("Text1"));
+        Say("downloading, address " + AtPanel().Text("Text17") + ", file " +
+            AtPanel().Text("Text1"));
         Picture(program_.MainForm(), "download");
     });
     const qint64 start = clock_.elapsed();
     AtPanel().Click("command3d1");
-    Tell(QStringLiteral("Ok: the download has ended after %1 s, last address %2")
+    Say(QStringLiteral("Ok: the download has ended after %1 s, last address %2")
              .arg(static_cast<double>(clock_.elapsed() - start) / 1000, 0, 'f', 1)
              .arg(AtPanel().Text("Text17")));
     return std::filesystem::exists(program_.State().reportFolder / "datiram.dat");
@@ -98,13 +98,13 @@ void Demonstration::SeeOtherForms()
 {
     AtPanel().ShowTab(3);
     AtPanel().Click("ssCommand3");
-    Tell("Read Clock: " + AtPanel().Text("Text13a") + "/" + AtPanel().Text("Text1a") + "/" +
-         AtPanel().Text("Text2a") + " " + AtPanel().Text("Text14a") + ":" +
-         AtPanel().Text("Text3a") + ":" + AtPanel().Text("Text4a"));
+    Say("Read Clock: " + AtPanel().Text("Text13a") + "/" + AtPanel().Text("Text1a") + "/" +
+        AtPanel().Text("Text2a") + " " + AtPanel().Text("Text14a") + ":" +
+        AtPanel().Text("Text3a") + ":" + AtPanel().Text("Text4a"));
     Picture(program_.MainForm(), "setup");
     AtPanel().ShowTab(1);
     AtPanel().Click("Command8");
-    Tell(QStringLiteral("Read All Blocks: the header file holds what the unit holds"));
+    Say(QStringLiteral("Read All Blocks: the header file holds what the unit holds"));
     AtPanel().Click("Command11");
     QWidget* about = ShownForm("aboutus");
     Picture(about, "about");
@@ -130,13 +130,13 @@ void Demonstration::SeeDatabase()
     Picture(panel, "database");
     Operator(panel).Click("ssCommand2");
     QWidget* grid = ShownForm("Form5");
-    Tell(QStringLiteral("Read Headers: the survey database and its grid"));
+    Say(QStringLiteral("Read Headers: the survey database and its grid"));
     Picture(grid, "grid");
     grid->close();
     panel->close();
 }
 
-void Demonstration::Tell(const QString& what) const
+void Demonstration::Say(const QString& what) const
 {
     std::cout << QStringLiteral("%1 s  ")
                      .arg(static_cast<double>(clock_.elapsed()) / 1000, 6, 'f', 1)

@@ -12,7 +12,7 @@ namespace tarvex::tests
 {
 
 /// The session of an operator at the real program, by script: splash, Read Block, folder, download,
-/// and a look at every form. It tells what it does and what it sees, and leaves a picture of each
+/// and a look at every form. It says what it does and what it sees, and leaves a picture of each
 /// window.
 class Demonstration
 {
@@ -32,7 +32,7 @@ private:
     void SeeOtherForms();
     void SeeServiceForm(const char* entry, const char* form, const char* picture);
     void SeeDatabase();
-    void Tell(const QString& what) const;
+    void Say(const QString& what) const;
     void Picture(QWidget* window, const char* name) const;
     Operator AtPanel() const { return Operator(program_.MainForm()); }
 

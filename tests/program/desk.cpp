@@ -45,7 +45,7 @@ void Desk::EndOtherProgram()
     otherProgram_.waitForFinished();
 }
 
-/// No client of the desktop is told where its window is; the pointer finds it. The form takes more
+/// No client of the desktop learns where its window is; the pointer finds it. The form takes more
 /// than half of the screen each way.
 void Desk::FindForm()
 {

@@ -63,7 +63,7 @@ protected:
     const fs::path site = folder / "Citt\xE0";
 };
 
-TEST_F(OddStartFolderTest, AFolderThatIsGoneGivesTheLastDefaultBesideNumberOne)
+TEST_F(OddStartFolderTest, AFolderThatIsGoneGivesTheLastDefaultUnderNumberOne)
 {
     GoWhereNothingIsLeft();
     std::error_code gone;

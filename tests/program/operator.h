@@ -29,7 +29,7 @@ public:
         return widget;
     }
 
-    /// A mouse click on a button; returns when the command behind it has ended.
+    /// A mouse click on a button; returns when its command has ended.
     void Click(const char* name) const;
 
     /// A click that is made while events run, for what must happen inside a wait.
@@ -62,7 +62,7 @@ public:
 
     QStringList texts;
 
-    /// Run while a box stands, before it is answered.
+    /// Run while a box is open, before it is answered.
     std::function<void(QWidget* box)> beforeAnswer;
 
 private:

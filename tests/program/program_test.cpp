@@ -11,7 +11,7 @@ namespace tarvex::tests
 namespace
 {
 
-/// A program that ended leaves the toolkit's loops told to quit; running the main one once takes
+/// A program that ended leaves the toolkit's loops asked to quit; running the main one once takes
 /// that back.
 void ReviveEventLoops()
 {

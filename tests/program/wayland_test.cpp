@@ -24,7 +24,7 @@ protected:
         ASSERT_TRUE(WaitFor([&] { return edit->text() == shown; })) << edit->text().toStdString();
     }
 
-    static void Tell(const Desk& desk)
+    static void PrintOrder(const Desk& desk)
     {
         std::cout << "the events came in the order: " << desk.order.join(", ").toStdString()
                   << std::endl;
@@ -49,7 +49,7 @@ TEST_F(WaylandTest, AClickStraightFromAnotherProgramStoresWhatTheRuleMadeOfTheFi
     desk.Release();
 
     ASSERT_TRUE(WaitFor([&] { return !boxes.texts.isEmpty(); })); // Set Block has stored, and asks
-    Tell(desk);
+    PrintOrder(desk);
     EXPECT_EQ(AtPanel().Text("Text6"), "012");
     EXPECT_EQ(FileBytes(folder / "intestazione").substr(20, 4), "0120");
 }
@@ -70,7 +70,7 @@ TEST_F(WaylandTest, ACommandRunsOnceAfterTheBoxThatItsClickBrought)
         << boxes.texts.join(", ").toStdString() << "; " << desk.order.join(", ").toStdString();
     ASSERT_TRUE(WaitFor([&] { return program->MainForm()->isActiveWindow(); }));
     WaitFor([] { return false; }, 500); // time for a second run, if there were one
-    Tell(desk);
+    PrintOrder(desk);
     EXPECT_EQ(boxes.texts, QStringList({"Attention: Incorrect block number",
                                         "Attention: TAR--VEX not connected"}));
 }

@@ -26,7 +26,7 @@ protected:
 
     std::unique_ptr<RecordSet> Table() { return backend->OpenTable(survey.databasePath); }
 
-    /// The database's file and what stands beside it under its name.
+    /// The database's file and what is beside it under its name.
     std::vector<std::string> Files()
     {
         std::vector<std::string> names;
@@ -40,8 +40,8 @@ protected:
         return survey.databasePath.string() + suffix;
     }
 
-    /// The bytes under those names while `statement` stands uncommitted, or else unchecked, in
-    /// another program: what a kill at this moment leaves.
+    /// The bytes under those names after another program has run `statements` and before it commits
+    /// or closes: what a kill at this moment leaves.
     std::map<std::string, std::string> LeftByAKill(const QStringList& statements)
     {
         RawDatabase raw(survey.databasePath);
@@ -61,8 +61,8 @@ protected:
             WriteFile(folder / name, bytes);
     }
 
-    /// Some time after the kill: the clock of a file system does not tell two moments apart that
-    /// are closer than a few milliseconds.
+    /// Some time after the kill: the clock of a file system does not separate two moments that are
+    /// closer than a few milliseconds.
     void Replace(const std::string& bytes)
     {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
@@ -78,7 +78,7 @@ protected:
     }
 };
 
-TEST_F(AtRestTest, OneFileHoldsEverythingWhileAHandleStandsOpen)
+TEST_F(AtRestTest, OneFileHoldsEverythingWhileAHandleIsOpen)
 {
     const auto table = Table();
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
@@ -170,7 +170,7 @@ TEST_F(AtRestTest, TheJournalOfAMakingThatWasKilledDoesNotEmptyABackup)
     EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
 }
 
-TEST_F(AtRestTest, AFilePutInPlaceWhileAHandleStandsOpenIsNotDamaged)
+TEST_F(AtRestTest, AFilePutInPlaceWhileAHandleIsOpenIsNotDamaged)
 {
     const std::string backup = FileBytes(survey.databasePath);
     const auto table = Table();

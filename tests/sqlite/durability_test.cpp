@@ -151,7 +151,7 @@ TEST_F(KilledWalkTest, LeavesTheRowsBeforeItsMomentHandledAndThoseAfterItUntouch
         ::kill(walker, SIGKILL);
         ASSERT_EQ(::waitpid(walker, nullptr, 0), walker);
 
-        backend->OpenTable(survey.databasePath)->Close(); // takes in what is left beside it
+        backend->OpenTable(survey.databasePath)->Close(); // takes in what was left beside it
         bool done = true;
         for (const Handled& row : Walked()) {
             EXPECT_TRUE(done || !row.done) << delay;

@@ -27,7 +27,7 @@ protected:
         EXPECT_EQ(state.blockHeader, DefaultHeader(0));
     }
 
-    /// As ExpectNoHandle, and the folder is the same before and behind, byte by byte.
+    /// As ExpectNoHandle, and the folder is the same before and after, byte by byte.
     void ExpectUntouched()
     {
         const auto before = FolderContent();
@@ -95,7 +95,7 @@ TEST_P(ForeignBytesTest, IsNeverTouched)
     ExpectUntouched();
 }
 
-TEST_F(ForeignFileTest, AForeignFileIsNotTouchedBesideALeftOverLogEither)
+TEST_F(ForeignFileTest, AForeignFileWithALeftOverLogIsNotTouchedEither)
 {
     {
         const auto table = backend->OpenTable(survey.databasePath);
@@ -244,7 +244,7 @@ TEST_F(ForeignFileTest, ATableWithoutItsLastColumnIsLeftAsItIs)
     EXPECT_THAT(raw.Run("SELECT tubo FROM tar_vex"), ElementsAre("T1  "));
 }
 
-TEST_F(ForeignFileTest, TheTablesOfOthersStayBesideOurs)
+TEST_F(ForeignFileTest, TheTablesOfOthersStay)
 {
     RawDatabase raw(survey.databasePath);
     raw.Run("CREATE TABLE notes (text)");

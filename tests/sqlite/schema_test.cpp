@@ -95,7 +95,7 @@ TEST_F(SchemaTest, AnUpdateThatChangesNothingWritesNothing)
     EXPECT_NE(other.Run("PRAGMA data_version"), version);
 }
 
-TEST_F(SchemaTest, OthersMayReadAndWriteWhileAHandleStandsOnARow)
+TEST_F(SchemaTest, OthersMayReadAndWriteWhileAHandleIsOnARow)
 {
     AddRow({{"b", "1"}});
     AddRow({{"b", "2"}});

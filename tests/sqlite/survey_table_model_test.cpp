@@ -76,7 +76,7 @@ TEST_F(SurveyTableModelTest, OnlyTheMarkCanBeEdited)
     EXPECT_EQ(RowAt(0), (SurveyRow{{"tubo", "T1  "}, {"b", "7"}}));
 }
 
-TEST_F(SurveyTableModelTest, AnEditIsInTheRowAtOnceAndIsTold)
+TEST_F(SurveyTableModelTest, AnEditIsInTheRowAtOnceAndIsReported)
 {
     AddRow({{"tubo", "T1  "}});
     AddRow({{"tubo", "T2  "}});

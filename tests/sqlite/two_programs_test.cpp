@@ -99,7 +99,7 @@ TEST_F(TwoProgramsTest, ALockIsWaitedFor)
     EXPECT_EQ(RowAt(0).at("b"), "6");
 }
 
-TEST_F(TwoProgramsTest, AMarkTypedWhileABoxStandsIsTransferred)
+TEST_F(TwoProgramsTest, AMarkTypedWhileABoxIsOpenIsTransferred)
 {
     AddRow({{"b", "30"}});
     SurveyRow row = TubeRow(DamHeader("00", "", ""));
@@ -120,7 +120,7 @@ TEST_F(TwoProgramsTest, AMarkTypedIntoTheRowThatIsHandledStays)
     EXPECT_THAT(Rows(), ElementsAre(SurveyRow{{"b", "4"}}));
 }
 
-TEST_F(TwoProgramsTest, ARowAddedAndOneTakenAwayWhileABoxStandsAreSeen)
+TEST_F(TwoProgramsTest, ARowAddedAndOneTakenAwayWhileABoxIsOpenAreSeen)
 {
     AddRow({{"b", "30"}});
     AddRow({{"b", "30"}});
@@ -135,7 +135,7 @@ TEST_F(TwoProgramsTest, ARowAddedAndOneTakenAwayWhileABoxStandsAreSeen)
     EXPECT_EQ(Rows().size(), 2U);
 }
 
-TEST_F(TwoProgramsTest, OthersMayWriteWhileTheLimitBoxStandsAndAreHeeded)
+TEST_F(TwoProgramsTest, WhatOthersWriteWhileTheLimitBoxIsOpenCounts)
 {
     BlockHeader header = DamHeader("26", "160926  ", "093015  ");
     PutHeader(1, header);

@@ -204,7 +204,7 @@ TEST(Check, FindsDepthsThatAreNoSteps)
                               "as they were written");
 }
 
-TEST(Check, HoldsDamagedFilesAgainstTheSurveyAndHarmlessChangesNot)
+TEST(Check, CountsDamagedFilesAgainstTheSurveyButNotHarmlessChanges)
 {
     auto survey = Downloaded("1:depth=20");
     survey.anomalies.push_back({"x-num.dat", 2, 113, "blanks", true});

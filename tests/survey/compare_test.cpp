@@ -49,7 +49,7 @@ TEST_F(CompareTest, TakesAMissingHeadOnTrustAndSaysSo)
     EXPECT_THAT(Compare(base_, now, SumFrom::Bottom).notes, Contains(HasSubstr("on trust")));
 }
 
-TEST_F(CompareTest, HoldsTubesOfOtherDepthTogetherAtTheBottom)
+TEST_F(CompareTest, AlignsTubesOfDifferentDepthAtTheBottom)
 {
     const auto deeper = Downloaded("1:depth=21,nlet=02");
     const auto comparison = Compare(base_, deeper, SumFrom::Bottom);

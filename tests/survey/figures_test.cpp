@@ -58,7 +58,7 @@ void ExpectFigures(const SumFigures& figures, const Expected& expected)
     EXPECT_EQ(figures.outliers, expected["outliers"].get<std::vector<int>>());
 }
 
-TEST(Figures, OfAllKnownSurveysAreThoseReckonedApart)
+TEST(Figures, OfAllKnownSurveysAreThoseCalculatedIndependently)
 {
     ASSERT_EQ(AllExpected()["surveys"].size(), tests::kKnownSurveys.size());
     for (const auto& [name, expected] : AllExpected()["surveys"].items()) {
@@ -71,7 +71,7 @@ TEST(Figures, OfAllKnownSurveysAreThoseReckonedApart)
     }
 }
 
-TEST(Figures, OfTheHalfDifferencesAreThoseReckonedApart)
+TEST(Figures, OfTheHalfDifferencesAreThoseCalculatedIndependently)
 {
     for (const auto& [name, expected] : AllExpected()["surveys"].items()) {
         if (name.starts_with("UNREAD")) continue; // its empty depth is no half difference
@@ -88,7 +88,7 @@ fs::path Moves(const std::string& number)
     return ReportFolder() / ("MOVES   -PENDIO 1-T10 -" + number + "-dat.dat");
 }
 
-TEST(Figures, OfAComparisonAreThoseReckonedApart)
+TEST(Figures, OfAComparisonAreThoseCalculatedIndependently)
 {
     const auto base = Load(Moves("00"));
     for (const auto& [number, expected] : AllExpected()["compared"].items()) {

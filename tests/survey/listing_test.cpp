@@ -85,7 +85,7 @@ TEST_F(ListingTest, ListsOtherSpellingsAndPassesOverOtherFiles)
     EXPECT_TRUE(listed[0].hasHead);
 }
 
-TEST_F(ListingTest, ToldOfNoFolderRefuses)
+TEST_F(ListingTest, RefusesAPathThatIsNoFolder)
 {
     EXPECT_THROW(ListFolder(folder_ / "nothing"), Refusal);
     tests::WriteFile(folder_ / "file", "");

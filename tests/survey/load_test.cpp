@@ -81,7 +81,7 @@ TEST_F(LoadTest, TakesADataReportAlone)
     EXPECT_THAT(survey.anomalies, IsEmpty());
 }
 
-TEST_F(LoadTest, TellsThatAHeadReportIsAlone)
+TEST_F(LoadTest, ReportsThatAHeadReportIsAlone)
 {
     fs::remove(data_);
     const auto survey = Load(head_);
@@ -113,7 +113,7 @@ TEST_F(LoadTest, KeepsTheDepthsAroundAPageThatWasSkipped)
     EXPECT_THAT(survey.anomalies, IsEmpty());
 }
 
-TEST_F(LoadTest, TellsAPartnerThatIsNoReport)
+TEST_F(LoadTest, ReportsAPartnerThatIsNoReport)
 {
     tests::WriteFile(head_, "something else");
     const auto survey = Load(data_);
@@ -122,7 +122,7 @@ TEST_F(LoadTest, TellsAPartnerThatIsNoReport)
     EXPECT_EQ(survey.anomalies[0].file, head_.filename().string());
 }
 
-TEST_F(LoadTest, TellsAPartnerOfTheOtherKind)
+TEST_F(LoadTest, ReportsAPartnerOfTheOtherKind)
 {
     fs::copy_file(data_, head_, fs::copy_options::overwrite_existing);
     EXPECT_THAT(Load(data_).anomalies, SizeIs(1));
@@ -148,7 +148,7 @@ TEST_F(LoadTest, NeverWaitsAtAPipeNorReadsADevice)
     EXPECT_THAT(RefusalOf(folder_ / "zero-num.dat"), HasSubstr("no ordinary file"));
     fs::create_symlink("self-num.dat", folder_ / "self-num.dat");
     EXPECT_FALSE(RefusalOf(folder_ / "self-num.dat").empty());
-    // A partner may be a trap as well.
+    // A partner may be a trap too.
     fs::remove(head_);
     ASSERT_EQ(::mkfifo(head_.c_str(), 0600), 0);
     EXPECT_THAT(Load(data_).anomalies, SizeIs(1));
@@ -164,7 +164,7 @@ TEST_F(LoadTest, RefusesAFileOfTenGigabytesUnread)
 
 TEST_F(LoadTest, RefusesAFileThatSaysItIsEmptyAndGoesOn)
 {
-    // The kernel's own files tell no length.
+    // The kernel's own files have a length of 0.
     EXPECT_THAT(ReadBytes("/proc/self/maps").refusal, IsEmpty());
     EXPECT_FALSE(ReadBytes("/proc/self/maps").bytes.empty());
     EXPECT_THAT(RefusalOf("/proc/self/maps"), HasSubstr("is no report"));

@@ -173,7 +173,7 @@ TEST_F(SurveyProgram, ListsTheSurveysOfAFolder)
     EXPECT_EQ(RunSurvey({"list", folder_ / "nothing"}).status, 2);
 }
 
-TEST_F(SurveyProgram, TellsItsVersion)
+TEST_F(SurveyProgram, PrintsItsVersion)
 {
     const auto run = RunSurvey({"--version"});
     EXPECT_EQ(run.status, 0);

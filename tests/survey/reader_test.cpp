@@ -227,7 +227,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {}}),
     tests::RowName());
 
-TEST(ReadData, CountsOffsetsFromTheStartOfTheFileAlsoBehindAMark)
+TEST(ReadData, CountsOffsetsFromTheStartOfTheFileAlsoAfterAByteOrderMark)
 {
     auto report = DataReportOf(SmallSurveyRows());
     report[3 * 113 + 48] = 'x';
@@ -245,7 +245,7 @@ class BadReadingTest : public ::testing::TestWithParam<BadReading>
 {
 };
 
-TEST_P(BadReadingTest, IsLeftOutAndTold)
+TEST_P(BadReadingTest, IsLeftOutAndReported)
 {
     const auto row = RowRecord("000.5", {"+00001", GetParam().text, "+00003", "-00004"});
     const auto contents = Read(DataReportOf({row}));
@@ -273,7 +273,7 @@ TEST(ReadData, TakesReadingsThatASpreadsheetHasSaved)
                                                         std::nullopt, std::nullopt));
 }
 
-TEST(ReadData, TellsADepthThatComesAgainAndKeepsTheFirst)
+TEST(ReadData, ReportsADepthThatComesAgainAndKeepsTheFirst)
 {
     const auto rows = SmallSurveyRows();
     const auto again = RowRecord("001.0", {"+00007", "+00007", "+00007", "+00007"});
@@ -284,7 +284,7 @@ TEST(ReadData, TellsADepthThatComesAgainAndKeepsTheFirst)
                 ElementsAre("! 5 452 the depth 1.0 m comes again and is passed over"));
 }
 
-TEST(ReadData, TellsARowOutOfItsOrderAndSortsIt)
+TEST(ReadData, ReportsARowOutOfOrderAndSortsIt)
 {
     const auto rows = SmallSurveyRows();
     const auto contents = Read(DataReportOf({rows[0], rows[2], rows[1]}));
@@ -293,7 +293,7 @@ TEST(ReadData, TellsARowOutOfItsOrderAndSortsIt)
                 ElementsAre("! 4 339 the depth 0.5 m stands out of its order"));
 }
 
-TEST(ReadData, TellsARecordThatIsNoRow)
+TEST(ReadData, ReportsARecordThatIsNoRow)
 {
     auto rows = SmallSurveyRows();
     rows[1].replace(40, 5, "o01.0");
@@ -301,7 +301,7 @@ TEST(ReadData, TellsARecordThatIsNoRow)
                 ElementsAre("! 4 339 this record is no row: \"o01.0; +00100; -00100; +\""));
 }
 
-TEST(ReadData, TellsAMissingTitle)
+TEST(ReadData, ReportsAMissingTitle)
 {
     auto report = DataReportOf(SmallSurveyRows());
     report.resize(report.size() - 113);
@@ -311,7 +311,7 @@ TEST(ReadData, TellsAMissingTitle)
                 ElementsAre("! 6 565 the title is missing: the file may be cut short"));
 }
 
-TEST(ReadData, FindsItsFeetAgainBehindBytesThatWerePutIn)
+TEST(ReadData, RecoversAfterBytesThatWerePutIn)
 {
     auto report = DataReportOf(SmallSurveyRows());
     report.insert(3 * 113 + 10, "\n!!!");
@@ -333,7 +333,7 @@ TEST(Read, RefusesWhatIsNoReport)
                 ::testing::HasSubstr("two bytes"));
 }
 
-TEST(Read, TellsAHundredAnomaliesOfManyAtMost)
+TEST(Read, ReportsAHundredAnomaliesAtMost)
 {
     std::string text = "Depth;A1;B1;A3;B3;A2;B2;A4;B4\n";
     for (int i = 0; i < 1000; ++i)

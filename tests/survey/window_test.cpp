@@ -79,7 +79,7 @@ TEST_F(WindowTest, ShowsAWorkFileByItsName)
     EXPECT_EQ(Find<QTableView>("table").model()->rowCount(), 40);
 }
 
-TEST_F(WindowTest, TellsAFileThatIsNoReportInOneSentence)
+TEST_F(WindowTest, RefusesAFileThatIsNoReportInOneSentence)
 {
     tests::WriteFile(folder_ / "notes.txt", "hello");
     window_.OpenFile(folder_ / "notes.txt");
@@ -111,7 +111,7 @@ TEST_F(WindowTest, DrawsEachKindForBothChannels)
     EXPECT_NEAR(Plot().Page().a.curves[0].points.front().value, 9 * 24, 30);
 }
 
-TEST_F(WindowTest, HoldsAgainstTheBaseThatIsChosen)
+TEST_F(WindowTest, ComparesWithTheBaseThatIsChosen)
 {
     window_.OpenFolder(folder_.Path());
     Find<QTabBar>("kinds").setCurrentIndex(3);
@@ -123,7 +123,7 @@ TEST_F(WindowTest, HoldsAgainstTheBaseThatIsChosen)
     EXPECT_NEAR(Plot().Page().a.curves[0].points.front().value, 9 * 12, 30);
 }
 
-TEST_F(WindowTest, LaysReadingsOverEachOtherTheNewestStrongest)
+TEST_F(WindowTest, DrawsReadingsOverEachOtherTheNewestStrongest)
 {
     window_.OpenFolder(folder_.Path());
     Find<QTreeWidget>("tree").topLevelItem(0)->child(0)->child(0)->child(0)->setSelected(true);
@@ -135,7 +135,7 @@ TEST_F(WindowTest, LaysReadingsOverEachOtherTheNewestStrongest)
     EXPECT_EQ(curves[3].name, "A3, readout 02");
 }
 
-TEST_F(WindowTest, MarksThePointedDepthInTheTableAndTellsItsValues)
+TEST_F(WindowTest, MarksThePointedDepthInTheTableAndShowsItsValues)
 {
     window_.OpenFolder(folder_.Path());
     Plot().PointTo(0);

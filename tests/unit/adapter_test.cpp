@@ -72,7 +72,7 @@ TEST(Adapter, GathersAPageInPacketsOfItsTimer)
     EXPECT_EQ(page, kPage);
 }
 
-TEST(Adapter, HandsOverAFullPacketAtOnceAndStartsItsTimerAnew)
+TEST(Adapter, HandsOverAFullPacketAtOnceAndRestartsItsTimer)
 {
     AdapterLine line(16ms, Pace::Fast);
     line.adapter.Receive("}", 0s);

@@ -96,7 +96,7 @@ TEST(ApplyFaults, WritesDigitsInLowerCase)
     EXPECT_EQ(PageWith("lower@page1"), "43 4c 49 45 4e 54 31 31 00 00 00 00 00 00 00 00 \r\n");
 }
 
-TEST(ApplyFaults, ShiftsAnAnswerBehindAStrayCharacter)
+TEST(ApplyFaults, PutsAStrayCharacterBeforeTheAnswer)
 {
     EXPECT_EQ(PageWith("shifted@page1"), "?" + std::string(kPage));
     EXPECT_THAT(With("shifted@wake1", Moment::Woken, 1, "!"), ElementsAre(Reply{0us, "?!", false}));
@@ -192,7 +192,7 @@ TEST(ParseFault, RefusesEveryOtherText)
         EXPECT_THROW(ParseFault(text), std::invalid_argument) << text;
 }
 
-TEST(ParseFault, TellsWhichTextItRefusesAndWhy)
+TEST(ParseFault, NamesTheTextThatItRefusesAndSaysWhy)
 {
     try {
         ParseFault("deaf@wake1");

@@ -79,7 +79,7 @@ TEST(FrameReader, PassesOverGarbageBetweenWakeAndFrame)
     EXPECT_THAT(HeardFrom("}\r\nxA!H\r"), ElementsAre(kWake, Noise("\r\nxA!"), Frame("H")));
 }
 
-TEST(FrameReader, StartsAnewAtAWakeInTheMiddleOfAFrame)
+TEST(FrameReader, StartsAgainAtAWakeInTheMiddleOfAFrame)
 {
     EXPECT_THAT(HeardFrom("}a000}a00010\r"),
                 ElementsAre(kWake, Noise("a000"), kWake, Frame("a00010")));

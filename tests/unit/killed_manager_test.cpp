@@ -102,7 +102,7 @@ TEST(KilledManager, LeavesThePortForTheNextOne)
     EXPECT_EQ(ManagersPort(unit.Terminal()).Exchange("H\r", 14).size(), 14U);
 }
 
-TEST(KilledManager, IsToldFromOneThatStillHasThePort)
+TEST(KilledManager, IsDistinguishedFromOneThatStillHasThePort)
 {
     const RunningUnit unit({"--fast"});
     const ManagersPort port(unit.Terminal());

@@ -25,7 +25,7 @@ TEST(MarkedBytes, TakesADoubledMarkForTheByteItself)
                                                   "b"}));
 }
 
-TEST(MarkedBytes, TellsADamagedCharacterFromABreak)
+TEST(MarkedBytes, DistinguishesADamagedCharacterFromABreak)
 {
     EXPECT_THAT(MarkedBytes().Take(std::string("x\xFF\0A\xFF\0\0y", 8)),
                 ElementsAre(Received{Kind::Bytes, "x"}, Received{Kind::Damaged, "A"},

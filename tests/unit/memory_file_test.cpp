@@ -48,7 +48,7 @@ TEST_F(MemoryFile, GivesBackWhatWasSaved)
     EXPECT_EQ(LoadMemory(folder_ / "mem"), memory);
 }
 
-TEST_F(MemoryFile, IsReplacedWithNothingLeftBeside)
+TEST_F(MemoryFile, IsReplacedAndLeavesNoOtherFile)
 {
     Memory memory;
     SaveMemory(memory, folder_ / "mem");
@@ -68,7 +68,7 @@ TEST_F(MemoryFile, ThatIsAFolderFailsToLoad)
     EXPECT_THROW(LoadMemory(folder_), std::runtime_error);
 }
 
-TEST_F(MemoryFile, OfAnotherLengthFailsToLoadAndTellsWhy)
+TEST_F(MemoryFile, OfAnotherLengthFailsToLoadAndSaysWhy)
 {
     std::ofstream(folder_ / "mem") << "short";
     try {

@@ -33,7 +33,7 @@ TEST(Memory, ReadsAsZerosWhereNoneIs)
     EXPECT_EQ(memory.PageAt(0xFFFF8), across);
 }
 
-TEST(Memory, GivesAPageAcrossItsEndWithZerosBehind)
+TEST(Memory, FillsAPageAcrossItsEndWithZeros)
 {
     Memory memory;
     memory.Put(0x1DFF8, "ABCDEFGH");

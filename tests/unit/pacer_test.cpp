@@ -221,7 +221,7 @@ TEST(Pacer, HangsUpInMidPageAndIsDeadThen)
     EXPECT_EQ(pacer.Deliver(2s).bytes, "");
 }
 
-TEST(Pacer, TellsItsListenerOfAReplyWhenItHasLeft)
+TEST(Pacer, ReportsAReplyToItsListenerWhenItHasLeft)
 {
     Unit unit(BlankMemory());
     Pacer pacer(unit, Pace::Line);

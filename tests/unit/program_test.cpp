@@ -160,7 +160,7 @@ TEST_F(UnitProgram, RefusesALinkInPlaceOfAFileOrOfAnotherLink)
     EXPECT_EQ(fs::read_symlink(In("adapter")), In("file"));
 }
 
-TEST_F(UnitProgram, TellsItsVersionAndStartsNothing)
+TEST_F(UnitProgram, PrintsItsVersionAndStartsNothing)
 {
     RunningUnit unit({"--link", In("com1"), "--version"});
     EXPECT_EQ(unit.Terminal(), "tarvex-unit " TARVEX_VERSION);
@@ -208,7 +208,7 @@ TEST_F(UnitProgram, KeepsEachWriteAtOnce)
     EXPECT_EQ(LoadMemory(In("mem")).Text(0x000F0, 1), "5");
 }
 
-TEST_F(UnitProgram, FillsANewMemoryWithTheDemoAndABlockAsTold)
+TEST_F(UnitProgram, FillsANewMemoryWithTheDemoAndTheBlockAskedFor)
 {
     const RunningUnit unit({"--fast", "--demo", "--memory", In("mem"), "--fill",
                             "4:depth=1.5,client=ROSSI,seed=7", "--fill", "5:guides=4"});
@@ -242,7 +242,7 @@ TEST_F(UnitProgram, RefusesOptionsThatItDoesNotUnderstand)
     }
 }
 
-TEST_F(UnitProgram, TellsTheTimeItWasGiven)
+TEST_F(UnitProgram, StartsItsClockAtTheTimeGiven)
 {
     const RunningUnit unit({"--fast", "--clock", "140423101530", "--clock-stopped"});
     EXPECT_EQ(ManagersPort(unit.Terminal()).Exchange("H\r", 14), "140423101530\r\n");
@@ -300,7 +300,7 @@ TEST_F(UnitProgram, WritesTheConversationOneFrameALine)
     }
 }
 
-TEST_F(UnitProgram, WritesTheConversationToTheStandardOutputBehindTheTerminal)
+TEST_F(UnitProgram, WritesTheConversationToTheStandardOutputAfterTheTerminal)
 {
     RunningUnit unit({"--fast", "--log", "-"});
     EXPECT_THAT(unit.Terminal(), StartsWith("/dev/"));

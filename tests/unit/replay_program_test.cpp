@@ -61,7 +61,7 @@ TEST_F(ReplayProgram, RefusesARecordThatIsNone)
     }
 }
 
-TEST_F(ReplayProgram, RefusesAMemoryBesideARecord)
+TEST_F(ReplayProgram, RefusesAMemoryTogetherWithARecord)
 {
     RunningUnit unit({"--replay", In("clock.line"), "--demo"});
     EXPECT_EQ(unit.Terminal(), "");

@@ -26,7 +26,7 @@ public:
     /// The terminal's path, as printed; empty when the program ended without one.
     const std::string& Terminal() const { return terminal_; }
 
-    /// What the program prints until its end, behind the first line.
+    /// What the program prints until its end, after the first line.
     std::string RestOfOutput() const;
 
     void Signal(int number) const;

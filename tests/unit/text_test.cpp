@@ -49,7 +49,7 @@ TEST(Unescape, GivesBackAllBytesThatEscapeShows)
     EXPECT_EQ(Unescape("\\xff"), "\xFF");
 }
 
-TEST(Unescape, RefusesABackslashWithAnythingElseBehind)
+TEST(Unescape, RefusesABackslashFollowedByAnythingElse)
 {
     for (const auto* text : {"\\", "a\\", "\\t", "\\x", "\\x1", "\\xG0", "\\x1 ", "\\x-1"})
         EXPECT_THROW(Unescape(text), std::invalid_argument) << text;

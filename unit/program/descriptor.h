@@ -23,6 +23,7 @@ public:
 
     int Number() const { return number_; }
 
+    /// Closes the descriptor if it is open; no effect the second time.
     void Close()
     {
         if (number_ >= 0) ::close(number_);

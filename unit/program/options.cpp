@@ -20,7 +20,7 @@ constexpr const char* kFillHelp =
     "4:depth=25.5,step=1,guides=4,client=ROSSI. Names: client, site, tube, depth, step, guides, "
     "north, nlet, date, time, seed. Repeatable";
 
-/// Turns texts into values, with a refusal told as a mistake of the command line.
+/// Turns texts into values, and reports a refusal as a mistake of the command line.
 template <typename Value, typename Parse>
 void AddParsed(CLI::App& app, const std::string& name, const char* form, std::vector<Value>& values,
                Parse parse, const char* help)

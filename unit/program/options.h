@@ -27,12 +27,14 @@ struct Options {
 };
 
 /// The options of the command line, or the status to exit with: 0 after the help, another one after
-/// a mistake, which has been told on the standard error.
+/// a mistake, which has been reported on the standard error.
 struct CommandLine {
     Options options;
     std::optional<int> exitStatus;
 };
 
+/// Reads the arguments of `main`, the program's name first. Prints the help, the version or the
+/// mistake itself, and never throws for a mistake.
 CommandLine ReadCommandLine(int argc, const char* const* argv);
 
 } // namespace tarvex::unit

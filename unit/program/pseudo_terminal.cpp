@@ -49,7 +49,7 @@ void MakeRaw(const Descriptor& terminal)
     if (::tcsetattr(terminal.Number(), TCSANOW, &settings) != 0) throw Failure("terminal settings");
 }
 
-/// Tells of each closing of that path, whoever closes it and however it ends.
+/// Reports each closing of that path, whoever closes it and however it ends.
 Descriptor WatchClosings(const std::string& path)
 {
     Descriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));

@@ -12,16 +12,16 @@
 namespace tarvex::unit
 {
 
-/// One run of the program: a unit behind a pseudo terminal, from the first byte to the request to
-/// end.
+/// One run of the program: a unit at the far end of a pseudo terminal, from the first byte to the
+/// request to end.
 class Session
 {
 public:
-    /// Makes the unit as the options tell: the memory of the file if there is one, else a demo or a
+    /// Makes the unit as the options ask: the memory of the file if there is one, else a demo or a
     /// blank one, then the fills. Throws std::exception when a file cannot be used.
     explicit Session(const Options& options);
 
-    /// Tells the terminal's path on the standard output and serves the line until the end is
+    /// Prints the terminal's path on the standard output and serves the line until the end is
     /// requested or a fault hangs up. The memory is kept after each write frame and at the end.
     void Run();
 

@@ -20,11 +20,13 @@ struct Received {
     bool operator==(const Received&) const = default;
 };
 
-/// Takes the marks out of what a port delivers that was told to mark faults: FF FF is one byte FF,
+/// Takes the marks out of what a port delivers that was set to mark faults: FF FF is one byte FF,
 /// FF 00 and a byte is a damaged one, and FF 00 00 is a break. A mark may be cut anywhere.
 class MarkedBytes
 {
 public:
+    /// What the delivered `bytes` mean, in order, together with a mark that the call before had
+    /// only begun; a mark that is cut at their end waits for the next call.
     std::vector<Received> Take(std::string_view bytes);
 
 private:

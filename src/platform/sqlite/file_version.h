@@ -10,8 +10,8 @@ namespace tarvex::platform
 
 class SqliteConnection;
 
-/// Tells one state of a database's file from another: it changes with every commit of any program,
-/// and when another file is put in its place.
+/// Distinguishes one state of a database's file from another: it changes with every commit of any
+/// program, and when another file is put in its place.
 class FileVersion
 {
 public:

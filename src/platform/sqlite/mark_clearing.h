@@ -20,6 +20,7 @@ public:
     MarkClearing(const MarkClearing&) = delete;
     MarkClearing& operator=(const MarkClearing&) = delete;
 
+    /// Notes a row whose mark is Null; written with its neighbours, at the latest by Finish.
     void Add(sqlite3_int64 row);
 
     /// Writes what is waiting. A mark that is no longer Null stays as it is. Without success the

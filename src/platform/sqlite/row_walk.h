@@ -17,7 +17,7 @@ class RowWalk
 public:
     enum class Mark { Null, Empty, Set };
 
-    /// Stands nowhere until First.
+    /// Has no current row until First.
     RowWalk(const SqliteConnection& connection, const std::vector<Condition>& conditions);
 
     /// To the first row, if there is one.
@@ -27,6 +27,7 @@ public:
     /// walk that does not move would never end.
     void Next();
 
+    /// True past the last row, and always when no row meets the conditions.
     bool AtEnd() const;
 
     /// The number of the current row. It and all below fail past the last row.

@@ -18,17 +18,17 @@ namespace tarvex::platform
 namespace
 {
 
-// Offsets into a database's first page, and what stands there.
+// Offsets into a database's first page, and what is there.
 constexpr std::size_t kPageSize = 16;
 constexpr std::size_t kFormat = 18;
 constexpr char kKeptWithALog = 2;
 constexpr std::size_t kChangeCounter = 24;
 constexpr std::size_t kSchemaCookie = 40;
-constexpr std::size_t kBehindTheCounters = 100;
+constexpr std::size_t kDatabaseHeader = 100;
 constexpr std::size_t kPageHeader = 8; // at the start of every other page
 constexpr std::size_t kCellCount = 3;  // in it
 
-// Offsets into a journal's header, and what stands there.
+// Offsets into a journal's header, and what is there.
 constexpr std::string_view kJournalMark("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
 constexpr std::size_t kPagesBefore = 16;
 constexpr std::size_t kSectorSize = 20;
@@ -45,14 +45,14 @@ std::uint32_t Number(std::string_view bytes, std::size_t offset)
     return number;
 }
 
-/// The database as it stands, read through SQLite's own opening.
+/// The database as it is on the disk, read through SQLite's own opening.
 class DatabaseFile
 {
 public:
     explicit DatabaseFile(sqlite3_file* file) : file_(file)
     {
         file_->pMethods->xFileSize(file_, &size_);
-        header_ = Read(0, kBehindTheCounters);
+        header_ = Read(0, kDatabaseHeader);
         const std::uint32_t size = Number(header_, kPageSize) >> 16;
         pageSize_ = size == 1 ? kLargestPage : size;
     }
@@ -63,7 +63,7 @@ public:
     std::uint32_t ChangeCounter() const { return Number(header_, kChangeCounter); }
     std::string FirstPage() const { return Read(0, pageSize_); }
 
-    /// True when no page behind the first has anything in it.
+    /// True when no page after the first has anything in it.
     bool HoldsNoRow() const
     {
         for (sqlite3_int64 page = pageSize_; page < size_; page += pageSize_)

@@ -84,8 +84,8 @@ void SqliteConnection::RequireSqlite() const
     }
 }
 
-/// A log would stand beside the file from one operation to the next. A program that has the file
-/// open keeps it as it is: then it is worked with as well.
+/// A log would stay beside the file from one operation to the next. While another program has the
+/// file open, SQLite cannot leave that mode: then the log is used too.
 void SqliteConnection::KeepJournal()
 {
     waits_ = false;

@@ -25,17 +25,20 @@ using StoredValue = std::unique_ptr<sqlite3_value, FreeStoredValue>;
 class Statement
 {
 public:
+    /// Fails when `sql` is no statement that this database can run.
     Statement(const SqliteConnection& connection, const std::string& sql);
 
+    /// Binds a whole number.
     Statement& Bind(int place, sqlite3_int64 number);
 
     /// Text goes as Unicode, a whole number as an integer.
     Statement& Bind(int place, const Value& value);
 
+    /// Binds the value in the form in which it was stored.
     Statement& Bind(int place, const StoredValue& value);
 
     /// To the next row; false, and at the beginning again, when there is none. While a statement
-    /// stands on a row, it holds other programs off the file.
+    /// is on a row, other programs cannot write to the file.
     bool Step();
 
     /// Runs it to its end.
@@ -44,6 +47,7 @@ public:
     /// Lets go of the rows.
     void Reset();
 
+    /// A whole number of the current row; 0 for Null.
     sqlite3_int64 Number(int column) const;
 
     /// What the code page does not hold becomes "?".
@@ -52,6 +56,7 @@ public:
     /// The text in UTF-8, as long as the row is not left; empty for Null.
     std::string_view Text(int column) const;
 
+    /// A copy of the value, which outlives the row.
     StoredValue Stored(int column) const;
 
 private:

@@ -141,7 +141,7 @@ void SurveyTableModel::Load()
     TakeNumbers(version, std::move(numbers));
 }
 
-/// Rows are only ever added by this program: what the grid shows and where it stands then survives.
+/// This program only ever adds rows: then the grid keeps what it shows and its current cell.
 void SurveyTableModel::TakeNumbers(const FileVersion& version, std::vector<sqlite3_int64> numbers)
 {
     const std::size_t before = numbers_.size();

@@ -7,8 +7,8 @@
 namespace tarvex::unit
 {
 
-/// Tells when somebody opens a terminal: without it the end of a line that nobody holds open could
-/// only be asked again and again.
+/// Notices when somebody opens a terminal: without it the end of a line that nobody holds open
+/// could only be asked again and again.
 class OpeningWatch
 {
 public:

@@ -12,9 +12,9 @@
 namespace tarvex::unit
 {
 
-/// The adapter that the unit hangs on, for the length of a tap: opened for this program alone, raw,
-/// 9600 baud, two stop bits, told to mark damaged characters and breaks. Its settings are given
-/// back at the end.
+/// The adapter that the unit is connected to, for the length of a tap: opened for this program
+/// alone, raw, 9600 baud, two stop bits, set to mark damaged characters and breaks. Its settings
+/// are given back at the end.
 class SerialDevice
 {
 public:

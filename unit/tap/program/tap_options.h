@@ -20,6 +20,8 @@ struct TapCommandLine {
     std::optional<int> exitStatus;
 };
 
+/// Reads the arguments of `main`, the program's name first. Prints the help, the version or the
+/// mistake itself, and never throws for a mistake.
 TapCommandLine ReadTapCommandLine(int argc, const char* const* argv);
 
 } // namespace tarvex::unit
