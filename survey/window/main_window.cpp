@@ -139,7 +139,7 @@ void MainWindow::OpenFile(const fs::path& file)
     try {
         Load(file); // a refusal before the folder is changed
     } catch (const Refusal& refusal) {
-        return Tell(refusal.what());
+        return Report(refusal.what());
     }
     opened_ = file;
     const auto folder = file.parent_path();
@@ -154,7 +154,7 @@ void MainWindow::Relist()
         listed_ = ListFolder(folder_);
     } catch (const Refusal& refusal) {
         listed_.clear();
-        Tell(refusal.what());
+        Report(refusal.what());
     }
     AddOpened();
     FillTree();
@@ -238,7 +238,7 @@ void MainWindow::LoadChosen()
         try {
             chosen_.push_back(Load(path));
         } catch (const Refusal& refusal) {
-            Tell(refusal.what());
+            Report(refusal.what());
         }
 }
 
@@ -284,13 +284,13 @@ void MainWindow::ShowBase()
             base_ = Load(listed_[static_cast<std::size_t>(number.toInt())].path);
             const auto comparison = Compare(*base_, chosen_.back(), SumFrom::Bottom);
             if (!comparison.refusal.empty()) {
-                Tell("The base is of another tube: " + comparison.refusal);
+                Report("The base is of another tube: " + comparison.refusal);
                 base_.reset();
             } else if (!comparison.notes.empty()) {
-                Tell(comparison.notes.front());
+                Report(comparison.notes.front());
             }
         } catch (const Refusal& refusal) {
-            Tell(refusal.what());
+            Report(refusal.what());
         }
     ShowPlots();
 }
@@ -318,7 +318,7 @@ void MainWindow::PointToDepth(double tenths)
     statusBar()->showMessage(values.join(QStringLiteral("   ")));
 }
 
-void MainWindow::Tell(const std::string& sentence)
+void MainWindow::Report(const std::string& sentence)
 {
     statusBar()->showMessage(Text(sentence));
 }

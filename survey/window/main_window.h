@@ -58,7 +58,7 @@ private:
     void AskForFile();
     void Export();
     void Print();
-    void Tell(const std::string& sentence);
+    void Report(const std::string& sentence);
     std::vector<std::filesystem::path> ChosenPaths() const;
 
     std::filesystem::path folder_;

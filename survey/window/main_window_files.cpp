@@ -80,7 +80,7 @@ void MainWindow::AskForFile()
 
 void MainWindow::Export()
 {
-    if (chosen_.empty()) return Tell("No survey is chosen");
+    if (chosen_.empty()) return Report("No survey is chosen");
     const auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"), {},
                                                    QString::fromLatin1(kExports));
     if (path.isEmpty()) return;
@@ -95,22 +95,22 @@ void MainWindow::Export()
     try {
         WriteAs({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, remark},
                 path.toStdString());
-        Tell("Written: " + path.toStdString());
+        Report("Written: " + path.toStdString());
     } catch (const Refusal& refusal) {
-        Tell(refusal.what());
+        Report(refusal.what());
     }
 }
 
 void MainWindow::Print()
 {
-    if (chosen_.empty()) return Tell("No survey is chosen");
+    if (chosen_.empty()) return Report("No survey is chosen");
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
     try {
         PrintSheet({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, {}}, printer);
     } catch (const std::runtime_error& failure) {
-        Tell(failure.what());
+        Report(failure.what());
     }
 }
 

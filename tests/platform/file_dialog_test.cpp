@@ -24,7 +24,7 @@ namespace
 
 using ::testing::UnorderedElementsAre;
 
-/// Each test plans what the operator does when the dialog stands.
+/// Each test plans what the operator does when the dialog is open.
 class FileDialogs : public ::testing::Test
 {
 protected:
@@ -40,7 +40,7 @@ protected:
     {
         QTimer::singleShot(0, qApp, [this, act] {
             auto* const shown = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(shown, nullptr) << "no dialog stands";
+            ASSERT_NE(shown, nullptr) << "no dialog is open";
             ++seen;
             act(*shown);
         });

@@ -17,7 +17,7 @@ class ScriptedBoxes : public MessageBoxes
 public:
     ~ScriptedBoxes() override;
 
-    /// Plans a critical box; `whileShown` runs while it stands.
+    /// Plans a critical box; `whileShown` runs while it is open.
     void Expect(std::string text, std::function<void()> whileShown = {});
     void ExpectTitled(std::string title, std::string text);
 

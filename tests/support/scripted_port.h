@@ -16,7 +16,7 @@ class ScriptedPort : public SerialPort
 {
 public:
     /// Every successful operation but the counting: "port 1", "open", "close", and each output and
-    /// input with its bytes behind "> " and "< ".
+    /// input with its bytes after "> " and "< ".
     std::vector<std::string> history;
 
     /// The outputs alone, one an entry.

@@ -14,7 +14,7 @@ namespace tarvex::tests
 {
 
 /// The unit at the far end of a ScriptedPort, as plain as the manager needs it: it answers wakes
-/// and read frames from a table of pages, and is told where to behave otherwise.
+/// and read frames from a table of pages, and takes orders where to behave otherwise.
 class ScriptedUnit
 {
 public:

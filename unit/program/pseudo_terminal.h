@@ -25,7 +25,7 @@ public:
     /// The descriptor to wait on for bytes.
     int Number() const { return master_.Number(); }
 
-    /// The descriptor to wait on for the manager's closing its end; -1 when the system tells of
+    /// The descriptor to wait on for the manager's closing its end; -1 when the system reports
     /// none.
     int Closings() const { return closings_.Number(); }
 
