@@ -19,6 +19,7 @@ namespace tarvex::platform
 class QtFileDialog : public FileDialog
 {
 public:
+    /// `end` must outlive the dialogs.
     explicit QtFileDialog(const ProgramEnd& end);
 
     void ShowOpen(std::string_view title) override;

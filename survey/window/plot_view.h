@@ -16,6 +16,7 @@ namespace tarvex::survey
 class PlotView : public QCustomPlot
 {
 public:
+    /// An empty plot, which shows the depth under the pointer as it moves.
     explicit PlotView(QWidget* parent = nullptr);
 
     /// Called with the depth that is pointed to, in tenths of a metre.

@@ -90,7 +90,7 @@ private:
 std::string FirstPageBefore(std::ifstream& journal, std::string_view header)
 {
     const std::uint32_t pageSize = Number(header, kJournalPageSize);
-    if (pageSize < kBehindTheCounters || pageSize > kLargestPage) return {};
+    if (pageSize < kDatabaseHeader || pageSize > kLargestPage) return {};
     std::string bytes(4 + pageSize, '\0');
     journal.clear();
     for (std::streamoff place = Number(header, kSectorSize);; place += 4 + pageSize + 4) {
@@ -107,7 +107,7 @@ bool IsAStepFrom(const std::string& before, const std::string& now)
     if (before == now) return true;
     if (Number(now, kChangeCounter) != Number(before, kChangeCounter) + 1) return false;
     return Number(now, kSchemaCookie) > Number(before, kSchemaCookie) ||
-           before.substr(kBehindTheCounters) == now.substr(kBehindTheCounters);
+           before.substr(kDatabaseHeader) == now.substr(kDatabaseHeader);
 }
 
 bool JournalBelongs(const DatabaseFile& database, const char* journalName)
