@@ -8,8 +8,8 @@ namespace tarvex::code_page
 {
 
 /// The program's text is Windows-1252, one byte a character; all 256 values survive the way to
-/// Unicode and back (the five codes without a character stand for the control characters of the
-/// same number).
+/// Unicode and back (the five codes without a character become the control characters of the same
+/// number).
 
 /// The Unicode character of one byte.
 char32_t ToUnicode(char byte);

@@ -21,6 +21,7 @@ struct WaitIndicator {
     Control label{false, true};
     Control ground{false, true};
 
+    /// Show and hide the text and its ground together.
     void Show();
     void Hide();
 };

@@ -36,6 +36,8 @@ public:
     Control() = default;
     Control(bool visible, bool enabled) : visible_(visible), enabled_(enabled) {}
 
+    // The two states do not affect each other; each change calls the watcher.
+    /// What commands have made of the control; both are true unless it was built otherwise.
     bool Visible() const { return visible_; }
     bool Enabled() const { return enabled_; }
     void Show() { SetVisible(true); }
@@ -58,13 +60,19 @@ class TextBox : public Control
 public:
     static constexpr std::size_t kAnyLength = std::string::npos;
 
+    /// Visible and enabled, with `initial` as its text. `maximumLength` is in bytes.
     explicit TextBox(std::size_t maximumLength = kAnyLength, std::string_view initial = {});
+
+    /// Enabled, but not visible until a command shows it.
     static TextBox Hidden(std::size_t maximumLength = kAnyLength);
 
     /// Neither visible nor enabled: its text is carried out of the operator's reach.
     static TextBox OutOfReach(std::size_t maximumLength);
 
+    /// In single bytes of the program's code page.
     const std::string& Text() const { return text_; }
+
+    /// Cuts the text to the maximum length and calls the watcher.
     void SetText(std::string_view text);
     std::size_t MaximumLength() const { return maximumLength_; }
 
@@ -82,6 +90,7 @@ public:
 
     /// The selected button's index, or -1.
     int Selected() const { return selected_; }
+    /// Selects the button of that index, calls the watcher, and then runs what OnClick has set.
     void Select(int index);
 
 private:
@@ -94,6 +103,7 @@ class Picture : public Control
 {
 public:
     Picture() : Control(false, true) {}
+    /// Has the drawing cleared by whoever shows it.
     void Clear() { Changed(); }
 };
 

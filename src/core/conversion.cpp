@@ -31,7 +31,7 @@ std::string_view LeadingDecimal(std::string_view text)
     return text.substr(0, end);
 }
 
-/// `value` with `decimals` digits behind the point. The buffer holds every double.
+/// `value` with `decimals` digits after the point. The buffer holds every double.
 std::string FixedDecimal(double value, int decimals)
 {
     std::array<char, 400> buffer{};

@@ -17,13 +17,13 @@ std::string TwoDigits(double value);
 /// Pattern "00000": as TwoDigits, with at least five digits.
 std::string FiveDigits(double value);
 
-/// Pattern "000.0": rounded half away from zero to one decimal behind a point.
+/// Pattern "000.0": rounded half away from zero to one decimal after a point.
 std::string OneDecimal(double value);
 
 /// The shortest decimal form, without padding and without an exponent.
 std::string PlainNumber(double value);
 
-/// The character whose code stands at the start of `digits` as two of 0-9, A-F, a-f.
+/// The character whose code is at the start of `digits` as two of 0-9, A-F, a-f.
 /// Fails when one of the two is anything else, or missing.
 char HexPair(std::string_view digits);
 

@@ -23,7 +23,9 @@ struct FixedText {
         return *this;
     }
 
+    /// All `Width` bytes, filling included; the view is good as long as the field is not changed.
     std::string_view View() const { return {bytes.data(), Width}; }
+    /// A copy of all `Width` bytes.
     std::string Text() const { return std::string(View()); }
 
     friend bool operator==(const FixedText&, const FixedText&) = default;

@@ -34,13 +34,13 @@ void Handlers::Run(const std::function<void()>& handler)
     try {
         RunShowingFailure(handler);
     } catch (const ProgramEnded&) {
-        // Whoever runs above is ended by its own next pass of the pump.
+        // A handler that this one runs inside is ended by its own next pass of the pump.
     }
 }
 
-/// The box as well raises ProgramEnded, when the program ends while it stands. An exception of the
-/// standard library is a failure like any other: it must not get as far as the toolkit, which would
-/// end the program without a word.
+/// The box itself raises ProgramEnded when the program ends while the box is open. An exception of
+/// the standard library is a failure like any other: it must not reach the toolkit, which would end
+/// the program without a word.
 void Handlers::RunShowingFailure(const std::function<void()>& handler)
 {
     try {

@@ -27,6 +27,7 @@ public:
     /// The working header to the record of that number.
     void Put(double recordNumber);
 
+    /// Closes the file; no failure when it is not open.
     void Close();
 
 private:

@@ -11,8 +11,8 @@ namespace tarvex
 {
 
 /// A file of fixed-length records, numbered from 1, without header, separator or length word.
-/// Every operation raises RunTimeFailure when it cannot be done; its text gives the reason, the step
-/// and the file.
+/// Every operation raises RunTimeFailure when it cannot be done; its text gives the reason, the
+/// step and the file.
 class RecordFile
 {
 public:
@@ -36,7 +36,7 @@ public:
         PutBytes(number, std::as_bytes(std::span(&record, 1)));
     }
 
-    /// Reads one record: the bytes that stand there, then blanks. Where the file ends before it or
+    /// Reads one record: the bytes that are there, then blanks. Where the file ends before it or
     /// in it, the end-of-file flag is set, which is no failure. Fails when not open and when
     /// `number` is no whole number from 1; `record` then stays.
     template <class Record>

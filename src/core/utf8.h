@@ -6,7 +6,7 @@
 namespace tarvex::utf8
 {
 
-/// What stands for bytes that make no character.
+/// Replaces bytes that make no character.
 inline constexpr char32_t kInvalid = 0xFFFD;
 
 /// Takes one character off the front of `text`, which is not empty. Malformed bytes, surrogates and

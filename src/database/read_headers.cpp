@@ -108,7 +108,7 @@ void ReadHeaders(SurveyDatabase& survey, WorkingState& state, MessageBoxes& mess
         noMatch = false;
         survey.surveyTable.SetFilter(TubeCriterion(state.blockHeader));
         survey.OpenMatch();
-        survey.surveyMatch.MoveFirst(); // its failure, and nothing else, tells an unknown tube
+        survey.surveyMatch.MoveFirst(); // its failure alone shows that the tube is unknown
         if (noMatch) {
             AddTube(survey.surveyMatch, state.blockHeader);
         } else {

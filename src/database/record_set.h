@@ -10,7 +10,7 @@ namespace tarvex
 {
 
 /// A handle over survey rows in the order in which they were added. A handle that has just been
-/// opened stands on its first row, or behind the end when it has none. The mark of a
+/// opened is on its first row, or past the end when it has none. The mark of a
 /// row is the one that it has when it becomes the current row. Every operation raises
 /// RunTimeFailure when it cannot be done, also when another program has held the file for a second;
 /// after Close none can.
@@ -19,7 +19,7 @@ class RecordSet
 public:
     virtual ~RecordSet() = default;
 
-    /// `filter`: a criterion as criterion.h tells, which takes effect on the next OpenRecordset. An
+    /// `filter`: a criterion as in criterion.h, which takes effect on the next OpenRecordset. An
     /// empty one lets every row pass.
     virtual void SetFilter(std::string_view criterion) = 0;
 
@@ -37,8 +37,8 @@ public:
     /// Fails when the position is past the last row already. A move drops the edit buffer.
     virtual void MoveNext() = 0;
 
-    /// Starts a new row in the edit buffer, with Null in every field. Where the handle stands does
-    /// not change, by Update neither.
+    /// Starts a new row in the edit buffer, with Null in every field. The handle stays on its row,
+    /// also after Update.
     virtual void AddNew() = 0;
 
     /// Starts editing the current row in the edit buffer. Fails without a current row.

@@ -16,8 +16,10 @@ namespace tarvex
 class SurveyHandle
 {
 public:
+    /// Replaces the handle before; a null one leaves nothing assigned.
     void Assign(std::unique_ptr<RecordSet> records) { records_ = std::move(records); }
 
+    /// The steps of RecordSet of the same names. Under SkipOnError a failure is passed over.
     void SetFilter(std::string_view criterion);
     void MoveFirst();
     void MoveNext();
@@ -25,15 +27,15 @@ public:
     void Edit();
     void Update();
     void SetField(std::string_view name, const Value& value);
-
     void LetOthersWrite();
 
     /// False when it fails.
     bool KeepOthersFromWriting();
 
-    /// The handle is spent, and must be opened anew for the next operation.
+    /// The handle is spent, and must be opened again for the next operation.
     void Close();
 
+    /// A new handle over the rows that meet the filter. Raises its failure, as the two below do.
     std::unique_ptr<RecordSet> OpenRecordset() { return Opened().OpenRecordset(); }
 
     /// These two raise their failure: it is the step or the test around them that fails.
@@ -48,6 +50,7 @@ private:
 
 /// The survey database as the program holds it for the length of its run.
 struct SurveyDatabase {
+    /// The engine must outlive it. Nothing is opened yet.
     explicit SurveyDatabase(SurveyEngine& surveyEngine) : engine(surveyEngine) {}
 
     /// Opens `surveyTable` over the whole table; when that fails it is left unset, and every step

@@ -33,7 +33,7 @@ inline constexpr std::string_view kMarkField = "b";
 /// The name of slot `slot`, 0 to 25.
 std::string_view SlotName(int slot);
 
-/// Where `name` stands in kSurveyFields, without regard to the case of A to Z. Fails when it is no
+/// The index of `name` in kSurveyFields, without regard to the case of A to Z. Fails when it is no
 /// field.
 std::size_t FieldIndex(std::string_view name);
 

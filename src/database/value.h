@@ -27,6 +27,7 @@ public:
     {
     }
 
+    /// True when it is neither a number nor a text.
     bool IsNull() const { return std::holds_alternative<std::monostate>(content_); }
 
     /// The number, or nullptr when it is a text or Null.

@@ -30,7 +30,7 @@ public:
     RowTransfer(SurveyHandle& row, BlockHeader& header) : row_(row), header_(header) {}
 
     /// Client, site and tube reach the header whatever becomes of the checks. Null fits no field of
-    /// fixed width: it leaves the field as it stood.
+    /// fixed width: it leaves the field as it was.
     void TakeTube()
     {
         Attempt([&] { header_.cliente = TextOf(TubeText("cliente", 8)); });
@@ -101,8 +101,8 @@ private:
         Attempt([&] { header_.nord = TextOf(row_.Fields("nord")); });
         const auto inCircle = [&] { return NumericValue(row_.Fields("nord")) <= kFullCircle; };
         if (!Holds(inCircle)) return kInvalidNorth;
-        // Once more, in case that the first one failed. The first is needed as well: a north that
-        // is refused here has reached the header.
+        // Again, in case the first one failed. The first is needed too: a north that is refused
+        // here has reached the header.
         Attempt([&] { header_.nord = TextOf(row_.Fields("nord")); });
         return {};
     }

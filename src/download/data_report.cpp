@@ -9,7 +9,7 @@ namespace tarvex
 namespace
 {
 
-/// What stands in the report for a record past the end of the work file: the file's own blank
+/// What the report has for a record past the end of the work file: the file's own blank
 /// record.
 DataRecord BlankRecord()
 {

@@ -7,7 +7,7 @@
 namespace tarvex
 {
 
-/// Makes the data report out of the work file: its records in reverse order behind two records
+/// Makes the data report out of the work file: its records in reverse order after two records
 /// without data, so that the title comes last. A work file of N + 2 records gives N + 4.
 ///
 /// When the work file cannot be opened this never returns: only the end of the program ends it.

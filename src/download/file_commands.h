@@ -8,13 +8,13 @@ namespace tarvex
 {
 
 /// Takes the header file from the open dialog, which starts in `initialFolder`, and shows its
-/// record 1. Whatever bytes stand there are shown. An empty name is no choice.
+/// record 1. Whatever bytes are there are shown. An empty name is no choice.
 void ChooseHeaderFile(ControlPanel& panel, WorkingState& state, FileDialog& dialog,
                       const std::filesystem::path& initialFolder);
 
 /// Writes thirty records, all of the client "CLIENT0 ", into the file that the save dialog names,
-/// and disables what needs a header file until one is chosen. A longer file keeps what stands
-/// behind record 30. A failing step ends the program.
+/// and disables what needs a header file until one is chosen. A longer file keeps what
+/// follows record 30. A failing step ends the program.
 void CreateDefaultHeaderFile(ControlPanel& panel, WorkingState& state, FileDialog& dialog);
 
 /// Shows the save dialog, takes nothing from it, and enables the download.

@@ -7,7 +7,7 @@ namespace tarvex
 {
 
 /// Turns a reading into its sign and its magnitude in at least five digits. `digits` are the word's
-/// four hexadecimal digits in capitals, the most significant first; what stands behind them is
+/// four hexadecimal digits in capitals, the most significant first; what follows them is
 /// ignored. Bit 15 set means positive, the other bits are the magnitude, and both zeros are kept
 /// apart.
 ///

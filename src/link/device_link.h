@@ -23,10 +23,13 @@ void CountTick(WorkingState& state);
 class DeviceLink
 {
 public:
+    /// Uses the parts of `line`, which must outlive it. Touches nothing yet.
     explicit DeviceLink(const Line& line);
 
     /// Opens the port that `comPortNumber` names. A port still open stays the one it is.
     void OpenPort();
+
+    /// Closes the port; a step that fails when it is not open.
     void ClosePort();
 
     /// "}" and a wait for its answer of at most 6 ticks. False when the ticks ran out, even if a

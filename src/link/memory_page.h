@@ -12,7 +12,7 @@ namespace tarvex
 /// separator, and two characters more.
 inline constexpr int kPageReplyLength = 50;
 
-/// The position (from 1) in a reply at which byte `index` (from 0) of the page stands.
+/// The position (from 1) in a reply at which byte `index` (from 0) of the page begins.
 constexpr std::size_t PositionOfByte(int index)
 {
     return 1 + 3 * static_cast<std::size_t>(index);

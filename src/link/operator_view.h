@@ -12,6 +12,7 @@ namespace tarvex
 class OperatorView
 {
 public:
+    /// Uses the parts of `line`, which must outlive it. Shows nothing yet.
     explicit OperatorView(const Line& line);
 
     /// Shows the wait indicator, and lets it be seen.

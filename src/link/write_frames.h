@@ -9,7 +9,7 @@ namespace tarvex
 {
 
 // The frames that change the unit's memory. The unit answers none of them, and nothing is read
-// back: the only sign of it is the "!" of the wake before. Text goes out as it stands in the boxes,
+// back: the only sign of it is the "!" of the wake before. Text goes out as it is in the boxes,
 // whose maximum lengths make the widths on the line.
 
 /// The header to the block with that index: "C", the block's base address, the 44 characters of the

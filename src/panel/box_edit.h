@@ -17,18 +17,20 @@ namespace tarvex::panel
 class BoxEdit final : public QLineEdit
 {
 public:
+    /// Shows the box's text from now on. The box must outlive it, or Detach be called before.
     BoxEdit(TextBox& box, QWidget* parent);
     ~BoxEdit() override;
 
     /// Run once when the focus has gone to another control of this window: not when a message box,
     /// another window or a menu takes it over.
     void OnLeave(std::function<void(Qt::FocusReason)> leave) { leave_ = std::move(leave); }
+    /// Run at each double click of the left button, after the toolkit's own answer to it.
     void OnDoubleClick(std::function<void()> act) { doubleClick_ = std::move(act); }
 
     /// Leaves the box now if its window, while it was not active, has passed the focus on.
     void CatchUp(Qt::FocusReason reason);
 
-    /// Ends the bond with the box, and drops what is run.
+    /// Parts from the box: neither follows the other from now on, and nothing more is run.
     void Detach();
 
     /// As wide as the longest text that the box takes.

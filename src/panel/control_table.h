@@ -13,7 +13,7 @@ namespace tarvex::panel
 enum class ControlKind {
     Heading,
     Label,
-    Hint, ///< a label behind a box that says what may stand in it
+    Hint, ///< a label after a box that says what it may hold
     TextBox,
     Button,
     Option,
@@ -34,7 +34,7 @@ using ModelOf = std::variant<std::monostate, Control ControlPanel::*, TextBox Co
 struct ControlRow {
     std::string_view name; ///< the widget's object name
     ControlKind kind;
-    std::string_view parent; ///< the form or the frame that it stands on; empty for the form itself
+    std::string_view parent;    ///< the form or the frame that it is on; empty for the form itself
     std::string_view caption{}; ///< literal, blanks included; "&" would mark a mnemonic
     std::string_view toolTip{};
     std::string_view

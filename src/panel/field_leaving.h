@@ -15,7 +15,7 @@ namespace tarvex::panel
 class BoxEdit;
 
 /// Runs the rules of one window's fields, each once when its field is left for another control of
-/// the window. A window that is not active moves its focus without telling the field, and some
+/// the window. A window that is not active moves its focus without the field noticing, and some
 /// desktops activate a window only after the press that was meant to: so it is looked after at each
 /// press and key, and must be asked before a command reads the boxes.
 class FieldLeaving final : public QObject

@@ -3,8 +3,8 @@
 namespace tarvex
 {
 
-/// The windows beside the main one, as its commands reach them. Every call returns at once; a form
-/// that is open already is raised.
+/// The windows other than the main one, as its commands reach them. Every call returns at once; a
+/// form that is open already is raised.
 class Forms
 {
 public:

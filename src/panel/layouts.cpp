@@ -69,8 +69,8 @@ public:
         Below(controls);
     }
 
-    /// Behind the fields of the row just made.
-    void Behind(Names names)
+    /// After the fields of the row just made.
+    void After(Names names)
     {
         auto* beside = Beside(window_, names);
         beside->addStretch();
@@ -107,7 +107,7 @@ void LayOutHeader(QWidget& window)
     FieldGrid grid(window, "Frame1");
     grid.Heading("HeadingFrame1");
     grid.Field("LabelText2", {"Text2"});
-    grid.Behind({"sscommand9", "sscommand10", "sscommand11"});
+    grid.After({"sscommand9", "sscommand10", "sscommand11"});
     grid.Field("LabelText3", {"Text3"});
     grid.Field("LabelText4", {"Text4"});
     grid.Field("LabelText5", {"Text5"});
@@ -154,7 +154,7 @@ void LayOutGainZero(QWidget& window)
     grid.Fill();
 }
 
-/// One row of the clock: its caption, and three boxes behind their labels.
+/// One row of the clock: its caption, and three boxes after their labels.
 void LayOutClockRow(QWidget& window, QGridLayout& grid, int row, Names names)
 {
     int column = 0;

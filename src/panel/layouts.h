@@ -9,7 +9,7 @@ namespace tarvex::panel
 /// frames, and the wait indicator below. The window keeps its size whatever is shown.
 void LayOut(QWidget& window);
 
-/// Lays out the made controls of one frame of the third tab, on whatever window they stand.
+/// Lays out the made controls of one frame of the third tab, on whatever window they are.
 void LayOutParameters(QWidget& window);
 void LayOutPorts(QWidget& window);
 void LayOutClock(QWidget& window);

@@ -12,7 +12,7 @@ namespace tarvex::panel
 /// arm's length, and a strong contrast between text and ground, in the desktop's own style.
 void ApplyLook(QWidget& window);
 
-/// Makes a label the heading of what stands below it.
+/// Makes a label the heading of what is below it.
 void MakeHeading(QLabel& label);
 
 /// Gives a box that takes no typing the ground of its window.

@@ -24,7 +24,7 @@
 namespace tarvex::panel
 {
 
-/// What hangs on the controls: every event goes through the one door for handlers.
+/// What the controls run: every event goes through the one door for handlers.
 class MainWindow::Parts
 {
 public:

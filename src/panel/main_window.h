@@ -17,8 +17,8 @@ namespace tarvex::panel
 class MainWindow final : public QWidget
 {
 public:
-    /// Builds the form on the model as it stands, and hangs the port choice on the option group: so
-    /// make it before LoadMainForm runs. Everything passed in outlives the form.
+    /// Builds the form on the model as it is, and runs the port choice when the option group is
+    /// clicked: so make it before LoadMainForm runs. Everything passed in outlives the form.
     MainWindow(const CommandContext& context, PortNames& portNames, Handlers& handlers,
                ProgramEnd& end);
     ~MainWindow() override;

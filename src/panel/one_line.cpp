@@ -18,10 +18,11 @@ bool IsLineEnd(QChar character)
            code == u'\u2029';
 }
 
-/// Where a text differs from the one before it, when `behind` characters at its end are the same.
-qsizetype FirstDifference(const QString& text, const QString& before, qsizetype behind)
+/// Where a text differs from the one before it, when `unchanged` characters at its end are the
+/// same.
+qsizetype FirstDifference(const QString& text, const QString& before, qsizetype unchanged)
 {
-    const qsizetype compared = std::min(text.size(), before.size()) - behind;
+    const qsizetype compared = std::min(text.size(), before.size()) - unchanged;
     qsizetype at = 0;
     while (at < compared && text[at] == before[at])
         ++at;
@@ -40,8 +41,8 @@ QValidator::State OneLineValidator::validate(QString& input, int& position) cons
 {
     const bool setByTheProgram = !edit_.isUndoAvailable();
     if (setByTheProgram) return Acceptable;
-    const auto behind = input.size() - position;
-    const auto begin = input.begin() + FirstDifference(input, before_, behind);
+    const auto unchanged = input.size() - position;
+    const auto begin = input.begin() + FirstDifference(input, before_, unchanged);
     const auto end = std::max(begin, input.begin() + position);
     const auto lineEnd = std::find_if(begin, end, IsLineEnd);
     position -= static_cast<int>(end - lineEnd);

@@ -9,11 +9,12 @@
 namespace tarvex::panel
 {
 
-/// The four option buttons of the serial port: they show what the group has selected, and tell in
-/// their tool tips, asked for afresh each time, which device each number means at that moment.
+/// The four option buttons of the serial port: they show what the group has selected, and say in
+/// their tool tips, asked for again each time, which device each number means at that moment.
 class PortOptions final : public QObject
 {
 public:
+    /// Makes the buttons of `window` those of `group`. All three must outlive it.
     PortOptions(QWidget& window, OptionGroup& group, PortNames& names);
     ~PortOptions() override;
 

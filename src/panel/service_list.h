@@ -9,11 +9,12 @@
 namespace tarvex::panel
 {
 
-/// The service list: what lies behind the hidden buttons, and the dialogs that no button opens, for
+/// The service list: the commands of the hidden buttons, and the dialogs that no button opens, for
 /// those who know its key. A command that is not built is listed and disabled.
 class ServiceList final : public QMenu
 {
 public:
+    /// Calls `run` with the command that is chosen.
     ServiceList(QWidget* parent, const std::function<void(Command)>& run);
 
     /// In the middle of its window, ready for the keyboard.

@@ -10,6 +10,7 @@ namespace tarvex::panel
 class WaitGround final : public QWidget
 {
 public:
+    /// Shown or hidden, it takes the room that its layout gives it.
     explicit WaitGround(QWidget* parent);
 
     /// The colour of a text upon it.

@@ -26,14 +26,24 @@ Program::Program(const std::filesystem::path& startFolder,
                  const std::filesystem::path& programFolder)
     : startFolder_(startFolder),
       finder_(startFolder),
-      sideForms_({state_, panel_, handlers_, boxes_, startFolder},
-                 {panel_, {port_, pump_, timer_, boxes_, state_, nullptr}, handlers_, portNames_},
+      sideForms_({.state = state_,
+                  .panel = panel_,
+                  .handlers = handlers_,
+                  .boxes = boxes_,
+                  .startFolder = startFolder},
+                 {.panel = panel_,
+                  .line = LineWith(nullptr),
+                  .handlers = handlers_,
+                  .portNames = portNames_},
                  shell_, programFolder),
-      databaseForms_(
-          {panel_, state_, survey_, pump_, boxes_, handlers_, SystemCurrentDirectory, [this] {
-               return std::make_unique<platform::SurveyTableModel>(
-                   [this] { return survey_.databasePath; });
-           }})
+      databaseForms_({.panel = panel_,
+                      .state = state_,
+                      .survey = survey_,
+                      .events = pump_,
+                      .boxes = boxes_,
+                      .handlers = handlers_,
+                      .currentDirectory = SystemCurrentDirectory,
+                      .openRows = [this] { return OpenRows(); }})
 {
     sideForms_.Dress(panel::ApplyLook);
     sideForms_.OpenDatabasePanelBy([this] { databaseForms_.ShowPanel(); });
@@ -43,6 +53,21 @@ Program::Program(const std::filesystem::path& startFolder,
     CatchWhatEventsRaise([this](const std::string& reason) {
         handlers_.Run([&] { throw RunTimeFailure(reason); });
     });
+}
+
+Line Program::LineWith(WaitIndicator* indicator)
+{
+    return {.port = port_,
+            .pump = pump_,
+            .timer = timer_,
+            .messages = boxes_,
+            .state = state_,
+            .indicator = indicator};
+}
+
+std::unique_ptr<QAbstractItemModel> Program::OpenRows() const
+{
+    return std::make_unique<platform::SurveyTableModel>([this] { return survey_.databasePath; });
 }
 
 Program::~Program()
@@ -57,12 +82,11 @@ void Program::Start()
 
 void Program::ShowMainForm()
 {
-    const panel::CommandContext context{
-        panel_,
-        {port_, pump_, timer_, boxes_, state_, &panel_.waitIndicator},
-        sideForms_,
-        fileDialog_,
-        startFolder_ / "dati"};
+    const panel::CommandContext context{.panel = panel_,
+                                        .line = LineWith(&panel_.waitIndicator),
+                                        .forms = sideForms_,
+                                        .fileDialog = fileDialog_,
+                                        .headerFolder = startFolder_ / "dati"};
     QGuiApplication::setWindowIcon(panel::ProgramIcon()); // now, for the splash needs none
     mainForm_ = std::make_unique<panel::MainWindow>(context, portNames_, handlers_, end_);
     sideForms_.StandAbove(mainForm_.get());

@@ -47,6 +47,9 @@ public:
     WorkingState& State() { return state_; }
 
 private:
+    Line LineWith(WaitIndicator* indicator);
+    std::unique_ptr<QAbstractItemModel> OpenRows() const;
+
     std::filesystem::path startFolder_;
     ProgramEnd end_;
     WorkingState state_;

@@ -12,7 +12,7 @@ namespace tarvex
 /// The wait for the reply has no limit.
 void ReadClock(ClockBoxes* shown, DeviceLink& link, OperatorView& view);
 
-/// Sets the unit's clock after a question: "G" and the six fields as they stand in their boxes,
+/// Sets the unit's clock after a question: "G" and the six fields as they are in their boxes,
 /// year first, unpadded and unchecked. Without a day or without hours nothing is done.
 void WriteClock(const ClockBoxes& boxes, DeviceLink& link, OperatorView& view);
 

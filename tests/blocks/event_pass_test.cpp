@@ -20,7 +20,7 @@ protected:
         panel.blockNumber.SetText("07");
     }
 
-    /// Runs `event` in the first pass behind those that are over at `moment`.
+    /// Runs `event` in the first pass after those that are over at `moment`.
     void InThePassAfter(Milliseconds moment, std::function<void()> event)
     {
         world.At(moment, [this, event = std::move(event)] {
@@ -49,7 +49,7 @@ protected:
     int seen_ = 0;
 };
 
-TEST_F(EventPassTest, SetBlockShowsTheIndicatorAgainAfterWhatHidItBehindTheHeader)
+TEST_F(EventPassTest, SetBlockShowsTheIndicatorAgainWhenItWasHiddenAfterTheHeader)
 {
     InThePassAfter(400, [&] { HideIndicator(); });
     ExpectIndicatorAtWake(2);
@@ -59,7 +59,7 @@ TEST_F(EventPassTest, SetBlockShowsTheIndicatorAgainAfterWhatHidItBehindTheHeade
     EXPECT_EQ(seen_, 1);
 }
 
-TEST_F(EventPassTest, TotalResetShowsTheIndicatorAgainAfterWhatHidItBehindTheHeaders)
+TEST_F(EventPassTest, TotalResetShowsTheIndicatorAgainWhenItWasHiddenAfterTheHeaders)
 {
     InThePassAfter(12'000, [&] { HideIndicator(); });
     ExpectIndicatorAtWake(31);

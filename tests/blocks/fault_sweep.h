@@ -35,7 +35,7 @@ struct FaultAt {
     /// True when the answer to wake `number` is none that a frame follows.
     bool Loses(int number) const;
 
-    /// True when not even a wake goes out from behind wake `number` on, on the port as it is.
+    /// True when not even a wake goes out after wake `number`, on the port as it is.
     bool IsTheLastOut(int number) const;
 };
 
@@ -78,7 +78,7 @@ void PrintTo(const SweptCommand& command, std::ostream* out);
 /// the fault did not strike, for the run had fewer wakes.
 bool RunAndCompare(const SweptCommand& command, const FaultAt& at);
 
-/// What goes out of those frames, each behind a wake of its own.
+/// What goes out of those frames, each after a wake of its own.
 std::vector<std::string> SentUnder(const FaultAt& at, const std::vector<std::string>& frames);
 
 extern const SweptCommand kSetBlock;

@@ -14,7 +14,7 @@ namespace
 using ::testing::Contains;
 
 /// Set All on the own table from record 3 on: the answer to wake n comes at 200 x (n - 1) + 10, and
-/// the settle wait behind it ends at 200 x n. Another command starts inside one of its waits.
+/// the settle wait after it ends at 200 x n. Another command starts inside one of its waits.
 class NestedInSetAllTest : public LogicTest
 {
 protected:
@@ -69,7 +69,7 @@ protected:
 
 TEST_F(NestedInSetAllTest, StepUpInASettleWaitSkipsTheNextBlock)
 {
-    StepUpAt(4 * 200 + 50); // behind the header of block 5
+    StepUpAt(4 * 200 + 50); // after the header of block 5
 
     PressAndConfirm();
 
@@ -138,7 +138,7 @@ TEST_F(NestedInSetAllTest, StepUpAtIndex0EndsTheProgramAndSetAllWithIt)
     EXPECT_EQ(world.Now(), 50);
 }
 
-TEST_F(NestedInSetAllTest, LeavesTheRuleOfSetAllInForceBehindACommandWithoutIt)
+TEST_F(NestedInSetAllTest, LeavesTheRuleOfSetAllInForceAfterACommandWithoutIt)
 {
     StepUpAt(4 * 200 + 50);
     world.At(10 * 200 + 50, [&] { state.headerFilePath.clear(); }); // every later get fails
@@ -165,7 +165,7 @@ TEST_F(NestedInSetAllTest, ACommandThatClosesThePortLetsItRunToItsEndInSilence)
     EXPECT_EQ(StoredTable(*this), OwnTable());
     ExpectSuccessEnd();
     // The last answer taken was "!", and no later one replaces it: the settle waits still run.
-    // 25 blocks and the closing frame, two ticks each, behind the nested command's own wait.
+    // 25 blocks and the closing frame, two ticks each, after the nested command's own wait.
     EXPECT_EQ(world.Now(), 1000 + 26 * 200);
 }
 

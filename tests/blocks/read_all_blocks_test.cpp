@@ -53,7 +53,7 @@ TEST_F(ReadAllBlocksTest, StoresAllThirtyHeadersWithTheCalibrationOfTheHiddenBox
     EXPECT_EQ(finishedHandlers, 1);
 }
 
-TEST_F(ReadAllBlocksTest, OpensThePortAnewForEachBlockAndWakesBeforeEachPage)
+TEST_F(ReadAllBlocksTest, OpensThePortAgainForEachBlockAndWakesBeforeEachPage)
 {
     PressReadAllBlocks(*this);
 
@@ -205,7 +205,7 @@ TEST_F(ReadAllBlocksTest, KeepsStepAndGuidesOfTheBlockBeforeWhenTheirDigitsAreGa
     eighth[4] = UnitValues(7)[4];
     eighth[5] = UnitValues(7)[5];
     fetched_[7] = RecordOfValues(eighth, OwnRecord(3));
-    // One character short, the date shows the first of the two bytes behind its digits.
+    // One character short, the date shows the first of the two bytes after its digits.
     EXPECT_EQ(fetched_[7].substr(32, 8), "81226X  ");
     // The depth's pieces are joined as the boxes hold them: "087" and nothing.
     EXPECT_EQ(fetched_[7].substr(20, 4), "087 ");

@@ -147,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(NumberRow{"First", "01", "00"}, NumberRow{"OneDigit", "9", "08"},
                       NumberRow{"Eleven", "11", "0A"}, NumberRow{"Seventeen", "17", "10"},
                       NumberRow{"Last", "30", "1D"}, NumberRow{"Beyond", "31", "07"},
-                      NumberRow{"FarBeyond", "99", "07"}, NumberRow{"Naught", "00", "07"},
+                      NumberRow{"FarBeyond", "99", "07"}, NumberRow{"Zero", "00", "07"},
                       NumberRow{"Empty", "", "07"}, NumberRow{"Letters", "ab", "07"},
                       NumberRow{"Negative", "-1", "07"}, NumberRow{"JustBelowOne", ".6", "07"},
                       NumberRow{"NumberThenLetter", "5x", "04"},
@@ -250,7 +250,7 @@ TEST_F(ReadBlockTest, AnExtraByteWithTheNextAnswerCostsThatPage)
 {
     unit.SetHeader(0, kDam);
     unit.answerRead = [this](int read, const std::string& reply) {
-        if (read == 2) world.After(2, [this] { port.Receive("x"); }); // 1 ms behind the page
+        if (read == 2) world.After(2, [this] { port.Receive("x"); }); // 1 ms after the page
         return reply;
     };
     Read();
@@ -260,7 +260,7 @@ TEST_F(ReadBlockTest, AnExtraByteWithTheNextAnswerCostsThatPage)
     EXPECT_EQ(unit.reads, 9);
 }
 
-TEST_F(ReadBlockTest, AnExtraByteBeforeTheNextAnswerShiftsTheWakesBehindIt)
+TEST_F(ReadBlockTest, AnExtraByteBeforeTheNextAnswerShiftsTheWakesAfterIt)
 {
     unit.SetHeader(0, kDam);
     unit.latency = 10;
@@ -270,7 +270,7 @@ TEST_F(ReadBlockTest, AnExtraByteBeforeTheNextAnswerShiftsTheWakesBehindIt)
     };
     Read();
     // The byte is the answer to the third wake, that wake's "!" answers the fourth, and the
-    // fourth's stands before page "30", whose digits are then out of step.
+    // fourth's comes before page "30", whose digits are then out of step.
     std::vector<std::string> shown = kDamShown;
     shown[2] = "";
     shown[3] = "";
@@ -279,7 +279,7 @@ TEST_F(ReadBlockTest, AnExtraByteBeforeTheNextAnswerShiftsTheWakesBehindIt)
     EXPECT_EQ(unit.wakes, 10);
 }
 
-TEST_F(ReadBlockTest, BytesBehindAPageThatHaveComeWithItDoNoHarm)
+TEST_F(ReadBlockTest, BytesAfterAPageThatHaveComeWithItDoNoHarm)
 {
     unit.SetHeader(0, kDam);
     unit.answerRead = [](int, const std::string& reply) { return reply + "\r\nOK"; };

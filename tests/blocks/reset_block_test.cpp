@@ -159,7 +159,7 @@ TEST_F(ResetBlockTest, LosesTheClosingFrameToAWrongAnswer)
     EXPECT_FALSE(panel.waitIndicator.label.Visible());
 }
 
-TEST_F(ResetBlockTest, SettlesFourTicksBehindEachFrame)
+TEST_F(ResetBlockTest, SettlesFourTicksAfterEachFrame)
 {
     PressAndConfirm();
 

@@ -204,7 +204,7 @@ TEST_F(ResetGainZeroTest, LosesOneBlocksFrameToAWrongAnswerWithoutItsSettleWait)
     ExpectEnd(1, kDefaultCalibration);
 }
 
-TEST_F(ResetGainZeroTest, SettlesTwoTicksBehindEachFrame)
+TEST_F(ResetGainZeroTest, SettlesTwoTicksAfterEachFrame)
 {
     PressAndConfirm();
 

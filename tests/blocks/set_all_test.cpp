@@ -183,7 +183,7 @@ TEST_F(SetAllTest, LosesOneBlocksHeaderToAWrongAnswerWithoutItsSettleWait)
     EXPECT_LINK_AT_REST();
 }
 
-TEST_F(SetAllTest, SettlesTwoTicksBehindEachFrame)
+TEST_F(SetAllTest, SettlesTwoTicksAfterEachFrame)
 {
     PressAndConfirm();
 

@@ -170,7 +170,7 @@ TEST_F(SetBlockTest, LosesTheClosingFrameToAWrongAnswer)
     PressAndConfirm();
 
     EXPECT_THAT(port.sent, ElementsAre("}", HeaderFrame(6, OwnRecord(7)), "}"));
-    EXPECT_EQ(world.Now(), 401) << "no settle wait behind a frame not sent";
+    EXPECT_EQ(world.Now(), 401) << "no settle wait after a frame not sent";
     ExpectEnd(7, "07", OwnRecord(7), OwnRecord(7));
     EXPECT_LINK_AT_REST();
 }
@@ -187,7 +187,7 @@ TEST_F(SetBlockTest, RunsToItsEndWithoutAWordWhenThePortCannotBeOpened)
     EXPECT_LINK_AT_REST();
 }
 
-TEST_F(SetBlockTest, SettlesFourTicksBehindEachFrame)
+TEST_F(SetBlockTest, SettlesFourTicksAfterEachFrame)
 {
     PressAndConfirm();
 
@@ -226,7 +226,7 @@ TEST_F(SetBlockTest, SendsWhatTheBoxesHoldOnceTheUnitIsAwake)
     ExpectEnd(7, "07", OwnRecord(7), OwnRecord(7));
 }
 
-TEST_F(SetBlockTest, TellsTheUnitNothingOfTheCalibrationThatItStores)
+TEST_F(SetBlockTest, SendsTheUnitNothingOfTheCalibrationThatItStores)
 {
     panel.calibration[Gain1].SetText("+9.9999");
     panel.blockNumber.SetText("03");

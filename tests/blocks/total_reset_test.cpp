@@ -185,7 +185,7 @@ TEST_F(TotalResetTest, LosesOneBlocksHeaderToAWrongAnswerWithoutItsSettleWait)
     EXPECT_LINK_AT_REST();
 }
 
-TEST_F(TotalResetTest, SettlesFourTicksBehindEachFrame)
+TEST_F(TotalResetTest, SettlesFourTicksAfterEachFrame)
 {
     PressAndConfirm();
 
@@ -204,7 +204,7 @@ TEST_F(TotalResetTest, ResetsTheFileWithoutAWordWhenThePortCannotBeOpened)
     EXPECT_LINK_AT_REST();
 }
 
-TEST_F(TotalResetTest, KeepsWhatStandsBehindRecord30)
+TEST_F(TotalResetTest, KeepsWhatFollowsRecord30)
 {
     std::vector<std::string> longer = OwnTable();
     longer.push_back(OwnRecord(4));

@@ -9,7 +9,7 @@ namespace tarvex::tests
 {
 
 /// The ten header values of block `number` (1 to 30) in a unit of which no two blocks share a text;
-/// date and time with the two bytes behind their six digits.
+/// date and time with the two bytes after their six digits.
 inline std::vector<std::string> UnitValues(int number)
 {
     const std::string nn = (number < 10 ? "0" : "") + std::to_string(number);

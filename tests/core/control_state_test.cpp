@@ -39,7 +39,7 @@ TEST(TextBox, WithoutAMaximumKeepsAll)
     EXPECT_EQ(box.Text().size(), 5000U);
 }
 
-TEST(TextBox, TellsItsWatcherOfEveryAssignment)
+TEST(TextBox, CallsItsWatcherAtEveryAssignment)
 {
     TextBox box(2);
     std::vector<std::string> seen;
@@ -49,7 +49,7 @@ TEST(TextBox, TellsItsWatcherOfEveryAssignment)
     EXPECT_THAT(seen, ::testing::ElementsAre("01", "01"));
 }
 
-TEST(Control, TellsItsWatcherOfEveryChange)
+TEST(Control, CallsItsWatcherAtEveryChange)
 {
     Control control(false, true);
     int changes = 0;

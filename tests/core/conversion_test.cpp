@@ -31,7 +31,7 @@ INSTANTIATE_TEST_SUITE_P(
                       NumberRow{"LineEndIsNoBlank", "\n12", 0}, NumberRow{"Plus", "+5", 5},
                       NumberRow{"Minus", "-5", -5}, NumberRow{"TwoSigns", "--5", 0},
                       NumberRow{"SignThenBlank", "- 5", 0}, NumberRow{"SignAlone", "-", 0},
-                      NumberRow{"MinusNaught", "-0", 0}, NumberRow{"TrailingPoint", "5.", 5},
+                      NumberRow{"MinusZero", "-0", 0}, NumberRow{"TrailingPoint", "5.", 5},
                       NumberRow{"LeadingPoint", ".5", 0.5}, NumberRow{"SignAndPoint", "-.5", -0.5},
                       NumberRow{"PointAlone", ".", 0}, NumberRow{"TwoPoints", "1.2.3", 1.2},
                       NumberRow{"Decimals", "015.5", 15.5}, NumberRow{"LetterFirst", "a5", 0},
@@ -66,7 +66,7 @@ TEST_P(PatternTest, WritesTheNumber)
 }
 
 INSTANTIATE_TEST_SUITE_P(TwoDigits, PatternTest,
-                         ::testing::Values(PatternRow{"Naught", TwoDigits, 0, "00"},
+                         ::testing::Values(PatternRow{"Zero", TwoDigits, 0, "00"},
                                            PatternRow{"One", TwoDigits, 1, "01"},
                                            PatternRow{"Thirty", TwoDigits, 30, "30"},
                                            PatternRow{"Wider", TwoDigits, 100, "100"},
@@ -81,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(TwoDigits, PatternTest,
 
 INSTANTIATE_TEST_SUITE_P(
     FiveDigits, PatternTest,
-    ::testing::Values(PatternRow{"Naught", FiveDigits, 0, "00000"},
+    ::testing::Values(PatternRow{"Zero", FiveDigits, 0, "00000"},
                       PatternRow{"Padded", FiveDigits, 500, "00500"},
                       PatternRow{"Full", FiveDigits, 32767, "32767"},
                       PatternRow{"Wider", FiveDigits, 159744, "159744"},
@@ -92,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     OneDecimal, PatternTest,
-    ::testing::Values(PatternRow{"Naught", OneDecimal, 0, "000.0"},
+    ::testing::Values(PatternRow{"Zero", OneDecimal, 0, "000.0"},
                       PatternRow{"Padded", OneDecimal, 1.5, "001.5"},
                       PatternRow{"Full", OneDecimal, 120, "120.0"},
                       PatternRow{"Wider", OneDecimal, 1000.5, "1000.5"},
@@ -104,11 +104,11 @@ INSTANTIATE_TEST_SUITE_P(
     RowName());
 
 INSTANTIATE_TEST_SUITE_P(PlainNumber, PatternTest,
-                         ::testing::Values(PatternRow{"Naught", PlainNumber, 0, "0"},
+                         ::testing::Values(PatternRow{"Zero", PlainNumber, 0, "0"},
                                            PatternRow{"Whole", PlainNumber, 30, "30"},
                                            PatternRow{"NoPadding", PlainNumber, 0.5, "0.5"},
                                            PatternRow{"Negative", PlainNumber, -1.25, "-1.25"},
-                                           PatternRow{"NegativeNaught", PlainNumber, -0.0, "0"},
+                                           PatternRow{"NegativeZero", PlainNumber, -0.0, "0"},
                                            PatternRow{"ShortestDecimal", PlainNumber, 0.1, "0.1"},
                                            PatternRow{"LargeWithoutExponent", PlainNumber, 1e21,
                                                       "1000000000000000000000"},

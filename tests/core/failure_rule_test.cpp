@@ -12,7 +12,7 @@ void Fail()
     throw RunTimeFailure("Bad file name");
 }
 
-TEST(FailureRule, AStepThatRunsIsTold)
+TEST(FailureRule, AStepThatRunsIsReported)
 {
     SkipOnError rule;
     bool ran = false;
@@ -31,7 +31,7 @@ TEST(FailureRule, SkipOnErrorPassesOverAFailingStep)
     EXPECT_FALSE(Attempt(Fail));
 }
 
-TEST(FailureRule, SkipOnErrorTellsThatAStepFailedWhenAsked)
+TEST(FailureRule, SkipOnErrorSaysWhenAskedThatAStepFailed)
 {
     bool failed = false;
     SkipOnError rule(failed);
@@ -100,7 +100,7 @@ TEST_F(HandlersTest, RunAHandlerUnderTheRuleThatFailuresGoUp)
     EXPECT_FALSE(end.Ended());
 }
 
-TEST_F(HandlersTest, AFailureThatComesOutIsToldAndEndsTheProgramWithStatusOne)
+TEST_F(HandlersTest, AFailureThatComesOutIsShownAndEndsTheProgramWithStatusOne)
 {
     boxes.Expect("Run-time error: Bad file name", [&] { EXPECT_FALSE(end.Ended()); });
     int ends = 0;

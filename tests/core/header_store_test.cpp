@@ -109,7 +109,7 @@ TEST_F(HeaderStoreTest, JoinsTheDepthWithoutPaddingItsPieces)
     EXPECT_EQ(panel.header[DepthTenths].Text(), " ");
 }
 
-TEST_F(HeaderStoreTest, KeepsADepthWithoutDigitsAsItStands)
+TEST_F(HeaderStoreTest, KeepsADepthWithoutDigitsAsItIs)
 {
     panel.header[DepthMetres].SetText("a-\xE0");
     panel.header[DepthTenths].SetText("?");
@@ -150,7 +150,7 @@ TEST_F(HeaderStoreTest, ReloadPastTheEndShowsBlanks)
     EXPECT_EQ(FileBytes(state.headerFilePath).size(), 2310U);
 }
 
-TEST_F(HeaderStoreTest, ReloadOfATruncatedLastRecordShowsTheBytesThatStandThere)
+TEST_F(HeaderStoreTest, ReloadOfATruncatedLastRecordShowsTheBytesThatAreThere)
 {
     WriteFile(state.headerFilePath, FileBytes(state.headerFilePath).substr(0, 29 * 77 + 40));
     state.currentBlock = 30;
@@ -212,7 +212,7 @@ TEST_F(HeaderStoreTest, OutsideTheRuleAFileThatDoesNotOpenEndsTheProgram)
     EXPECT_EQ(finishedHandlers, 0);
 }
 
-TEST_F(HeaderStoreTest, FillDefaultsWritesThirtyRecordsAndLeavesWhatLiesBehind)
+TEST_F(HeaderStoreTest, FillDefaultsWritesThirtyRecordsAndLeavesWhatFollows)
 {
     const std::string defaults = FileBytes(state.headerFilePath);
     WriteFile(state.headerFilePath, std::string(2320, 'x'));

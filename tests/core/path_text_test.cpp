@@ -34,7 +34,7 @@ TEST(PathText, ReplacesHalfASurrogatePair)
     EXPECT_EQ(path_text::FromUnicode(std::u16string(1, char16_t{0xDD1E})), path(u8"\uFFFD"));
 }
 
-TEST(PathText, TellsWhichPathsATextLeadsBackTo)
+TEST(PathText, SaysWhichPathsATextLeadsBackTo)
 {
     EXPECT_TRUE(path_text::IsUnicode(""));
     EXPECT_TRUE(path_text::IsUnicode(path(u8"/srv/città/𝄞/\uFFFD")));

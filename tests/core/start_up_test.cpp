@@ -97,7 +97,7 @@ TEST_F(StartUpTest, ShowsRecordOne)
     EXPECT_EQ(state.blockHeader, DefaultHeader(0));
 }
 
-TEST_F(StartUpTest, SetsTheWorkingStateAnew)
+TEST_F(StartUpTest, SetsTheWorkingStateAgain)
 {
     state.currentBlock = 17;
     state.downloadBlock = 9;

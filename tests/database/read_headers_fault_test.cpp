@@ -56,7 +56,7 @@ TEST_F(ReadHeadersTest, AMatchThatDoesNotOpenCostsThatHeaderOnly)
     EXPECT_EQ(RowAt(1), TubeRow(DefaultHeader(2)));
 }
 
-TEST_F(ReadHeadersTest, AFailureBehindTheLookUpMakesNoNewTube)
+TEST_F(ReadHeadersTest, AFailureAfterTheLookUpMakesNoNewTube)
 {
     PutHeader(1, kReading);
     AddRow(TubeRow(kReading));

@@ -21,7 +21,7 @@ protected:
         return table->OpenRecordset();
     }
 
-    /// The texts of one field, row by row from where the handle stands.
+    /// The texts of one field, row by row from the handle's row on.
     static std::vector<Value> Walk(RecordSet& records, std::string_view field)
     {
         std::vector<Value> values;
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(RecordSetTest, ATableMadeAnewHasNoRows)
+TEST_F(RecordSetTest, ANewTableHasNoRows)
 {
     const auto table = Table();
     EXPECT_TRUE(table->Eof());
@@ -41,14 +41,14 @@ TEST_F(RecordSetTest, ATableMadeAnewHasNoRows)
     EXPECT_THROW(table->Fields("b"), RunTimeFailure);
 }
 
-TEST_F(RecordSetTest, AHandleJustOpenedStandsOnTheFirstRow)
+TEST_F(RecordSetTest, AHandleJustOpenedIsOnTheFirstRow)
 {
     AddRow({{"tubo", "T1  "}});
     AddRow({{"tubo", "T2  "}});
     EXPECT_THAT(Walk(*Table(), "tubo"), ElementsAre("T1  ", "T2  "));
 }
 
-TEST_F(RecordSetTest, RowsStandInTheOrderInWhichTheyWereAdded)
+TEST_F(RecordSetTest, RowsKeepTheOrderInWhichTheyWereAdded)
 {
     std::vector<Value> added;
     const auto table = Table();

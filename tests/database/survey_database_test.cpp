@@ -16,7 +16,7 @@ TEST_F(SurveyTest, TheWayInStoresThePanelBeforeTheDatabasePanelShows)
     BlockHeader stored;
     Click([&] { OpenDatabase(panel, state, [&] { stored = StoredHeader(3); }); });
     EXPECT_EQ(stored.cliente.Text(), "TYPED   ");
-    EXPECT_EQ(stored.profondità.Text(), "125 "); // as it stands: no check here
+    EXPECT_EQ(stored.profondità.Text(), "125 "); // as it is: no check here
     EXPECT_EQ(stored.gain1.Text(), "+2.0000");
     EXPECT_EQ(finishedHandlers, 1);
 }

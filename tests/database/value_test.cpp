@@ -57,7 +57,7 @@ TEST(Value, ComparisonsWithNullAreUnknown)
     EXPECT_EQ(Not(Truth::Unknown), Truth::Unknown);
 }
 
-TEST(Value, OrIsTrueBesideAnUnknown)
+TEST(Value, OrIsTrueWithAnUnknown)
 {
     EXPECT_EQ(Or(Truth::True, Truth::Unknown), Truth::True);
     EXPECT_EQ(Or(Truth::Unknown, Truth::True), Truth::True);

@@ -9,13 +9,13 @@
 namespace tarvex::tests
 {
 
-/// An engine that writes down what is asked of another one, in order, and can be told to fail.
+/// An engine that writes down what is asked of another one, in order, and can be made to fail.
 class WatchedEngine : public SurveyEngine
 {
 public:
     explicit WatchedEngine(SurveyEngine& inner) : inner_(inner) {}
 
-    /// Every operation by its name, with a field's name behind it: "OpenTable", "MoveFirst",
+    /// Every operation by its name, with a field's name after it: "OpenTable", "MoveFirst",
     /// "Fields b", "SetField nlet".
     std::vector<std::string> calls;
 

@@ -20,22 +20,20 @@ class MarkTest : public WriteHeadersTest, public ::testing::WithParamInterface<M
 
 INSTANTIATE_TEST_SUITE_P(
     Table, MarkTest,
-    ::testing::Values(Mark{"One", "1", 1, false}, Mark{"Twentynine", "29", 29, false},
-                      Mark{"Thirty", "30", 0, true}, Mark{"ThirtyOne", "31", 0, true},
-                      Mark{"Zero", "0", 0, true}, Mark{"Negative", "-1", 0, true},
-                      Mark{"Letters", "abc", 0, true}, Mark{"Blank", " ", 0, true},
-                      Mark{"TwoAndAHalfToTheEvenOne", "2.5", 2, false},
-                      Mark{"ThreeAndAHalfToTheEvenOne", "3.5", 4, false},
-                      Mark{"OneAndAHalfToTheEvenOne", "1.5", 2, false},
-                      Mark{"FractionDown", "7.4", 7, false}, Mark{"FractionUp", "7.6", 8, false},
-                      Mark{"HalfToRecordNoughtIsNotWritten", "0.5", 0, false},
-                      Mark{"LessThanHalfIsNotWritten", "0.4", 0, false},
-                      Mark{"MoreThanHalf", "0.6", 1, false},
-                      Mark{"HalfBelowThirtyReachesIt", "29.5", 30, false},
-                      Mark{"JustBelowThirtyReachesIt", "29.99", 30, false},
-                      Mark{"BlankInFront", " 7", 7, false}, Mark{"TextBehind", "7x", 7, false},
-                      Mark{"Plus", "+7", 7, false}, Mark{"LeadingNought", "07", 7, false},
-                      Mark{"NoExponent", "1e1", 1, false}, Mark{"NotNumeric", "\xE0", 0, true}),
+    ::testing::Values(
+        Mark{"One", "1", 1, false}, Mark{"Twentynine", "29", 29, false},
+        Mark{"Thirty", "30", 0, true}, Mark{"ThirtyOne", "31", 0, true}, Mark{"Zero", "0", 0, true},
+        Mark{"Negative", "-1", 0, true}, Mark{"Letters", "abc", 0, true},
+        Mark{"Blank", " ", 0, true}, Mark{"TwoAndAHalfToTheEvenOne", "2.5", 2, false},
+        Mark{"ThreeAndAHalfToTheEvenOne", "3.5", 4, false},
+        Mark{"OneAndAHalfToTheEvenOne", "1.5", 2, false}, Mark{"FractionDown", "7.4", 7, false},
+        Mark{"FractionUp", "7.6", 8, false}, Mark{"HalfToRecordZeroIsNotWritten", "0.5", 0, false},
+        Mark{"LessThanHalfIsNotWritten", "0.4", 0, false}, Mark{"MoreThanHalf", "0.6", 1, false},
+        Mark{"HalfBelowThirtyReachesIt", "29.5", 30, false},
+        Mark{"JustBelowThirtyReachesIt", "29.99", 30, false}, Mark{"BlankInFront", " 7", 7, false},
+        Mark{"TextAfter", "7x", 7, false}, Mark{"Plus", "+7", 7, false},
+        Mark{"LeadingZero", "07", 7, false}, Mark{"NoExponent", "1e1", 1, false},
+        Mark{"NotNumeric", "\xE0", 0, true}),
     SituationOf<Mark>);
 
 TEST_P(MarkTest, NamesTheRecordAndIsCleared)
@@ -78,8 +76,8 @@ INSTANTIATE_TEST_SUITE_P(
         Check{"TooDeepAtHalfMetreSteps", "profondità", "1001", kBadDepth, "0"},
         Check{"DeepestAtMetreSteps", "profondità", "2000", ""},
         Check{"TooDeepAtMetreSteps", "profondità", "2001", kBadDepth},
-        Check{"DepthOfLettersIsNought", "profondità", "abcd", ""},
-        Check{"DepthOfBlanksIsNought", "profondità", "    ", ""},
+        Check{"DepthOfLettersIsZero", "profondità", "abcd", ""},
+        Check{"DepthOfBlanksIsZero", "profondità", "    ", ""},
         Check{"DepthNegative", "profondità", "-999", ""},
         Check{"DepthOfFiveCharactersIsCut", "profondità", "01000", ""},
         Check{"DepthOfFiveCharactersTooDeep", "profondità", "20010", kBadDepth},
@@ -88,12 +86,11 @@ INSTANTIATE_TEST_SUITE_P(
         Check{"StepSevenTooDeep", "profondità", "2001", kBadDepth, "7"},
         Check{"StepNull", "passo", {}, kBadStep}, Check{"StepEmpty", "passo", "", kBadStep},
         Check{"StepBlank", "passo", " ", kBadStep}, Check{"StepLetter", "passo", "x", kBadStep},
-        Check{"StepNought", "passo", "0", ""}, Check{"StepBlankBehind", "passo", "1 ", ""},
+        Check{"StepZero", "passo", "0", ""}, Check{"StepBlankAfter", "passo", "1 ", ""},
         Check{"GuidesThree", "guide", "3", kBadGuides},
-        Check{"GuidesNought", "guide", "0", kBadGuides},
-        Check{"GuidesNull", "guide", {}, kBadGuides}, Check{"GuidesEmpty", "guide", "", kBadGuides},
-        Check{"GuidesTwo", "guide", "2", ""}, Check{"NorthNull", "nord", {}, kBadNorth},
-        Check{"NorthEmpty", "nord", "", kBadNorth},
+        Check{"GuidesZero", "guide", "0", kBadGuides}, Check{"GuidesNull", "guide", {}, kBadGuides},
+        Check{"GuidesEmpty", "guide", "", kBadGuides}, Check{"GuidesTwo", "guide", "2", ""},
+        Check{"NorthNull", "nord", {}, kBadNorth}, Check{"NorthEmpty", "nord", "", kBadNorth},
         Check{"NorthWithoutSign", "nord", "0015", kBadNorth},
         Check{"NorthBlankInFront", "nord", " +15", kBadNorth},
         Check{"NorthFullCircle", "nord", "+360", ""},
@@ -122,7 +119,7 @@ TEST_P(CheckTest, StopsTheWalkOrLetsTheRowPass)
     ExpectPanelShowsBlockOne();
 }
 
-TEST_F(WriteHeadersTest, FieldsThatPassAreTakenAsTheyStand)
+TEST_F(WriteHeadersTest, FieldsThatPassAreTakenUnchanged)
 {
     SurveyRow row = DamRow("5");
     row["profondità"] = "01000";

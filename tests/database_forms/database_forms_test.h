@@ -42,7 +42,7 @@ protected:
     /// The text that the grid shows in a row, from 0, under a field's name.
     static std::string Cell(int row, std::string_view field);
 
-    /// The mark of a row as it stands in the file.
+    /// The mark of a row as it is in the file.
     Value Mark(std::size_t row) { return RowAt(row)["b"]; }
 
     /// Types into whatever has the keyboard.

@@ -111,7 +111,7 @@ TEST_F(Form4Test, IsOneInstanceAndIsDressedOnceALoad)
     EXPECT_EQ(dressed, (std::vector<QString>{"Form4", "Form5"}));
 }
 
-TEST_F(Form4Test, StandsAboveTheMainFormAndGoesWithIt)
+TEST_F(Form4Test, StaysAboveTheMainFormAndGoesWithIt)
 {
     Window("Form4").close();
     DeleteClosed();

@@ -48,7 +48,7 @@ protected:
         return {};
     }
 
-    /// The line that tells why a mark is not stored, while it is on view.
+    /// The line that says why a mark is not stored, while it is on view.
     static std::string Notice()
     {
         const auto& notice = Control<QLabel>("Form5", "notice");
@@ -140,7 +140,7 @@ TEST_F(Form5Test, EveryColumnIsWideEnoughForItsFieldAndItsName)
     EXPECT_GT(Grid().rowHeight(0), metrics.height());
 }
 
-TEST_F(Form5Test, RowsStandAsTheyWereAdded)
+TEST_F(Form5Test, RowsAreInTheOrderOfTheirAdding)
 {
     EXPECT_EQ(Grid().model()->rowCount(), 3);
     EXPECT_EQ(Cell(0, "tubo"), "T1  ");
@@ -290,7 +290,7 @@ TEST_F(Form5Test, WriteHeadersStartsWithTheOpenEdit)
     forms.ShowPanel();
     forms.ShowGrid();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Window("Form5")));
-    QTest::qWait(20); // whatever the windows still have to tell each other
+    QTest::qWait(20); // for the events that the windows still have for each other
     Grid().setFocus();
     Type("4");
     ASSERT_TRUE(IsEditing());
@@ -337,7 +337,7 @@ TEST_F(Form5Test, AnOpenEditIsNotLostToRowsThatCome)
     EXPECT_EQ(Cell(3, "tubo"), "T4  ");
 }
 
-TEST_F(Form5Test, AMarkThatCannotBeWrittenStaysInItsEditorAndIsTold)
+TEST_F(Form5Test, AMarkThatCannotBeWrittenStaysInItsEditorAndIsReported)
 {
     RawDatabase raw(survey.databasePath);
     raw.Run("BEGIN IMMEDIATE");
@@ -398,7 +398,7 @@ TEST_F(Form5Test, AnotherMarkBeginsOnlyWhenTheRefusedOneIsStored)
     EXPECT_THAT((std::vector{Mark(0), Mark(1)}), ElementsAre("8", "9"));
 }
 
-TEST_F(Form5Test, AMarkForAFileThatIsGoneIsToldAndTheRowsGo)
+TEST_F(Form5Test, AMarkForAFileThatIsGoneIsReportedAndTheRowsGo)
 {
     Type("8");
     std::filesystem::rename(survey.databasePath, folder / "away.mdb");

@@ -115,7 +115,7 @@ TEST_F(DownloadTest, TakesSixCharactersOfTheTimeAndSixOfTheDate)
     EXPECT_EQ(head.substr(18 * 42, 42), Padded("Time:;09:30:15", 40) + "\r ");
 }
 
-TEST_F(DownloadTest, AGarbledPairOfTheTimeIsNotMadeUpFromBehindTheSix)
+TEST_F(DownloadTest, AGarbledPairOfTheTimeIsNotMadeUpFromAfterTheSix)
 {
     SetSmallSurvey(unit, 0);
     unit.pages["00090"] = "093015XY";
@@ -183,7 +183,7 @@ TEST_F(DownloadTest, GoesThroughItsStagesInOrder)
                                     "file num.dat", "Label34 off", "Shape1 off", "file "));
 }
 
-TEST_F(DownloadTest, SettlesFiveTicksBehindTheWalkAndStopsTheTick)
+TEST_F(DownloadTest, SettlesFiveTicksAfterTheWalkAndStopsTheTick)
 {
     SetSmallSurvey(unit, 0);
     Milliseconds closed = -1;
@@ -237,7 +237,7 @@ INSTANTIATE_TEST_SUITE_P(
                       BlockRow{"Eleven", "11", "0A"}, BlockRow{"Sixteen", "16", "0F"},
                       BlockRow{"Seventeen", "17", "10"}, BlockRow{"TwentySix", "26", "19"},
                       BlockRow{"TwentySeven", "27", "1A"}, BlockRow{"Thirty", "30", "1D"},
-                      BlockRow{"ThirtyOne", "31", "07"}, BlockRow{"Naught", "0", "07"},
+                      BlockRow{"ThirtyOne", "31", "07"}, BlockRow{"Zero", "0", "07"},
                       BlockRow{"JustBelowOne", ".6", "07"}, BlockRow{"Empty", "", "07"},
                       BlockRow{"Letters", "xy", "07"}),
     RowName());

@@ -82,8 +82,8 @@ TEST_P(NoRowTest, WritesTheReportsWithoutARow)
 
 INSTANTIATE_TEST_SUITE_P(
     Table, NoRowTest,
-    ::testing::Values(DepthRow{"Naught", "0000", "0", 0, "", "", "", ""},
-                      DepthRow{"NaughtOfAWholeStep", "0000", "1", 0, "", "", "", ""},
+    ::testing::Values(DepthRow{"Zero", "0000", "0", 0, "", "", "", ""},
+                      DepthRow{"ZeroOfAWholeStep", "0000", "1", 0, "", "", "", ""},
                       DepthRow{"BelowHalfAMetre", "0004", "0", 0, "", "", "", ""},
                       DepthRow{"Letters", "abcd", "0", 0, "", "", "", ""},
                       DepthRow{"Negative", "-010", "1", 0, "", "", "", ""},
@@ -97,7 +97,7 @@ TEST_F(DownloadTest, ReadsTheDepthAsFarAsItIsANumber)
     EXPECT_THAT(DepthsOfRows(), ElementsAre("002.0", "001.0"));
 }
 
-TEST_F(DownloadTest, AnEmptyStepTestsAsNaughtAndGoesUpInWholeMetres)
+TEST_F(DownloadTest, AnEmptyStepTestsAsZeroAndGoesUpInWholeMetres)
 {
     SetSurvey(unit, 0, "0023", "0", "2");
     unit.answerWake = [](int wake) { return wake == 5 ? "?" : "!"; }; // the page of the step
@@ -117,7 +117,7 @@ TEST_F(DownloadTest, ASkippedDataPageLeavesNoRowAndTheOthersTheirDepth)
     EXPECT_EQ(unit.reads, 12);
 }
 
-TEST_F(DownloadTest, GarbledDigitsStandInTheReportAsTheyDecode)
+TEST_F(DownloadTest, GarbledDigitsAreInTheReportAsTheyDecode)
 {
     SetSmallSurvey(unit, 0);
     unit.answerRead = [](int read, const std::string& reply) {

@@ -10,7 +10,7 @@ namespace
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-TEST_F(DownloadTest, ASilentUnitIsToldAndNoFileIsTouched)
+TEST_F(DownloadTest, ASilentUnitIsReportedAndNoFileIsTouched)
 {
     WriteFile(state.reportFolder / "datiram.dat", "of a former run");
     unit.answerWake = [](int) { return ""; };
@@ -135,7 +135,7 @@ TEST_F(DownloadTest, APortThatCannotBeOpenedWritesEmptyReportsWithoutAWord)
     EXPECT_LINK_AT_REST();
 }
 
-/// The run has walked all pages and hangs in making the data report.
+/// The run has walked all pages and waits in the making of the data report.
 #define EXPECT_ENDLESS_WAIT_BEHIND_THE_WALK()                                                      \
     do {                                                                                           \
         EXPECT_EQ(unit.reads, 13);                                                                 \

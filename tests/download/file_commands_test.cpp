@@ -246,13 +246,13 @@ TEST_F(FileDialogTest, CreatingWritesThirtyAlikeRecordsAndDisablesTheGroup)
     EXPECT_EQ(finishedHandlers, 1);
 }
 
-TEST_F(FileDialogTest, CreatingKeepsWhatStandsBehindRecord30)
+TEST_F(FileDialogTest, CreatingKeepsWhatFollowsRecord30)
 {
     dialog.choice = folder / "long";
-    WriteFile(*dialog.choice, std::string(2310, 'x') + "behind");
+    WriteFile(*dialog.choice, std::string(2310, 'x') + "more");
     Create();
 
-    EXPECT_EQ(FileBytes(folder / "long"), ClientZeroTable() + "behind");
+    EXPECT_EQ(FileBytes(folder / "long"), ClientZeroTable() + "more");
 }
 
 TEST_F(FileDialogTest, CopyingAfterCreatingWritesIntoTheNewFile)
@@ -320,7 +320,7 @@ TEST_F(FileDialogTest, KeepsItsSettingsAndNameFromOneCommandToTheNext)
     dialog.choice = folder / "new";
     Create();
     dialog.choice.reset();
-    Choose(); // cancelled: the created file's name still stands there
+    Choose(); // cancelled: the created file's name is still there
     EXPECT_EQ(state.headerFilePath, folder / "new");
     ExpectGroup(true);
     EXPECT_EQ(panel.header[Client].Text(), "CLIENT0 ");

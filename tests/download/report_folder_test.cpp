@@ -176,7 +176,7 @@ private:
     std::filesystem::path start_ = std::filesystem::current_path();
 };
 
-TEST_F(CurrentDirectoryTest, LosesItsWorkFileBehindTheHeadReport)
+TEST_F(CurrentDirectoryTest, LosesItsWorkFileAfterTheHeadReport)
 {
     WriteFile("datiram.dat", "left there");
     WriteFile("datiram.dat2", "kept");

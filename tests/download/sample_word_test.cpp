@@ -26,8 +26,8 @@ TEST_P(SampleWordTest, Decodes)
 
 INSTANTIATE_TEST_SUITE_P(
     WellFormed, SampleWordTest,
-    ::testing::Values(WordRow{"PositiveNaught", "8000", "+00000"},
-                      WordRow{"NegativeNaught", "0000", "-00000"},
+    ::testing::Values(WordRow{"PositiveZero", "8000", "+00000"},
+                      WordRow{"NegativeZero", "0000", "-00000"},
                       WordRow{"PlusOne", "8001", "+00001"}, WordRow{"MinusOne", "0001", "-00001"},
                       WordRow{"Plus500", "81F4", "+00500"}, WordRow{"Minus500", "01F4", "-00500"},
                       WordRow{"Plus4660", "9234", "+04660"}, WordRow{"Minus4660", "1234", "-04660"},

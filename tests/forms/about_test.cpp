@@ -39,7 +39,7 @@ private:
     }
 };
 
-TEST_F(About, TellsTheProgramAndItsMaker)
+TEST_F(About, NamesTheProgramAndItsMaker)
 {
     const std::vector<std::pair<std::string, std::string>> expected{
         {"Application :", "Tar Vex Manager "},
@@ -101,7 +101,7 @@ TEST_F(About, IsUnloadedByEscapeAndByTheWindowsOwnClose)
     EXPECT_TRUE(second.isNull());
 }
 
-TEST_F(About, IsLoadedAnewAlsoWhileTheClosedOneStillLives)
+TEST_F(About, IsLoadedAgainAlsoWhileTheClosedOneStillLives)
 {
     const QPointer<QWidget> closed = &Window("aboutus");
     Press("aboutus", "btnclose");
@@ -125,7 +125,7 @@ TEST_F(About, IsDressedOnceALoad)
     EXPECT_EQ(dressed, (std::vector<QString>{"aboutus", "Form6", "preloader"}));
 }
 
-TEST_F(About, GoesWithTheMainFormThatItStandsAbove)
+TEST_F(About, GoesWithTheMainFormBelowIt)
 {
     Press("aboutus", "btnclose");
     QPointer<QWidget> about;

@@ -99,7 +99,7 @@ private:
     const QByteArray homeBefore_ = qgetenv("HOME");
 };
 
-TEST_F(FolderChooser, MakesDatiAndStandsOnIt)
+TEST_F(FolderChooser, MakesDatiAndSelectsIt)
 {
     forms.ShowFolderChooser();
     EXPECT_TRUE(fs::is_directory(dati));
@@ -133,7 +133,7 @@ TEST_F(FolderChooser, TakesFoldersWhoseNamesAreNoUnicode)
 }
 
 /// The start folder is gone: the chooser begins at the next place instead of nowhere.
-TEST_F(FolderChooser, WithoutAStartFolderStandsOnTheFirstPlaceThatThereIs)
+TEST_F(FolderChooser, WithoutAStartFolderSelectsTheFirstPlaceThatThereIs)
 {
     panel::SideForms oddForms{{state, panel, handlers, boxes, {}}, dialogs, shell, folder / "bin"};
     const auto before = fs::current_path();
@@ -148,7 +148,7 @@ TEST_F(FolderChooser, WithoutAStartFolderStandsOnTheFirstPlaceThatThereIs)
     fs::current_path(before);
 }
 
-TEST_F(FolderChooser, StandsOnDatiThatIsThereWithoutAMessage)
+TEST_F(FolderChooser, SelectsDatiThatIsThereWithoutAMessage)
 {
     fs::create_directories(dati / "S12");
     forms.ShowFolderChooser();
@@ -157,7 +157,7 @@ TEST_F(FolderChooser, StandsOnDatiThatIsThereWithoutAMessage)
     EXPECT_EQ(boxes.shown, 0);
 }
 
-TEST_F(FolderChooser, StandsOnTheStartFolderWhenDatiCannotBeMade)
+TEST_F(FolderChooser, SelectsTheStartFolderWhenDatiCannotBeMade)
 {
     WriteFile(dati, "a file of that name");
     forms.ShowFolderChooser();
@@ -217,7 +217,7 @@ TEST_F(FolderChooser, KeepsAFormerChoiceWhenClosedWithoutOk)
     EXPECT_TRUE(panel.downloadButton.Enabled());
 }
 
-TEST_F(FolderChooser, StaysWhereItStandsWhenRaisedAndLoadsAnewWhenReopened)
+TEST_F(FolderChooser, KeepsItsFolderWhenRaisedAndLoadsAgainWhenReopened)
 {
     forms.ShowFolderChooser();
     GoTo(home);
@@ -414,7 +414,7 @@ TEST_F(FolderChooser, TakesLittleMemoryForEachFolder)
     EXPECT_LT(mallinfo2().uordblks - before, kFolders * 400); // 20 MB for 50,000
 }
 
-TEST_F(FolderChooser, MakesANewFolderAndStandsOnIt)
+TEST_F(FolderChooser, MakesANewFolderAndSelectsIt)
 {
     forms.ShowFolderChooser();
     Press("Form6", "NewFolder");

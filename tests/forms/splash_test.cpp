@@ -48,7 +48,7 @@ TEST_F(Splash, HasNoTitleNorFrameAndIsNotModal)
     EXPECT_FALSE(Window("preloader").isModal());
 }
 
-TEST_F(Splash, StandsInTheMiddleOfTheScreen)
+TEST_F(Splash, IsInTheMiddleOfTheScreen)
 {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     EXPECT_LE((Window("preloader").geometry().center() - screen.center()).manhattanLength(), 2);

@@ -41,7 +41,7 @@ void AnswerReadWith(TestProgram& program, int n,
     };
 }
 
-/// Lets `event` happen in the wait behind the n-th wake or read frame, before the answer.
+/// Lets `event` happen in the wait after the n-th wake or read frame, before the answer.
 void DuringWait(TestProgram& program, bool atRead, int n, const std::function<void()>& event)
 {
     if (atRead) {

@@ -198,7 +198,7 @@ protected:
     bool answered = false;
 };
 
-TEST_F(HeaderPagesTest, ReadsOneFieldAPageAndNothingBehindIt)
+TEST_F(HeaderPagesTest, ReadsOneFieldAPageAndNothingAfterIt)
 {
     state.readAddrBlock = "1D";
     for (const auto& row : kHeaderBoxes)

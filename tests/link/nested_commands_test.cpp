@@ -74,17 +74,17 @@ const std::vector<std::string> kBlank(11, "");
 const std::vector<std::string> kBlockFive = {"OTHER   ", "PLACE   ", "Q9  ", "200",    "0",     "1",
                                              "4",        "-090",     "07",   "010203", "040506"};
 
-TEST_F(NestedCommandsTest, ASilentUnitIsToldByTheInnerReadAndThenByTheOuterOne)
+TEST_F(NestedCommandsTest, ASilentUnitIsReportedByTheInnerReadAndThenByTheOuterOne)
 {
     unit.answerWake = [](int) { return ""; };
-    std::vector<Milliseconds> told;
-    const auto note = [&] { told.push_back(world.Now()); };
+    std::vector<Milliseconds> reported;
+    const auto note = [&] { reported.push_back(world.Now()); };
     boxes.Expect("Attention: TAR--VEX not connected", note);
     boxes.Expect("Attention: TAR--VEX not connected", note);
     ReadBlockFiveAt(250);
     Read();
     // The inner wake starts the ticks anew, and the outer one finds them run out.
-    EXPECT_THAT(told, ElementsAre(800, 800));
+    EXPECT_THAT(reported, ElementsAre(800, 800));
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "> }", "> }", "close"));
     EXPECT_EQ(Shown()[0], "CLIENT 1");
     EXPECT_EQ(finishedHandlers, 2);
@@ -114,7 +114,7 @@ TEST_F(NestedCommandsTest, TheInnerReadTakesTheBytesThatTheOuterOneCounts)
     std::vector<std::string> clients;
     panel.header[Client].Watch([&] { clients.push_back(panel.header[Client].Text()); });
     Read();
-    // The outer wake's answer starts the inner page, the inner wake's stands in front of it.
+    // The outer wake's answer starts the inner page, the inner wake's comes in front of it.
     EXPECT_THAT(clients, ElementsAre("", ""));
     EXPECT_EQ(port.history[5], "> a04000\r");
     EXPECT_EQ(port.history[6], "< !" + ScriptedUnit::PageReply("OTHER   "));
@@ -224,7 +224,7 @@ TEST_F(NestedCommandsTest, TheEndOfTheProgramInTheInnerWaitEndsBothWithNothingMo
     MissWake(4);
     ReadBlockFiveAt(10'000);
     unit.answerRead = [](int read, const std::string& reply) {
-        return read <= 5 ? reply : std::string(); // the inner read hangs in its third page
+        return read <= 5 ? reply : std::string(); // the inner read waits in its third page
     };
     world.EndProgramAt(20'000);
     const std::vector<std::string> before = Shown();

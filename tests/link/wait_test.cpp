@@ -29,7 +29,7 @@ protected:
     std::string reply;
 };
 
-TEST_F(WaitTest, TheCountGoesBackToNaughtAfter5001Ticks)
+TEST_F(WaitTest, TheCountGoesBackToZeroAfter5001Ticks)
 {
     OnOpenPort([](DeviceLink& link) { link.UntimedWake(); });
     world.PassTime(500'000 - world.Now());
@@ -206,7 +206,7 @@ TEST_F(WaitTest, LetsTheIndicatorBeSeenBeforeThePortAndGoneAtTheEnd)
     EXPECT_TRUE(goneAtTheEnd);
 }
 
-TEST_F(WaitTest, TellsNotConnectedBeforeItClosesAndHides)
+TEST_F(WaitTest, ReportsNotConnectedBeforeItClosesAndHides)
 {
     LogIndicator();
     boxes.Expect("Attention: TAR--VEX not connected", [&] { EXPECT_LINK_WAITING(); });

@@ -171,7 +171,7 @@ TEST_P(WrongReplyTest, IsTakenWholeAndIsNotReady)
 
 INSTANTIATE_TEST_SUITE_P(Table, WrongReplyTest,
                          ::testing::Values(ReplyRow{"OtherByte", "?"}, ReplyRow{"Doubled", "!!"},
-                                           ReplyRow{"LineEndBehind", "!\r"},
+                                           ReplyRow{"LineEndAfter", "!\r"},
                                            ReplyRow{"BlankBefore", " !"}, ReplyRow{"Echo", "}"},
                                            ReplyRow{"EchoAndReady", "}!"},
                                            ReplyRow{"Nul", std::string(1, '\0')},
@@ -193,7 +193,7 @@ TEST_F(WakeTest, UntimedWaitsPastEveryTickAndTheWrapOfTheCount)
     EXPECT_LE(state.tickCounter, 5000);
 }
 
-TEST_F(WakeTest, UntimedStartsTheTickFromNaught)
+TEST_F(WakeTest, UntimedStartsTheTickFromZero)
 {
     state.tickCounter = 4711;
     OnOpenPort([&](DeviceLink& link) { link.UntimedWake(); });

@@ -28,7 +28,7 @@ protected:
     DeviceLink link{line};
 };
 
-TEST_F(WriteExchangeTest, SendsItsFrameBehindAnAnsweredWakeAndSettles)
+TEST_F(WriteExchangeTest, SendsItsFrameAfterAnAnsweredWakeAndSettles)
 {
     EXPECT_TRUE(Exchange());
 

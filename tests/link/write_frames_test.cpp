@@ -132,7 +132,7 @@ TEST_F(WriteFramesTest, ALongTextIsCutAtItsBox)
     EXPECT_EQ(port.sent[1], "D00000+1.1111+0.2222-3.3333-0.4444P\r");
 }
 
-TEST_F(WriteFramesTest, EveryByteGoesOutAsItStands)
+TEST_F(WriteFramesTest, EveryByteGoesOutUnchanged)
 {
     const std::string odd("\0\r\n\xE0\x80\xFF !", 8);
     panel.header[Site].SetText(odd);

@@ -63,7 +63,7 @@ TEST(BoxEdit, IsTiedToItsBoxUntilDetached)
         panel::BoxEdit edit(box, nullptr);
         edit.setText("a");
     }
-    box.SetText("b"); // nobody listens any more
+    box.SetText("b"); // nobody listens now
     EXPECT_EQ(box.Text(), "b");
 }
 
@@ -110,7 +110,7 @@ TEST_F(Boxes, ALetterWithItsAccentApartIsOneByte)
     EXPECT_EQ(panel.header[Client].Text(), "caff\xE8");
 }
 
-TEST_F(Boxes, NulAndCarriageReturnOfTheUnitSurviveAnEditBesideThem)
+TEST_F(Boxes, NulAndCarriageReturnOfTheUnitSurviveAnEditNextToThem)
 {
     panel.header[Site].SetText(std::string("A\0B\rC", 5));
     Edit("Text4").setCursorPosition(5);

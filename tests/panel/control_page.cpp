@@ -185,7 +185,7 @@ constexpr std::string_view kIntroduction = "# The controls of the main window\n"
                                            "\n"
                                            "Made from the table that the window itself is made "
                                            "from (`src/panel/control_table.cpp`); a test\n"
-                                           "compares the two. The rows stand in the order of the "
+                                           "compares the two. The rows are in the order of the "
                                            "Tab key. Texts in quotes are literal, blanks\n"
                                            "included.\n"
                                            "\n";

@@ -228,7 +228,7 @@ TEST(ControlTable, NamesEachControlOnceAndPutsItOnOneNamedBefore)
     std::set<std::string_view> names;
     for (const ControlRow& row : ControlTable()) {
         EXPECT_TRUE(row.parent.empty() || names.contains(row.parent)) << row.name;
-        EXPECT_TRUE(names.insert(row.name).second) << row.name << " stands twice";
+        EXPECT_TRUE(names.insert(row.name).second) << row.name << " is there twice";
     }
 }
 
@@ -256,7 +256,7 @@ TEST(CommandTable, HoldsEveryCommandAtItsPlaceWithTheFileOfItsHandler)
 }
 
 /// To renew the page after a change of the table, run this test with TARVEX_RENEW_DOCS set.
-TEST(ControlPage, StandsInTheDocumentsAsTheTableSaysIt)
+TEST(ControlPage, IsInTheDocumentsAsTheTableSays)
 {
     const std::filesystem::path page = kSources / "docs" / "controls.md";
     if (std::getenv("TARVEX_RENEW_DOCS") != nullptr) WriteFile(page, ControlPage());

@@ -89,7 +89,7 @@ class ComingBack : public Away, public ::testing::WithParamInterface<Order>
 {
 protected:
     /// As by a press on a window that knows of its activation before its focus does: the control is
-    /// told of the focus, and the field that had it is not.
+    /// notified of the focus, and the field that had it is not.
     static void FocusByMouse(QWidget& widget)
     {
         if (!widget.isEnabled()) return;

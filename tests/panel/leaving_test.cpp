@@ -24,7 +24,7 @@ protected:
     /// How often a command has opened the port.
     long Openings() const { return std::ranges::count(port.history, "open"); }
 
-    /// A real modal box that the operator answers after `meanwhile`, while the planned one stands.
+    /// A real modal box that the operator answers after `meanwhile`, while the planned one is open.
     void StandModal(const std::function<void()>& meanwhile) const
     {
         QMessageBox box(window.get());

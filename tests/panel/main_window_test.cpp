@@ -65,7 +65,7 @@ TEST_F(MainForm, HasItsThreeTabs)
     EXPECT_EQ(strip.tabText(2), "Setup Tar Vex");
 }
 
-TEST_F(MainForm, TellsAssistiveToolsWhatMayStandInABox)
+TEST_F(MainForm, TellsAssistiveToolsWhatABoxMayHold)
 {
     EXPECT_EQ(Edit("Text8").accessibleDescription(), "2 - 4");
     EXPECT_EQ(Named<QLabel>("LabelText3").buddy(), &Edit("Text3"));
@@ -218,7 +218,7 @@ TEST_F(MainForm, RunsTheCommandsOfTheLeftColumn)
     EXPECT_EQ(firstFrame("Command7"), "C00000");
 }
 
-TEST_F(MainForm, DownloadsTheBlockBehindItsButton)
+TEST_F(MainForm, DownloadsABlockByItsButton)
 {
     state.reportFolder = folder.Path();
     panel.downloadButton.Enable();

@@ -96,7 +96,7 @@ TEST_F(PastedText, IsCutInEveryBoxThatTakesTyping)
     }
 }
 
-TEST_F(PastedText, KeepsWhatIsBesideIt)
+TEST_F(PastedText, KeepsWhatIsAroundIt)
 {
     TypeInto("Text4", "ABCD");
     Edit("Text4").setCursorPosition(2);

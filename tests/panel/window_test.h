@@ -29,7 +29,7 @@ public:
     void ShowDatabasePanel() override { opened.emplace_back("database panel"); }
 };
 
-/// Port names that tell how often they were asked.
+/// Port names that count how often they were asked.
 class CountedPortNames : public PortNames
 {
 public:

@@ -66,7 +66,7 @@ TEST_F(CycleDelayTest, EndsWithoutAWordWhenThePortCannotBeOpened)
     EXPECT_LINK_AT_REST();
 }
 
-TEST_F(CycleDelayTest, SendsTheDelayAsItStandsOnceTheUnitIsAwake)
+TEST_F(CycleDelayTest, SendsTheDelayAsTypedOnceTheUnitIsAwake)
 {
     unit.onWake = [&](int) { panel.cycleDelay.SetText("8"); };
     Press();

@@ -58,7 +58,7 @@ TEST_F(WriteClockTest, OpensNoPortWhenTheOperatorCancels)
     EXPECT_EQ(finishedHandlers, 1);
 }
 
-TEST_F(WriteClockTest, EndsWithoutAWordBehindTheQuestionWithoutADayOrHours)
+TEST_F(WriteClockTest, EndsWithoutAWordAfterTheQuestionWithoutADayOrHours)
 {
     Fill("14", "04", "", "10", "15", "30");
     PressAndConfirm();
@@ -88,7 +88,7 @@ TEST_F(WriteClockTest, SendsWhatIsTypedWithoutPaddingAndWithoutAnyCheck)
     EXPECT_EQ(port.sent.back(), "G1xy 999\xE0\r");
 }
 
-TEST_F(WriteClockTest, SendsTheFieldsAsTheyStandOnceTheUnitIsAwake)
+TEST_F(WriteClockTest, SendsTheFieldsAsTypedOnceTheUnitIsAwake)
 {
     unit.onWake = [&](int) { panel.clock.seconds.SetText("31"); };
     PressAndConfirm();

@@ -52,8 +52,8 @@ std::string HeaderOnPanel(const TestProgram& program);
 /// The five hidden boxes as one text: a CalibrationPayload when they show a record.
 std::string CalibrationOnPanel(const TestProgram& program);
 
-/// From now on every text assigned to `box` stands in the port's history as `name` and "=" and the
-/// text.
+/// From now on every text assigned to `box` is noted in the port's history as `name` and "=" and
+/// the text.
 void LogTexts(TestProgram& program, std::string name, TextBox& box);
 
 } // namespace tarvex::tests

@@ -49,11 +49,11 @@ public:
     /// hidden ones of the calibration.
     std::vector<std::string> HeaderBoxTexts() const;
 
-    /// From now on every showing and hiding of the indicator stands in the port's history, as
+    /// From now on every showing and hiding of the indicator is noted in the port's history, as
     /// "Label34 on" and the like.
     void LogIndicator();
 
-    /// The reason of the failure that a handler let go up, if one did; the box told it.
+    /// The reason of the failure that a handler let go up, if one did; the box showed it.
     std::optional<std::string> unhandledFailure;
 
     /// Handlers that ran to their end, in order of ending; one cut off by the end of the program

@@ -47,7 +47,7 @@ public:
     DatabaseForms(const DatabaseForms&) = delete;
     DatabaseForms& operator=(const DatabaseForms&) = delete;
 
-    /// The window that the forms stand above; without one they stand alone.
+    /// The window that the forms stay above; without one each is on its own.
     void StandAbove(QWidget* mainForm) { mainForm_ = mainForm; }
 
     /// Run on each form when it is loaded: gives it the look of the main form.

@@ -20,6 +20,7 @@ public:
         std::function<void()> displayDatabase;
     };
 
+    /// Runs each action through `handlers`, which must outlive the form.
     Form4(Handlers& handlers, const Actions& actions, QWidget* parent);
 
 private:

@@ -65,7 +65,8 @@ void Form5::Build(Handlers& handlers)
 {
     DataGrid1->setObjectName("DataGrid1");
     DataGrid1->setAccessibleName("Survey rows");
-    DataGrid1->OnCommit([this](const QString& mark, const QString& reason) { Tell(mark, reason); });
+    DataGrid1->OnCommit(
+        [this](const QString& mark, const QString& reason) { Report(mark, reason); });
     // Queued, for an editor that closes gives the grid the keyboard in the middle of it.
     DataGrid1->onFocus = [this] {
         QMetaObject::invokeMethod(
@@ -102,7 +103,7 @@ void Form5::Build(Handlers& handlers)
     DataGrid1->setFocus();
 }
 
-void Form5::Tell(const QString& mark, const QString& reason)
+void Form5::Report(const QString& mark, const QString& reason)
 {
     notice_->setText(QString("The mark \"%1\" is not stored: %2").arg(mark, reason));
     notice_->setVisible(!reason.isEmpty());

@@ -21,7 +21,7 @@ class Form5 : public QWidget
 {
 public:
     /// The columns of `rows` are the fields of a survey row; its revert() makes it current, and its
-    /// Qt::StatusTipRole tells why the last mark was refused.
+    /// Qt::StatusTipRole says why the last mark was refused.
     Form5(Handlers& handlers, std::unique_ptr<QAbstractItemModel> rows, QWidget* parent);
     ~Form5() override;
 
@@ -37,7 +37,7 @@ protected:
 
 private:
     void Build(Handlers& handlers);
-    void Tell(const QString& mark, const QString& reason);
+    void Report(const QString& mark, const QString& reason);
 
     std::unique_ptr<QAbstractItemModel> rows_;
     SurveyGrid* DataGrid1;

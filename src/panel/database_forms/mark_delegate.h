@@ -8,13 +8,14 @@
 namespace tarvex::panel
 {
 
-/// Edits a transfer mark in its cell, and can be told to bring an open edit to its end. A mark that
+/// Edits a transfer mark in its cell, and can end an open edit when asked. A mark that
 /// the rows refuse stays in its editor.
 class MarkDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// A line edit, from now on the one under way; its mark is not refused yet.
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
 
@@ -23,6 +24,7 @@ public:
     /// Leaves a refused mark as it was typed.
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
 
+    /// Gives the mark to its row, and the outcome to `onCommit`.
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
 

@@ -85,12 +85,12 @@ bool SurveyGrid::CommitEdit()
     return !delegate_->IsRefused();
 }
 
-void SurveyGrid::OnCommit(std::function<void(const QString& mark, const QString& reason)> tell)
+void SurveyGrid::OnCommit(std::function<void(const QString& mark, const QString& reason)> report)
 {
-    delegate_->onCommit = std::move(tell);
+    delegate_->onCommit = std::move(report);
 }
 
-/// Two editors at once would leave one of them behind.
+/// With two editors at once one of them would never close.
 bool SurveyGrid::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
     if ((editTriggers() & trigger) != 0 && delegate_->IsRefused() && !CommitEdit()) {

@@ -16,6 +16,7 @@ class MarkDelegate;
 class SurveyGrid : public QTableView
 {
 public:
+    /// An empty grid until ShowRows.
     explicit SurveyGrid(QWidget* parent);
     using QTableView::edit;
 
@@ -25,8 +26,8 @@ public:
     /// Brings an edit under way into its row. False when its mark cannot be stored.
     bool CommitEdit();
 
-    /// Run with the outcome of each mark, as MarkDelegate tells it.
-    void OnCommit(std::function<void(const QString& mark, const QString& reason)> tell);
+    /// Run with the outcome of each mark, as MarkDelegate reports it.
+    void OnCommit(std::function<void(const QString& mark, const QString& reason)> report);
 
     /// Run when the grid gets the keyboard.
     std::function<void()> onFocus = [] {};

@@ -10,6 +10,7 @@ namespace tarvex::panel
 class ClockDialog final : public SettingsDialog
 {
 public:
+    /// Its buttons run their commands with what `context` holds.
     ClockDialog(const DialogContext& context, QWidget* parent);
 };
 

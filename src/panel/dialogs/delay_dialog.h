@@ -10,6 +10,7 @@ namespace tarvex::panel
 class DelayDialog final : public SettingsDialog
 {
 public:
+    /// Its buttons run their commands with what `context` holds.
     DelayDialog(const DialogContext& context, QWidget* parent);
 };
 

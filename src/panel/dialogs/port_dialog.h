@@ -13,6 +13,7 @@ namespace tarvex::panel
 class PortDialog final : public SettingsDialog
 {
 public:
+    /// Its options choose the port of the line that `context` holds.
     PortDialog(const DialogContext& context, QWidget* parent);
 
 private:

@@ -34,7 +34,7 @@ const std::string& Version()
     return version;
 }
 
-/// The caption of the first row about the maker: it stands a little apart.
+/// The caption of the first row about the maker: it has a little room above it.
 constexpr std::string_view kFirstOfMaker = "Software :";
 constexpr int kApart = 10;
 

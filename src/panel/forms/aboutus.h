@@ -11,6 +11,7 @@ namespace tarvex::panel
 class AboutUs : public QDialog
 {
 public:
+    /// Runs its button's handler through `handlers`, which must outlive the box.
     AboutUs(Handlers& handlers, QWidget* parent);
 
 private:

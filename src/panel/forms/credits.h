@@ -3,7 +3,7 @@
 #include <string_view>
 
 /// Everything that names the maker, in one place: whoever ships the program writes his own lines
-/// here. The packaging reads kMakerName and kMakerHost from this file as well.
+/// here. The packaging reads kMakerName and kMakerHost from this file too.
 namespace tarvex::panel
 {
 

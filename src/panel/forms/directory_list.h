@@ -18,6 +18,7 @@ class FolderTree;
 class DirectoryList : public QTreeView
 {
 public:
+    /// An empty tree until SetFolder.
     explicit DirectoryList(QWidget* parent);
 
     /// The current folder; empty when there is none.

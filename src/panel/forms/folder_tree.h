@@ -17,6 +17,7 @@ namespace tarvex::panel
 class FolderTree : public QAbstractItemModel
 {
 public:
+    /// Without rows until they are asked for; `style` gives the icons.
     FolderTree(const QStyle& style, QObject* parent);
     ~FolderTree() override;
 
@@ -58,7 +59,7 @@ private:
     void Insert(const QModelIndex& index, std::size_t row, std::vector<Name> names);
 
     std::unique_ptr<Node> top_; // the roots are inside it
-    const QIcon driveIcon_;     // each icon once: a copy made anew keeps pictures of its own
+    const QIcon driveIcon_;     // each icon once: a new copy keeps pictures of its own
     const QIcon folderIcon_;
 };
 

@@ -124,8 +124,8 @@ void Form6::ChangeDrive()
     }
 }
 
-/// Shows where the list stands, and offers OK only where the reports can be written: a download
-/// into a folder that takes no files would never come to its end.
+/// Shows the current folder of the list, and offers OK only where the reports can be written: a
+/// download into a folder that takes no files would never come to its end.
 void Form6::ShowFolder()
 {
     const auto folder = Dir1->Folder();

@@ -34,6 +34,7 @@ public:
         std::filesystem::path startFolder; ///< `dati` lies here
     };
 
+    /// Builds the form and loads the list; its parts in `world` must outlive it.
     Form6(const World& world, QWidget* parent);
 
 private:

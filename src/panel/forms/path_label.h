@@ -10,9 +10,12 @@ namespace tarvex::panel
 class PathLabel : public QLabel
 {
 public:
+    /// An empty line.
     explicit PathLabel(QWidget* parent);
 
+    /// Shows this path in place of the one before.
     void ShowPath(const QString& path);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -15,7 +15,7 @@ struct Place {
 };
 
 /// The mount points in a mount table of the form of /proc/self/mountinfo, in its order. Read from
-/// the table alone: asking each volume would hang on a server that is away.
+/// the table alone: asking each volume would wait for a server that is away.
 std::vector<std::filesystem::path> MountPoints(std::istream& mountTable);
 
 /// The places of a machine without drive letters: the start folder, which is the first unless it is

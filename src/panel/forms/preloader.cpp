@@ -99,7 +99,7 @@ void Preloader::Unload()
     deleteLater();
 }
 
-// No window manager places a splash alike; it stands in the middle once its size is settled.
+// No window manager places a splash alike; it is put in the middle once its size is settled.
 void Preloader::showEvent(QShowEvent* event)
 {
     adjustSize();

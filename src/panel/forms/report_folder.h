@@ -18,11 +18,11 @@ bool IsFolderName(const std::filesystem::path& name);
 /// True when the folder can be looked into: false for an empty drive or a volume taken away.
 bool CanBeListed(const std::filesystem::path& folder);
 
-/// True when this user has the rights to make something in the folder, as far as rights tell.
+/// True when this user has the rights to make something in the folder, as far as rights show it.
 bool MayBeWritten(const std::filesystem::path& folder);
 
 /// True when something can really be made in the folder. Tries it, and leaves no trace: rights
-/// alone do not tell for every user and every file system.
+/// alone do not decide for every user and every file system.
 bool CanBeWritten(const std::filesystem::path& folder);
 
 } // namespace tarvex::panel

@@ -17,8 +17,8 @@ namespace tarvex::panel
 class AboutUs;
 class Preloader;
 
-/// The small windows beside the main form, one instance of each: opening an open one raises it,
-/// closing unloads it, and the next opening loads it anew. None of them is modal.
+/// The small windows that go with the main form, one instance of each: opening an open one raises
+/// it, closing unloads it, and the next opening loads it again. None of them is modal.
 class SideForms final : public Forms
 {
 public:
@@ -29,7 +29,7 @@ public:
     SideForms(const SideForms&) = delete;
     SideForms& operator=(const SideForms&) = delete;
 
-    /// The window that the others stand above; without one they stand alone. It must outlive the
+    /// The window that the others stay above; without one each is on its own. It must outlive the
     /// next opening, not this object.
     void StandAbove(QWidget* mainForm) { mainForm_ = mainForm; }
 
