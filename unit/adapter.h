@@ -11,7 +11,7 @@ namespace tarvex::unit
 
 /// The line through a USB adapter, which gathers what the unit sends: it hands its bytes to the
 /// manager when 62 are waiting or when its latency timer runs out. The timer runs all the time,
-/// also over an empty buffer, and starts anew with each packet. What the manager writes passes at
+/// also over an empty buffer, and restarts with each packet. What the manager writes passes at
 /// once.
 ///
 /// It is used like the pacer that it reads from. Without a timer it is that pacer.

@@ -50,7 +50,7 @@ struct Delivery {
 /// The line between the manager and the unit, both directions at their pace, by whatever clock the
 /// caller keeps. The caller hands over what the manager writes, sleeps until NextDue, and delivers.
 ///
-/// All moments are reckoned from the moments at which the bytes before were due, not from those at
+/// All moments are counted from the moments at which the bytes before were due, not from those at
 /// which the caller got round to them, so a caller that wakes a little late every time does not
 /// slow down the conversation as a whole.
 class Pacer

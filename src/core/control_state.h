@@ -8,7 +8,8 @@
 namespace tarvex
 {
 
-/// A part of the panel that somebody shows: whoever draws it hears of every change.
+/// A part of the panel that is shown on the screen: the code that draws it is called at every
+/// change.
 class Watched
 {
 public:
@@ -103,7 +104,7 @@ class Picture : public Control
 {
 public:
     Picture() : Control(false, true) {}
-    /// Has the drawing cleared by whoever shows it.
+    /// Clears the drawing on the screen.
     void Clear() { Changed(); }
 };
 

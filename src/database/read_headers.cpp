@@ -44,7 +44,7 @@ void AddTube(SurveyHandle& row, const BlockHeader& header)
     row.SetField("nlet", 0.0);
     if (HasReading(header)) {
         row.SetField("l0", Reading(header));
-        row.SetField("nlet", 0.0); // once more, in case that the first one failed
+        row.SetField("nlet", 0.0); // again, in case the first one failed
     }
     row.Update();
 }

@@ -53,7 +53,7 @@ public:
     /// `ticks`. Nothing is taken from the port.
     void SettleWait(int ticks);
 
-    /// Stops the tick; the next exchange starts it afresh.
+    /// Stops the tick; the next exchange starts it again.
     void StopTick() { timer_.Disable(); }
 
     /// What has last been taken from the port in this operation; empty before. A failing take

@@ -20,7 +20,7 @@ struct PortChoice {
     std::filesystem::path device;
 };
 
-/// Finds the device of a port number anew each time it is asked, since adapters come and go.
+/// Finds the device of a port number each time it is asked, since adapters come and go.
 ///
 /// A link or device `com<n>` in the start folder decides alone, even when the link leads nowhere:
 /// an operator who has tied a number to an adapter must never reach another instrument by it.

@@ -21,7 +21,7 @@ bool Application::notify(QObject* receiver, QEvent* event)
     try {
         return QApplication::notify(receiver, event);
     } catch (const ProgramEnded&) {
-        // Whoever waits above is ended by its own next pass of the pump.
+        // A handler that waits outside this one is ended by its own next pass of the pump.
     } catch (const std::exception& failure) {
         if (!report_) throw;
         Note(failure.what());

@@ -8,7 +8,7 @@
 namespace tarvex::platform
 {
 
-/// The toolkit's event queue. Once the program has ended, no pass runs any event more.
+/// The toolkit's event queue. Once the program has ended, a pass runs no more events.
 class QtEventPump : public EventPump
 {
 public:

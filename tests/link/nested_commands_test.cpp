@@ -83,7 +83,7 @@ TEST_F(NestedCommandsTest, ASilentUnitIsReportedByTheInnerReadAndThenByTheOuterO
     boxes.Expect("Attention: TAR--VEX not connected", note);
     ReadBlockFiveAt(250);
     Read();
-    // The inner wake starts the ticks anew, and the outer one finds them run out.
+    // The inner wake starts the ticks again, and the outer one finds them run out.
     EXPECT_THAT(reported, ElementsAre(800, 800));
     EXPECT_THAT(port.history, ElementsAre("port 1", "open", "> }", "> }", "close"));
     EXPECT_EQ(Shown()[0], "CLIENT 1");

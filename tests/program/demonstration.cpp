@@ -89,8 +89,8 @@ bool Demonstration::Download()
     const qint64 start = clock_.elapsed();
     AtPanel().Click("command3d1");
     Say(QStringLiteral("Ok: the download has ended after %1 s, last address %2")
-             .arg(static_cast<double>(clock_.elapsed() - start) / 1000, 0, 'f', 1)
-             .arg(AtPanel().Text("Text17")));
+            .arg(static_cast<double>(clock_.elapsed() - start) / 1000, 0, 'f', 1)
+            .arg(AtPanel().Text("Text17")));
     return std::filesystem::exists(program_.State().reportFolder / "datiram.dat");
 }
 

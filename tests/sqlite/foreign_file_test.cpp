@@ -12,7 +12,7 @@ namespace
 using ::testing::ElementsAre;
 using namespace std::string_literals;
 
-/// What lies under the database's name is not, or not wholly, what the program made.
+/// The file under the database's name is not, or not entirely, what the program made.
 class ForeignFileTest : public SurveyTest
 {
 protected:

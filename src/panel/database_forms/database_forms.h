@@ -21,7 +21,7 @@ namespace tarvex::panel
 {
 
 /// The windows of the survey database, one instance of each: opening an open one raises it, closing
-/// unloads it, and the next opening loads it anew. Neither is modal.
+/// unloads it, and the next opening loads it again. Neither is modal.
 class DatabaseForms
 {
 public:

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// Everything that names the maker, in one place: whoever ships the program writes his own lines
+/// Everything that names the maker, in one place: a distributor of the program writes other lines
 /// here. The packaging reads kMakerName and kMakerHost from this file too.
 namespace tarvex::panel
 {

@@ -31,7 +31,7 @@ public:
         ControlPanel& panel;
         Handlers& handlers;
         MessageBoxes& boxes;
-        std::filesystem::path startFolder; ///< `dati` lies here
+        std::filesystem::path startFolder; ///< the one that holds `dati`
     };
 
     /// Builds the form and loads the list; its parts in `world` must outlive it.

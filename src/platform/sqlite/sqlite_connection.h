@@ -57,7 +57,7 @@ public:
     /// Raises the failure of `result`.
     [[noreturn]] void Fail(int result) const;
 
-    /// A step begins: the time allowed for it starts anew.
+    /// A step begins: the time allowed for it starts again.
     void StartPatience() const { stepChecks_ = 0; }
 
 private:

@@ -26,7 +26,7 @@ class SurveyTableModel : public QAbstractTableModel
 public:
     using DatabasePath = std::function<std::filesystem::path()>;
 
-    /// `path` is asked anew each time: the database is where the program works at that moment.
+    /// `path` is asked each time: the database is where the program works at that moment.
     explicit SurveyTableModel(DatabasePath path, QObject* parent = nullptr);
 
     int rowCount(const QModelIndex& parent = {}) const override;
