@@ -44,6 +44,26 @@ TEST_F(WriteHeadersTest, WithoutAHeaderFileTheMarksAreClearedAllTheSame)
     EXPECT_EQ(finishedHandlers, 1);
 }
 
+/// The handle of the table is one for both commands: an opening that fails leaves none, and not the
+/// one that Read Headers walks.
+TEST_F(WriteHeadersTest, UnderTheBoxOfReadHeadersAFailingOpeningTouchesNoRow)
+{
+    AddRow(DamRow("5"));
+    PutHeader(1, DamHeader("30", "170926  ", "101112  "));
+    boxes.Expect("ATTENTION: Already there were executed 25 readings ", [&] {
+        engine.fails = [](int, const std::string& call) { return call == "OpenTable"; };
+        Write();
+        EXPECT_EQ(finishedHandlers, 1);
+        EXPECT_THAT(Marks(), ElementsAre("5"));
+    });
+    boxes.Expect(kBadDepth);
+    Read();
+    EXPECT_THAT(WrittenRecords(), ElementsAre(1));
+    EXPECT_THAT(Marks(), ElementsAre("5"));
+    EXPECT_EQ(gridsShown, 1);
+    EXPECT_EQ(finishedHandlers, 2);
+}
+
 TEST_F(WriteHeadersTest, TheHandleIsSpentAtTheEnd)
 {
     AddRow(DamRow("5"));

@@ -182,6 +182,23 @@ TEST_F(NestedCommandsTest, AReadInsideTheDownloadsReplyWaitLeavesRowsWithoutRead
     EXPECT_LINK_AT_REST();
 }
 
+TEST_F(NestedCommandsTest, ADownloadInsideTheWalkLeavesNoTitleInTheRowsThatFollow)
+{
+    std::filesystem::create_directory(folder / "other");
+    MissRead(12);
+    world.At(30'000, [&] {
+        state.reportFolder = folder / "other"; // or its work file would take the place of this one
+        Download();
+        EXPECT_EQ(state.dataRecord.text.Text(), TitleRecord().substr(0, 40));
+    });
+    Download();
+    const std::vector<std::string> empty = {"", "", "", ""};
+    EXPECT_EQ(
+        FileBytes(folder / "reports" / "datiram.dat"),
+        WorkFileOf({SmallSurveyRows()[0], RowRecord("001.0", empty), RowRecord("000.5", empty)}));
+    EXPECT_EQ(finishedHandlers, 2);
+}
+
 TEST_F(NestedCommandsTest, AReadInsideTheDownloadsHeaderLeavesReportsOfWhatItHad)
 {
     MissWake(3);

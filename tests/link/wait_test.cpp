@@ -170,6 +170,26 @@ TEST_F(WaitTest, AWaitTestsBeforeItSleeps)
     EXPECT_EQ(endedAt, 0);
 }
 
+/// What an event brings about at the same moment comes with the pass after it: restarting the tick
+/// is one pass, and the wait begins with another.
+TEST_F(WaitTest, TwoPassesOfEventsRunBeforeItsFirstTest)
+{
+    SilenceUnit();
+    bool first = false;
+    bool second = false;
+    OnOpenPort([&](DeviceLink& link) {
+        port.Receive("12345678901234");
+        world.After(0, [&] {
+            first = true;
+            world.After(0, [&] { second = true; });
+        });
+        link.AwaitReply(14);
+        EXPECT_TRUE(first);
+        EXPECT_TRUE(second);
+    });
+    EXPECT_EQ(finishedHandlers, 1);
+}
+
 TEST_F(WaitTest, AWaitCostsOnePassAnEvent)
 {
     SilenceUnit();

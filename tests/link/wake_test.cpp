@@ -88,6 +88,20 @@ TEST_F(WakeTest, TakesAByteThatComesJustBeforeTheSixthTick)
     EXPECT_EQ(state.tickCounter, 5);
 }
 
+TEST_F(WakeTest, AReplyAwaitedInsideItStartsItsTicksAnew)
+{
+    SilenceUnit();
+    world.At(350, [&] { ClickLink([](DeviceLink& inner) { inner.AwaitReply(14); }); });
+    ReceiveAt(650, "12345678901234");
+    ReceiveAt(850, "!");
+    Wake();
+    EXPECT_TRUE(woke);
+    EXPECT_EQ(reply, "!");
+    EXPECT_EQ(endedAt, 850) << "three ticks before the inner wait, five since its start";
+    EXPECT_EQ(state.tickCounter, 5);
+    EXPECT_EQ(finishedHandlers, 2);
+}
+
 TEST_F(WakeTest, DropsAByteThatComesOnThePassOfTheSixthTick)
 {
     SilenceUnit();
