@@ -231,5 +231,22 @@ TEST_F(NestedInSetAllTest, TheProgramsEndUnderANestedBoxEndsBoth)
     EXPECT_EQ(state.currentBlock, 4);
 }
 
+TEST_F(LogicTest, StepUpInTheWakeOfSetBlockSendsTheNextRecordToTheNextBlock)
+{
+    OpenOwnTableAt(*this, 3);
+    unit.latency = 10;
+    world.At(5, [&] { Click([&] { StepRecordUp(panel, state); }); });
+    boxes.ExpectQuestion(kBlocksQuestion, true);
+
+    PressSetBlock(*this);
+
+    EXPECT_EQ(port.sent,
+              (std::vector<std::string>{"}", HeaderFrame(3, OwnRecord(4)), "}", "b000F500\r"}));
+    EXPECT_EQ(panel.blockNumber.Text(), "04");
+    EXPECT_EQ(StoredTable(*this), OwnTable());
+    EXPECT_LINK_AT_REST();
+    EXPECT_EQ(finishedHandlers, 2);
+}
+
 } // namespace
 } // namespace tarvex::tests
