@@ -11,7 +11,7 @@ namespace
 
 TEST_F(FormsTest, EveryWidgetOfEverySideFormHasAName)
 {
-    LoadMainForm(panel, state, headers, [this] { return folder.Path(); });
+    LoadMainForm(panel, state, [this] { return folder.Path(); });
     forms.ShowSplash([] {});
     forms.ShowAbout();
     forms.ShowFolderChooser();
