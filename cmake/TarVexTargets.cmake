@@ -57,16 +57,18 @@ function(tarvex_test_target name)
     endif()
 endfunction()
 
-# tarvex_test(NAME [TOOLKIT] [ALONE] SOURCES ... LINKS ...): one program of GoogleTest cases, run as one
-# test of that name. ALONE: its own build of all headers, for a program that links Qt without Widgets.
+# tarvex_test(NAME [TOOLKIT] SOURCES ... LINKS ...): one program of GoogleTest cases, run as one test
+# of that name. One with windows links tarvex_window_main, and TOOLKIT shows them on no desktop.
 function(tarvex_test name)
-    cmake_parse_arguments(ARG "TOOLKIT;ALONE" "" "SOURCES;LINKS" ${ARGN})
+    cmake_parse_arguments(ARG "TOOLKIT" "" "SOURCES;LINKS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main tarvex::options)
+    add_test(NAME ${name} COMMAND ${name})
     if(ARG_TOOLKIT)
         tarvex_test_target(${name} TOOLKIT)
-    elseif(NOT ARG_ALONE)
+        set_tests_properties(
+            ${name} PROPERTIES ENVIRONMENT_MODIFICATION QT_QPA_PLATFORM=set:offscreen)
+    else()
         tarvex_test_target(${name})
     endif()
-    add_test(NAME ${name} COMMAND ${name})
 endfunction()

@@ -1,6 +1,6 @@
 #include "forms/forms_test.h"
-#include "forms/ordinary_user.h"
 #include "panel/forms/texts.h"
+#include "support/ordinary_user.h"
 
 #include <QApplication>
 #include <QClipboard>

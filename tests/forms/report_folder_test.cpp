@@ -1,7 +1,7 @@
 #include "panel/forms/report_folder.h"
 
 #include "core/failure.h"
-#include "forms/ordinary_user.h"
+#include "support/ordinary_user.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

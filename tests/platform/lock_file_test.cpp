@@ -1,6 +1,7 @@
 #include "platform/lock_file.h"
 
 #include "platform/other_program.h"
+#include "support/ordinary_user.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -104,9 +105,8 @@ TEST_F(LockFile, OfALivingProcessKeepsTheDeviceAndStays)
 TEST_F(LockFile, OfAnotherUsersLivingProcessKeepsTheDevice)
 {
     Leave("LCK..ttyUSB0", "1\n");
-    fs::permissions(folder.Path(), fs::perms(0755));
-    EXPECT_EQ(FailureForOrdinaryUser([&] { return HoldByLockFile(adapter, folders).has_value(); }),
-              "");
+    const OrdinaryUser user(folder.Path());
+    EXPECT_TRUE(HoldByLockFile(adapter, folders));
 }
 
 TEST_F(LockFile, ThatNamesNobodyKeepsTheDeviceSinceNobodyKnows)
@@ -134,10 +134,11 @@ TEST_F(LockFile, OfADeadProcessKeepsNothingWhereItMayNotBeRemoved)
     if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can leave another user's file";
     const fs::path dead = Leave("LCK..ttyUSB0", std::to_string(EndedProcess()) + "\n");
     fs::permissions(folder.Path(), fs::perms(01777));
-    EXPECT_EQ(FailureForOrdinaryUser([&] {
-                  return !HoldByLockFile(adapter, folders) && !RemoveLockFiles(adapter, folders);
-              }),
-              "");
+    {
+        const OrdinaryUser user;
+        EXPECT_FALSE(HoldByLockFile(adapter, folders));
+        EXPECT_FALSE(RemoveLockFiles(adapter, folders));
+    }
     EXPECT_TRUE(fs::exists(dead));
 }
 

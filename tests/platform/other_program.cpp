@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <exception>
 #include <fcntl.h>
-#include <grp.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -48,29 +46,6 @@ pid_t EndedProcess()
     if (child == 0) ::_exit(0);
     EXPECT_EQ(::waitpid(child, nullptr, 0), child);
     return child;
-}
-
-std::string FailureForOrdinaryUser(const std::function<bool()>& check)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        constexpr id_t kNobody = 65534;
-        if (::getuid() == 0 &&
-            (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)) {
-            ::_exit(2);
-        }
-        try {
-            ::_exit(check() ? 0 : 1);
-        } catch (const std::exception&) {
-            ::_exit(3);
-        }
-    }
-    int status = 0;
-    EXPECT_EQ(::waitpid(child, &status, 0), child);
-    if (!WIFEXITED(status)) return "the check ended by a signal";
-    if (WEXITSTATUS(status) == 3) return "the check threw";
-    if (WEXITSTATUS(status) == 2) return "no way to become another user";
-    return WEXITSTATUS(status) == 0 ? "" : "it does not hold";
 }
 
 } // namespace tarvex::tests

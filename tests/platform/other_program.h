@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <functional>
-#include <string>
 #include <sys/types.h>
 
 namespace tarvex::tests
@@ -33,9 +32,5 @@ inline bool Opens(int descriptor)
 
 /// The number of a process that has ended.
 pid_t EndedProcess();
-
-/// Runs `check` in a process of its own that has no more rights than an ordinary user; empty when
-/// it holds, else why not.
-std::string FailureForOrdinaryUser(const std::function<bool()>& check);
 
 } // namespace tarvex::tests

@@ -1,5 +1,6 @@
 #include "platform/other_program.h"
 #include "platform/port_test.h"
+#include "support/ordinary_user.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -116,18 +117,15 @@ TEST_F(SerialPortLock, OfADeadProcessThatMayNotBeRemovedIsNoLockEither)
 {
     if (::geteuid() != 0) GTEST_SKIP() << "only the superuser can leave another user's file";
     ASSERT_EQ(::chmod(terminal.Device().c_str(), 0666), 0);
-    ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
     for (const std::string form : {"\n", " minicom root\n"}) {
         WriteFile(lockFile.Path(), std::to_string(EndedProcess()) + form);
-        EXPECT_EQ(FailureForOrdinaryUser([&] {
-                      port.Open();
-                      port.Output("}");
-                      const bool reached = terminal.Receive(1) == "}";
-                      port.Close();
-                      return reached;
-                  }),
-                  "")
-            << form;
+        {
+            const OrdinaryUser user(folder.Path());
+            port.Open();
+            port.Output("}");
+            EXPECT_EQ(terminal.Receive(1), "}") << form;
+            port.Close();
+        }
         EXPECT_TRUE(fs::exists(lockFile.Path())) << "the folder lets nobody else remove it";
     }
 }
@@ -177,13 +175,14 @@ TEST_F(SerialPortLock, OfAnyAdvisoryKindRefusesWithoutAnOpening)
 TEST_F(SerialPortLock, ByTheExclusiveFlagRefusesWithoutAnOpening)
 {
     ASSERT_EQ(::chmod(terminal.Device().c_str(), 0666), 0);
-    ASSERT_EQ(::chmod(folder.Path().c_str(), 0755), 0);
     const OtherProgram other(terminal.Device(),
                              [](int descriptor) { return ::ioctl(descriptor, TIOCEXCL) == 0; });
     EXPECT_TRUE(watch.Opened());
     EXPECT_THAT(RefusalOf(port), StartsWith("Port in use"));
-    EXPECT_EQ(FailureForOrdinaryUser([&] { return RefusalOf(port).starts_with("Port in use"); }),
-              "");
+    {
+        const OrdinaryUser user(folder.Path());
+        EXPECT_THAT(RefusalOf(port), StartsWith("Port in use"));
+    }
     EXPECT_FALSE(watch.Opened());
     EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
 }

@@ -1,5 +1,6 @@
 #include "platform/other_program.h"
 #include "platform/port_test.h"
+#include "support/ordinary_user.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -125,9 +126,8 @@ TEST_F(SerialPortOpening, FailsWhenTheLinkLeadsToAPlainFileWhichStaysAsItIs)
 TEST_F(SerialPortOpening, FailsWhenTheOperatorMayNotUseTheDevice)
 {
     ASSERT_EQ(::chmod(terminal.Device().c_str(), 0), 0);
-    EXPECT_EQ(
-        FailureForOrdinaryUser([&] { return RefusalOf(port).starts_with("Port not permitted"); }),
-        "");
+    const OrdinaryUser user;
+    EXPECT_THAT(RefusalOf(port), StartsWith("Port not permitted"));
 }
 
 TEST_F(SerialPortOpening, FailsWhenAlreadyOpenAndLeavesThePortAsItIs)

@@ -1,6 +1,6 @@
 #include "database/survey_test.h"
-#include "sqlite/ordinary_user.h"
 #include "sqlite/raw_database.h"
+#include "support/ordinary_user.h"
 
 #include <sys/stat.h>
 

@@ -201,11 +201,3 @@ TEST(RowModel, FindsTheRowNearestToADepth)
 
 } // namespace
 } // namespace tarvex::survey
-
-int main(int argc, char* argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    ::testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
-}
