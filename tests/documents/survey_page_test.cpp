@@ -1,7 +1,7 @@
 #include "database/read_headers_test.h"
 #include "documents/header_fields.h"
 #include "documents/page.h"
-#include "sqlite/raw_database.h"
+#include "platform/sqlite/raw_database.h"
 
 namespace tarvex::tests
 {

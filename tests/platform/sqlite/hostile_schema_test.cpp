@@ -1,7 +1,7 @@
 #include "database/survey_test.h"
+#include "platform/sqlite/raw_database.h"
 #include "platform/sqlite/survey_sql.h"
 #include "platform/sqlite/survey_table_model.h"
-#include "sqlite/raw_database.h"
 
 namespace tarvex::tests
 {

@@ -1,6 +1,6 @@
 #include "database/read_headers.h"
 #include "database/survey_test.h"
-#include "sqlite/raw_database.h"
+#include "platform/sqlite/raw_database.h"
 
 #include <array>
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "database_forms/database_forms_test.h"
+#include "panel/survey/database_forms_test.h"
 
 #include "platform/sqlite/sqlite_engine.h"
 

@@ -1,5 +1,5 @@
-#include "database_forms/database_forms_test.h"
-#include "sqlite/raw_database.h"
+#include "panel/survey/database_forms_test.h"
+#include "platform/sqlite/raw_database.h"
 #include "support/nameless_widgets.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "forms/forms_test.h"
+#include "panel/forms/forms_test.h"
 
 #include <QApplication>
 #include <QTest>

@@ -1,7 +1,7 @@
 #include "support/nameless_widgets.h"
 
 #include "core/start_up.h"
-#include "forms/forms_test.h"
+#include "panel/forms/forms_test.h"
 
 namespace tarvex::tests
 {

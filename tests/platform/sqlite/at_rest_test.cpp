@@ -1,5 +1,5 @@
 #include "database/survey_test.h"
-#include "sqlite/raw_database.h"
+#include "platform/sqlite/raw_database.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "database/survey_test.h"
-#include "sqlite/raw_database.h"
+#include "platform/sqlite/raw_database.h"
 #include "support/ordinary_user.h"
 
 #include <sys/stat.h>

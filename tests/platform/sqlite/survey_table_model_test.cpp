@@ -1,7 +1,7 @@
 #include "platform/sqlite/survey_table_model.h"
 
 #include "database/survey_test.h"
-#include "sqlite/raw_database.h"
+#include "platform/sqlite/raw_database.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>

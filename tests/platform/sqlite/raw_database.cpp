@@ -1,4 +1,4 @@
-#include "sqlite/raw_database.h"
+#include "platform/sqlite/raw_database.h"
 
 #include <gtest/gtest.h>
 
