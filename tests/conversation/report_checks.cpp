@@ -1,4 +1,4 @@
-#include "report_checks.h"
+#include "conversation/report_checks.h"
 
 #include "support/report_bytes.h"
 #include "support/temporary_folder.h"

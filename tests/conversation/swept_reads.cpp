@@ -1,6 +1,6 @@
 #include "blocks/block_commands.h"
-#include "blocks/fault_sweep.h"
 #include "blocks/unit_headers.h"
+#include "conversation/fault_sweep.h"
 
 namespace tarvex::tests
 {
@@ -46,15 +46,15 @@ EndState AfterReadBlock(const FaultAt& at)
     EndState end = StartState();
     end.sent = SentUnder(at, ReadFramesOf(6));
     end.readAddress = AddressOf(6, 9);
-    if (at.RunsOut() && at.wake <= kPages) {
+    if (at.StopsRead() && at.wake <= kPages) {
         end.readAddress = AddressOf(6, at.wake - 1);
-        end.notConnected = at.wake == 1;
-        if (at.wake > 1) WaitForEver(end);
+        end.notConnected = at.RunsOut() && at.wake == 1;
+        if (!end.notConnected) WaitForEver(end);
         return end;
     }
     std::vector<std::string> values = UnitValues(7);
     for (int page = 0; page < kPages; ++page) {
-        if (at.Loses(page + 1)) values[static_cast<std::size_t>(page)].clear();
+        if (at.LosesPage(page + 1)) values[static_cast<std::size_t>(page)].clear();
     }
     end.header = OnBoxes(values);
     return end;
@@ -73,7 +73,7 @@ void TakeBlock(const FaultAt& here, int index, std::vector<std::string>& values)
     const std::vector<std::string> own = UnitValues(index + 1);
     for (int page = 0; page < kPages; ++page) {
         const auto field = static_cast<std::size_t>(page);
-        if (!here.Loses(page + 1)) values[field] = own[field];
+        if (!here.LosesPage(page + 1)) values[field] = own[field];
     }
 }
 
@@ -86,10 +86,10 @@ EndState AfterReadAllBlocks(const FaultAt& at)
         const std::vector<std::string> out = SentUnder(here, ReadFramesOf(index));
         end.sent.insert(end.sent.end(), out.begin(), out.end());
         end.text2 = OwnRecord(index + 1).substr(30, 2);
-        if (at.RunsOut() && here.wake <= kPages) {
+        if (at.StopsRead() && here.wake <= kPages) {
             end.readAddress = AddressOf(index, here.wake - 1);
-            end.notConnected = here.wake == 1;
-            if (here.wake > 1) WaitForEver(end);
+            end.notConnected = at.RunsOut() && here.wake == 1;
+            if (!end.notConnected) WaitForEver(end);
             return end;
         }
         TakeBlock(here, index, values);
@@ -105,7 +105,7 @@ EndState AfterReadAllBlocks(const FaultAt& at)
 
 } // namespace
 
-const SweptCommand kReadBlock = {"ReadBlock", PressReadBlock, nullptr, 10, AfterReadBlock};
+const SweptCommand kReadBlock = {"ReadBlock", PressReadBlock, nullptr, 10, AfterReadBlock, true};
 const SweptCommand kReadAllBlocks = {"ReadAllBlocks", PressReadAllBlocks, nullptr, 300,
                                      AfterReadAllBlocks};
 

@@ -1,5 +1,5 @@
 #include "blocks/block_commands.h"
-#include "blocks/fault_sweep.h"
+#include "conversation/fault_sweep.h"
 
 namespace tarvex::tests
 {

@@ -1,7 +1,7 @@
 #include "blocks/read_block.h"
+#include "conversation/garbage_unit.h"
+#include "conversation/report_checks.h"
 #include "download/block_download.h"
-#include "garbage_unit.h"
-#include "report_checks.h"
 #include "support/logic_test.h"
 
 namespace tarvex::tests

@@ -1,4 +1,4 @@
-#include "garbage_unit.h"
+#include "conversation/garbage_unit.h"
 
 #include <array>
 

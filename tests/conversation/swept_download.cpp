@@ -1,5 +1,5 @@
 #include "blocks/block_commands.h"
-#include "blocks/fault_sweep.h"
+#include "conversation/fault_sweep.h"
 #include "download/block_download.h"
 #include "support/report_bytes.h"
 
@@ -81,12 +81,23 @@ std::vector<std::string> FramesUpTo(int wake)
     return frames;
 }
 
-/// The rows whose pages were not lost, of the pages before wake `end`.
+/// The rows whose pages were not lost, of the pages before wake `end`. A garbled page is a row of
+/// the number that four digits which are none make; without a reply after an answered wake the row
+/// is blank.
 std::vector<std::string> RowsBefore(const FaultAt& at, int end)
 {
+    const std::string none = "+02184";
     std::vector<std::string> rows;
     for (int wake = kHeaderPages + 1; wake < end; ++wake) {
-        if (!at.Loses(wake)) rows.push_back(TubeRows()[static_cast<std::size_t>(wake) - 11]);
+        const std::size_t row = static_cast<std::size_t>(wake) - 11;
+        const std::string depth = row == 0 ? "001.0" : "000.5";
+        if (at.fault == Fault::GarbledReply && wake == at.wake) {
+            rows.push_back(RowRecord(depth, {none, none, none, none}));
+        } else if (at.fault == Fault::PortClosedInReply && wake >= at.wake) {
+            rows.push_back(RowRecord(depth, {"", "", "", ""}));
+        } else if (!at.LosesPage(wake)) {
+            rows.push_back(TubeRows()[row]);
+        }
     }
     return rows;
 }
@@ -95,11 +106,11 @@ EndState AfterBlockDownload(const FaultAt& at)
 {
     EndState end = StartState();
     std::vector<std::string> values = TubeValues();
-    if (at.RunsOut() && at.wake <= kHeaderPages + 2) {
+    if (at.StopsRead() && at.wake <= kHeaderPages + 2) {
         end.sent = SentUnder(at, FramesUpTo(at.wake));
         end.readAddress = AddressOf(at.wake);
         end.downloadEnabled = false;
-        end.notConnected = at.wake == 1;
+        end.notConnected = at.RunsOut() && at.wake == 1;
         end.finished = end.notConnected;
         end.portOpen = end.indicator = !end.notConnected;
         if (at.wake > kHeaderPages) {
@@ -109,7 +120,7 @@ EndState AfterBlockDownload(const FaultAt& at)
         return end;
     }
     for (int page = 0; page < kHeaderPages; ++page) {
-        if (at.Loses(page + 1)) values[static_cast<std::size_t>(page)].clear();
+        if (at.LosesPage(page + 1)) values[static_cast<std::size_t>(page)].clear();
     }
     const int lastWake = kHeaderPages + DataPages(values);
     const std::vector<std::string> rows = RowsBefore(at, lastWake + 1);
@@ -124,7 +135,7 @@ EndState AfterBlockDownload(const FaultAt& at)
 
 } // namespace
 
-const SweptCommand kBlockDownload = {"BlockDownload", PressBlockDownload, nullptr, 12,
-                                     AfterBlockDownload};
+const SweptCommand kBlockDownload = {
+    "BlockDownload", PressBlockDownload, nullptr, 12, AfterBlockDownload, true};
 
 } // namespace tarvex::tests
