@@ -108,7 +108,6 @@ void BindToModel(const ControlRow& row, ControlPanel& panel, QWidget& widget)
 {
     if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
         edit->setReadOnly(row.locked);
-        if (row.locked) ShowLocked(*edit);
     } else if (Control* control = ControlOf(row, panel)) {
         FollowControl(*control, widget);
     } else if (StartsHidden(row)) {

@@ -1,5 +1,7 @@
 #include "panel/focus_mark.h"
 
+#include "panel/look_palette.h"
+
 #include <QApplication>
 #include <QPainter>
 
@@ -25,7 +27,7 @@ void FocusMark::paintEvent(QPaintEvent*)
     constexpr qreal kThickness = 2;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), kThickness));
+    painter.setPen(QPen(MarkColour(palette(), palette().color(QPalette::Base)), kThickness));
     const qreal inset = kThickness / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3, 3);
 }

@@ -2,14 +2,16 @@
 
 #include "panel/box_edit.h"
 #include "panel/controls.h"
+#include "panel/fit_screen.h"
 #include "panel/look.h"
+#include "panel/scroll_room.h"
 #include "panel/wait_ground.h"
 
 #include <QBoxLayout>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
+#include <QScrollBar>
 
 #include <initializer_list>
 
@@ -22,7 +24,6 @@ namespace
 constexpr int kCaption = 0, kField = 1, kHint = 2, kRest = 3; // the columns of a frame of fields
 constexpr int kNear = 6;                                      // between what belongs together
 constexpr int kWide = 16;                                     // between groups
-constexpr int kButtonHeight = 34;                             // to be hit with gloves
 
 using Names = std::initializer_list<const char*>;
 
@@ -180,9 +181,11 @@ void LayOutSetup(QWidget& window)
     grid->setRowStretch(2, 1);
 }
 
-QLayout* LeftColumn(QWidget& window)
+QWidget* LeftColumn(QWidget& window)
 {
-    auto* column = new QVBoxLayout;
+    auto* content = new QWidget(&window);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(kNear);
     column->addWidget(&ControlNamed(window, "HeadingControlPanel"));
     const auto group = [&](Names names) {
@@ -196,18 +199,23 @@ QLayout* LeftColumn(QWidget& window)
     column->addStretch();
     for (const char* name : {"Command11", "Command12"})
         column->addWidget(&ControlNamed(window, name));
-    return column;
+    auto* room = new ScrollRoom(*content, window);
+    const int whole = content->sizeHint().width() + room->verticalScrollBar()->sizeHint().width();
+    if (whole <= FreeSize(window).width() / 2) room->setMinimumWidth(whole);
+    return room;
 }
 
 QLayout* Tabs(QWidget& window)
 {
-    auto* pane = new QFrame(&window);
-    pane->setObjectName("PaneTabStrip1");
-    pane->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
-    auto* frames = new QGridLayout(pane);
+    auto* content = new QWidget(&window);
+    auto* frames = new QGridLayout(content);
     frames->setContentsMargins(0, 0, 0, 0);
     for (const char* name : {"Frame1", "Frame2", "Frame3"})
         frames->addWidget(&ControlNamed(window, name), 0, 0);
+    content->setMaximumWidth(content->sizeHint().width() * 5 / 4); // what belongs together stays so
+    auto* pane = new ScrollRoom(*content, window);
+    pane->setObjectName("PaneTabStrip1");
+    pane->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
 
     auto* tabs = new QVBoxLayout;
     tabs->setSpacing(0);
@@ -222,6 +230,7 @@ QLayout* WaitIndicator(QWidget& window)
     MakeHeading(label);
     label.setAlignment(Qt::AlignCenter);
     label.setMargin(4);
+    label.setWordWrap(true); // no text makes the window wider than its screen
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, WaitGround::TextColour());
     label.setPalette(palette);
@@ -274,24 +283,18 @@ void LayOutClock(QWidget& window)
     UseFixedWidth(window, {"Text13a", "Text1a", "Text2a", "Text14a", "Text3a", "Text4a"});
 }
 
-void SizeButtons(QWidget& window)
-{
-    for (auto* button : window.findChildren<QPushButton*>())
-        button->setMinimumSize(button->sizeHint().width() + kWide, kButtonHeight);
-}
-
 void LayOut(QWidget& window)
 {
     LayOutHeader(window);
     LayOutDownload(window);
     LayOutSetup(window);
-    SizeButtons(window);
     auto* grid = new QGridLayout(&window);
     grid->setHorizontalSpacing(kWide);
-    grid->addLayout(LeftColumn(window), 0, 0);
+    grid->addWidget(LeftColumn(window), 0, 0);
     grid->addLayout(Tabs(window), 0, 1);
     grid->addLayout(WaitIndicator(window), 1, 0, 1, 2);
     grid->setColumnStretch(1, 1);
+    grid->setRowStretch(0, 1);
 }
 
 } // namespace tarvex::panel

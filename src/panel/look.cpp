@@ -1,10 +1,14 @@
 #include "panel/look.h"
 
+#include "panel/look_palette.h"
+#include "panel/look_style.h"
+
+#include <QApplication>
+#include <QEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QLabel>
-#include <QPalette>
-#include <QWidget>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -22,27 +26,55 @@ QFont Readable(QFont font)
     return font;
 }
 
-/// The desktop's colours with full contrast between text and ground, in a light theme and in a dark
-/// one; what is disabled stays legible.
-QPalette Contrasting(QPalette palette)
+/// Keeps the contrast when the palette is set anew while the program runs. What the desktop changes
+/// comes through the style already; this is for colours set for the program alone.
+class PaletteKeeper final : public QObject
 {
-    const bool light = palette.color(QPalette::Window).lightness() > 127;
-    const QColor text = light ? Qt::black : Qt::white;
-    const QColor disabled = light ? QColor(0x6b, 0x6b, 0x6b) : QColor(0xa0, 0xa0, 0xa0);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(QPalette::Active, role, text);
-        palette.setColor(QPalette::Inactive, role, text);
-        palette.setColor(QPalette::Disabled, role, disabled);
+public:
+    explicit PaletteKeeper(QApplication& application) : QObject(&application)
+    {
+        application.installEventFilter(this);
+        Improve();
     }
-    return palette;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == parent() && event->type() == QEvent::ApplicationPaletteChange) Improve();
+        return false;
+    }
+
+private:
+    static void Improve()
+    {
+        const QPalette palette = Contrasting(QApplication::palette());
+        if (palette != QApplication::palette()) QApplication::setPalette(palette);
+        QToolTip::setPalette(palette);
+    }
+};
+
+bool IsDressed()
+{
+    return dynamic_cast<const LookStyle*>(QApplication::style()) != nullptr;
 }
 
 } // namespace
 
-void ApplyLook(QWidget& window)
+void DressProgram()
 {
-    window.setFont(Readable(window.font()));
-    window.setPalette(Contrasting(window.palette()));
+    if (IsDressed()) return;
+    // A desktop's own boxes would come in another size, and with less contrast.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QApplication::setStyle(new LookStyle);
+    const QFont font = Readable(QApplication::font());
+    QApplication::setFont(font);
+    for (const char* windowClass : {"QTipLabel", "QMessageBox", "QMenu"})
+        QApplication::setFont(font, windowClass);
+    new PaletteKeeper(*qApp);
+}
+
+void ApplyLook(QWidget&)
+{
+    DressProgram();
 }
 
 void MakeHeading(QLabel& label)
@@ -58,13 +90,6 @@ QFont FixedWidthFont()
     QFont font = Readable(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     font.setPointSizeF(font.pointSizeF() + 1); // these fonts look smaller than the others
     return font;
-}
-
-void ShowLocked(QWidget& box)
-{
-    QPalette palette = box.palette();
-    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-    box.setPalette(palette);
 }
 
 } // namespace tarvex::panel

@@ -5,6 +5,7 @@
 #include "panel/controls.h"
 #include "panel/field_leaving.h"
 #include "panel/field_rules.h"
+#include "panel/fit_screen.h"
 #include "panel/focus_mark.h"
 #include "panel/layouts.h"
 #include "panel/look.h"
@@ -48,7 +49,7 @@ public:
         new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F12), &window_, [list] { list->PopUp(); });
         new FocusMark(window_);
         ControlNamed(window_, "Text2").setFocus();
-        window_.resize(window_.sizeHint().expandedTo({920, 540}));
+        FitToScreen(window_, {920, 540});
     }
 
     ~Parts()

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QScreen>
 #include <QSettings>
 #include <QStringList>
 
@@ -16,6 +17,8 @@ namespace tarvex::platform
 
 namespace
 {
+
+constexpr QSize kWindowFrame(8, 36); // what window managers put around
 
 /// Where a dialog starts: at the file chosen last, else in its folder, else where the program is.
 std::filesystem::path StartOf(const FileDialog& dialog)
@@ -111,6 +114,9 @@ void QtFileDialog::Show(QFileDialog& dialog)
     if (!start.empty()) dialog.setDirectory(folder.Spelling());
     if (!fileName.empty()) dialog.selectFile(PathToQString(fileName.filename()));
     StayOutOfTheAlias(dialog, folder, start);
+
+    const QSize free = dialog.screen()->availableSize() - kWindowFrame;
+    dialog.resize(dialog.sizeHint().boundedTo(free));
 
     const bool chosen = dialog.exec() == QDialog::Accepted;
     if (end_.Ended()) throw ProgramEnded();

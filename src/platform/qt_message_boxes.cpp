@@ -1,10 +1,15 @@
 #include "platform/qt_message_boxes.h"
 
 #include "core/failure.h"
+#include "platform/box_place.h"
 #include "platform/qt_text.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QPointer>
+#include <QScreen>
+#include <QShowEvent>
 
 namespace tarvex::platform
 {
@@ -23,10 +28,54 @@ QWidget* WindowBelow()
     return nullptr;
 }
 
+/// Where the fields of the window lie on the screen, as far as they are in sight.
+std::vector<QRect> FieldsOf(const QWidget& window)
+{
+    std::vector<QRect> fields;
+    const auto add = [&fields](const QWidget* field) {
+        const QRect shown = field->visibleRegion().boundingRect();
+        if (!shown.isEmpty())
+            fields.emplace_back(field->mapToGlobal(shown.topLeft()), shown.size());
+    };
+    for (const QWidget* field : window.findChildren<QLineEdit*>())
+        add(field);
+    for (const QWidget* field : window.findChildren<QComboBox*>())
+        add(field);
+    return fields;
+}
+
+/// Comes up beside the fields of its window: a box speaks of one of them, and the operator must see
+/// what is in it.
+class PlacedBox final : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        QMessageBox::showEvent(event);
+        const QWidget* below = parentWidget();
+        if (event->spontaneous() || below == nullptr) return;
+        const QMargins frame = FrameOf(*below);
+        move(PlaceOfBox(size().grownBy(frame), below->screen()->availableGeometry(),
+                        below->frameGeometry(), FieldsOf(*below)));
+    }
+
+private:
+    static QMargins FrameOf(const QWidget& window)
+    {
+        const QRect inside = window.geometry();
+        const QRect all = window.frameGeometry();
+        return {inside.left() - all.left(), inside.top() - all.top(), all.right() - inside.right(),
+                all.bottom() - inside.bottom()};
+    }
+};
+
 QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text, std::string_view title,
                      QMessageBox::StandardButtons buttons)
 {
-    auto* const box = new QMessageBox(icon, ToQString(title), QString(), buttons, WindowBelow());
+    auto* const box = new PlacedBox(icon, ToQString(title), QString(), buttons, WindowBelow());
     box->setObjectName("messageBox");
     box->setTextFormat(Qt::PlainText);
     box->setText(ToQString(text));

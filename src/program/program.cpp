@@ -45,6 +45,7 @@ Program::Program(const std::filesystem::path& startFolder,
                       .currentDirectory = SystemCurrentDirectory,
                       .openRows = [this] { return OpenRows(); }})
 {
+    panel::DressProgram();
     sideForms_.Dress(panel::ApplyLook);
     sideForms_.OpenDatabasePanelBy([this] { databaseForms_.ShowPanel(); });
     databaseForms_.Dress(panel::ApplyLook);

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QTabBar>
 
 #include <string>
@@ -27,6 +28,8 @@ inline void CollectNameless(const QWidget& widget, const std::string& path,
     const std::string name = widget.objectName().toStdString();
     const std::string here = path + "/" + (name.empty() ? widget.metaObject()->className() : name);
     if (name.empty()) all.push_back(here);
+    if (const auto* area = qobject_cast<const QScrollArea*>(&widget); area && area->widget())
+        CollectNameless(*area->widget(), here, all);
     if (IsWhole(widget)) return;
     for (const QObject* child : widget.children())
         if (child->isWidgetType()) CollectNameless(static_cast<const QWidget&>(*child), here, all);

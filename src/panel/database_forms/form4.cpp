@@ -10,7 +10,7 @@ namespace tarvex::panel
 
 namespace
 {
-constexpr QSize kButton(280, 48); // for a finger or a trackball in the field
+constexpr QSize kButton(320, 48); // for a finger or a trackball in the field
 } // namespace
 
 Form4::Form4(Handlers& handlers, const Actions& actions, QWidget* parent)

@@ -1,6 +1,7 @@
 #include "panel/database_forms/survey_grid.h"
 
 #include "database/survey_fields.h"
+#include "panel/database_forms/field_header.h"
 #include "panel/database_forms/mark_delegate.h"
 #include "panel/look.h"
 
@@ -48,6 +49,7 @@ bool OpensEditor(const QKeyEvent& event)
 SurveyGrid::SurveyGrid(QWidget* parent) : QTableView(parent), delegate_(new MarkDelegate(this))
 {
     setFont(FixedWidthFont()); // blanks count
+    setHorizontalHeader(new FieldHeader(this));
     horizontalHeader()->setFont(font());
     setItemDelegate(delegate_);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);

@@ -21,7 +21,6 @@ PortDialog::PortDialog(const DialogContext& context, QWidget* parent)
     auto* close = new QPushButton("&Close", this);
     close->setObjectName("command3d1close");
     LayOutPorts(*this);
-    SizeButtons(*this);
     auto* column = new QVBoxLayout(this);
     column->addWidget(&ControlNamed(*this, "Frameserial"));
     column->addWidget(close, 0, Qt::AlignRight);

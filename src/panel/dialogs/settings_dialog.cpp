@@ -16,7 +16,9 @@ namespace tarvex::panel
 
 SettingsDialog::SettingsDialog(const DialogContext& context, const char* name, const char* title,
                                QWidget* parent)
-    : QWidget(parent, Qt::Dialog), context_(context), leaving_(context.handlers, context.line.messages)
+    : QWidget(parent, Qt::Dialog),
+      context_(context),
+      leaving_(context.handlers, context.line.messages)
 {
     context_.line.indicator = nullptr;
     setObjectName(name);
@@ -45,7 +47,6 @@ void SettingsDialog::MakeFrame(std::string_view frame,
         QWidget* control = MakeControl(row, *boxes_, *this);
         if (auto* edit = dynamic_cast<BoxEdit*>(control)) leaving_.Watch(*edit);
     }
-    SizeButtons(*this);
 }
 
 void SettingsDialog::OnClick(const char* button, std::function<void()> command)

@@ -3,16 +3,14 @@
 #include "core/failure_rule.h"
 #include "panel/forms/directory_list.h"
 #include "panel/forms/machine_places.h"
+#include "panel/forms/new_folder.h"
 #include "panel/forms/path_label.h"
 #include "panel/forms/report_folder.h"
 #include "panel/forms/texts.h"
-#include "panel/one_line.h"
 
 #include <QComboBox>
 #include <QFormLayout>
-#include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -23,7 +21,7 @@ namespace tarvex::panel
 namespace
 {
 constexpr const char* kNotWritable = "Reports cannot be written in this folder.";
-constexpr const char* kNotMade = "The new folder could not be made.";
+constexpr const char* kNotListed = "The new folder cannot be opened.";
 } // namespace
 
 Form6::Form6(const World& world, QWidget* parent)
@@ -152,28 +150,19 @@ void Form6::Choose()
 
 void Form6::AskNewFolder()
 {
-    auto* question = new QInputDialog(this);
-    question->setObjectName("NewFolderName");
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    question->setWindowTitle("New folder");
-    question->setLabelText("Name of the new folder :");
-    connect(question, &QInputDialog::textValueSelected, this, [this](const QString& name) {
-        world_.handlers.Run([this, name] { AddFolder(name); });
+    auto* question = new NewFolderBox(Dir1->Folder(), this);
+    connect(question, &QDialog::accepted, this, [this, question] {
+        world_.handlers.Run([this, question] { GoTo(question->Made()); });
     });
     question->open();
-    KeepToOneLine(*question->findChild<QLineEdit*>());
 }
 
-void Form6::AddFolder(const QString& name)
+void Form6::GoTo(const std::filesystem::path& folder)
 {
-    const auto folderName = ToPath(name);
-    if (!IsFolderName(folderName)) return Refuse(kNotMade);
     try {
-        const auto folder = Dir1->Folder() / folderName;
-        MakeFolder(folder);
         Dir1->SetFolder(folder);
     } catch (const RunTimeFailure&) {
-        Refuse(kNotMade);
+        Refuse(kNotListed);
     }
 }
 

@@ -47,7 +47,7 @@ private:
     void ShowFolder();
     void Choose();
     void AskNewFolder();
-    void AddFolder(const QString& name);
+    void GoTo(const std::filesystem::path& folder);
     void Refuse(const char* reason);
 
     World world_;

@@ -1,5 +1,6 @@
 #include "panel/forms/preloader.h"
 
+#include "panel/fit_screen.h"
 #include "panel/forms/picture.h"
 #include "panel/forms/program_data.h"
 #include "panel/forms/texts.h"
@@ -57,7 +58,9 @@ Preloader::Preloader(Handlers& handlers, std::function<void()> next)
 
 void Preloader::Build()
 {
-    auto* picture = new PictureBox(kSurveyPicture, kPictureSize, this);
+    const QSize room(FreeSize(*this).width(), FreeSize(*this).height() / 2);
+    const QSize size = kPictureSize.scaled(kPictureSize.boundedTo(room), Qt::KeepAspectRatio);
+    auto* picture = new PictureBox(kSurveyPicture, size, this);
     picture->setObjectName("Image1");
     auto* description = NamedLabel("Label2", this);
     Enlarge(description, 2);
@@ -73,7 +76,7 @@ void Preloader::Build()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(picture);
+    layout->addWidget(picture, 0, Qt::AlignHCenter);
     layout->addLayout(texts);
 }
 
@@ -81,7 +84,10 @@ void Preloader::Load()
 {
     timer_->start();
     findChild<QLabel*>("Label1")->setText(QString("%1.%2").arg(kMajorVersion).arg(kMinorVersion));
-    findChild<QLabel*>("Label2")->setText(FromSource(kFileDescription));
+    auto* description = findChild<QLabel*>("Label2");
+    description->setText(FromSource(kFileDescription));
+    while (sizeHint().width() > FreeSize(*this).width() && description->font().pointSizeF() > 1)
+        Enlarge(description, 0.9);
 }
 
 void Preloader::OnTimer()

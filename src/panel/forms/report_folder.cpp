@@ -13,11 +13,16 @@
 namespace tarvex::panel
 {
 
-void MakeFolder(const std::filesystem::path& folder)
+std::error_code TryMakeFolder(const std::filesystem::path& folder)
 {
     std::error_code error;
-    if (!std::filesystem::create_directory(folder, error))
-        throw RunTimeFailure("Path/File access error");
+    if (std::filesystem::create_directory(folder, error)) return {};
+    return error ? error : std::make_error_code(std::errc::file_exists);
+}
+
+void MakeFolder(const std::filesystem::path& folder)
+{
+    if (TryMakeFolder(folder)) throw RunTimeFailure("Path/File access error");
 }
 
 bool IsFolderName(const std::filesystem::path& name)

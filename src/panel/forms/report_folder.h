@@ -1,12 +1,16 @@
 #pragma once
 
 #include <filesystem>
+#include <system_error>
 
 namespace tarvex::panel
 {
 
 /// The folder for reports inside the start folder.
 inline constexpr const char* kDefaultReportFolder = "dati";
+
+/// Makes one folder, and tells why not when it cannot; file_exists when it is there already.
+std::error_code TryMakeFolder(const std::filesystem::path& folder);
 
 /// Makes one folder. Raises RunTimeFailure when it is there already or cannot be made.
 void MakeFolder(const std::filesystem::path& folder);

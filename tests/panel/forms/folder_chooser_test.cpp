@@ -436,20 +436,50 @@ TEST_F(FolderChooser, CutsAPastedNameAtItsFirstLineEnd)
     EXPECT_EQ(ShownPath(), dati / "Foro 3");
 }
 
-TEST_F(FolderChooser, SaysSoWhenANewFolderCannotBeMade)
+TEST_F(FolderChooser, TellsWhyANewFolderCannotBeMadeAndKeepsTheNameForCorrection)
 {
     forms.ShowFolderChooser();
     fs::create_directory(dati / "S12");
-    for (const char* name : {"S12", "../S13", "", "/"}) {
-        Press("Form6", "NewFolder");
-        auto& question = Control<QInputDialog>("Form6", "NewFolderName");
-        question.setTextValue(name);
+    Press("Form6", "NewFolder");
+    auto& question = Control<QInputDialog>("Form6", "NewFolderName");
+    const std::string tooLong(300, 'x');
+    const std::vector<std::pair<std::string, std::string>> refused = {
+        {"S12", "There is a folder or a file of this name already."},
+        {"../S13", "A folder cannot be called so"},
+        {"..", "A folder cannot be called so"},
+        {"/", "A folder cannot be called so"},
+        {"", "The folder needs a name."},
+        {tooLong, "The name is too long."}};
+    for (const auto& [name, reason] : refused) {
+        question.setTextValue(QString::fromStdString(name));
         question.accept();
-        EXPECT_EQ(Reason(), "The new folder could not be made.") << name;
+        EXPECT_TRUE(question.isVisible()) << name;
+        EXPECT_EQ(question.textValue().toStdString(), name);
+        const std::string told = question.labelText().toStdString();
+        EXPECT_NE(told.find("The new folder could not be made."), std::string::npos) << told;
+        EXPECT_NE(told.find(reason), std::string::npos) << told;
         EXPECT_EQ(ShownPath(), dati) << name;
-        DeleteClosed();
     }
     EXPECT_FALSE(fs::exists(folder / "S13"));
+    question.setTextValue("S14");
+    question.accept();
+    EXPECT_FALSE(question.isVisible());
+    EXPECT_EQ(ShownPath(), dati / "S14");
+}
+
+TEST_F(FolderChooser, TellsThatNothingCanBeWrittenWhereTheNewFolderWouldLie)
+{
+    forms.ShowFolderChooser();
+    Press("Form6", "NewFolder");
+    auto& question = Control<QInputDialog>("Form6", "NewFolderName");
+    question.setTextValue("S12");
+    fs::permissions(dati, fs::perms::owner_write, fs::perm_options::remove);
+    {
+        const OrdinaryUser user;
+        question.accept();
+    }
+    EXPECT_NE(question.labelText().toStdString().find("Nothing can be written"), std::string::npos)
+        << question.labelText().toStdString();
 }
 
 } // namespace tarvex::tests

@@ -5,13 +5,16 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QToolTip>
 
 #include <algorithm>
+#include <set>
 
 namespace tarvex::tests
 {
@@ -472,6 +475,25 @@ TEST_F(Form5Test, LastOfManyRowsIsShownAndEdited)
     Type("5");
     Type(Qt::Key_Return);
     EXPECT_EQ(Mark(99'999), "5");
+}
+
+TEST_F(Form5Test, ExplainsEveryFieldInTheTipOfItsHead)
+{
+    auto& head = *Grid().horizontalHeader();
+    std::set<QString> told;
+    for (int field = 0; field < head.count(); ++field) {
+        Grid().scrollTo(Grid().model()->index(0, field));
+        const QPoint at(head.sectionViewportPosition(field) + 10, head.height() / 2);
+        QHelpEvent help(QEvent::ToolTip, at, head.viewport()->mapToGlobal(at));
+        QApplication::sendEvent(head.viewport(), &help);
+        EXPECT_GE(QToolTip::text().size(), 4) << field;
+        told.insert(QToolTip::text());
+    }
+    EXPECT_EQ(told.size(), kSurveyFields.size()) << "no two fields hold the same";
+    EXPECT_TRUE(told.contains("Client"));
+    EXPECT_TRUE(
+        told.contains("Date and time of reading 25: day, month, year, hours, minutes, seconds"));
+    QToolTip::hideText();
 }
 
 } // namespace

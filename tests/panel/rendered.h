@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QWidget>
+
+namespace tarvex::tests
+{
+
+/// What an operator sees of a window, taken from its picture alone.
+class Rendered
+{
+public:
+    explicit Rendered(QWidget& window);
+
+    /// The contrast of the control's border with what is beside it, outside and inside, at the side
+    /// where it is least.
+    double BorderContrast(const QWidget& control) const;
+
+    /// The contrast of the most outstanding pixel inside the control with its ground.
+    double TextContrast(const QWidget& control) const;
+
+    /// The ground of the control, next to its border.
+    QColor Ground(const QWidget& control) const;
+
+    /// The colour of most pixels on and around the control's border that are other ones in
+    /// `before`.
+    QColor FrameChange(const QWidget& control, const Rendered& before) const;
+
+private:
+    QRect Place(const QWidget& control) const;
+    double SideContrast(QPoint edge, QPoint inwards) const;
+
+    QWidget& window_;
+    QImage picture_;
+};
+
+/// The contrast of two colours by the accessibility guidelines.
+double SeenContrast(const QColor& one, const QColor& other);
+
+} // namespace tarvex::tests
