@@ -35,7 +35,7 @@ QString Reason(const std::error_code& error)
     if (error == std::errc::no_space_on_device) return QStringLiteral("The drive is full.");
     if (error == std::errc::no_such_file_or_directory)
         return QStringLiteral("The folder that it would lie in is not there any more.");
-    return QStringLiteral("The system says: ") + QString::fromStdString(error.message());
+    return QStringLiteral("The system says: ") + FromSource(error.message());
 }
 
 } // namespace
