@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <optional>
 #include <regex>
 #include <sstream>
@@ -34,19 +35,26 @@ const std::vector<Room>& Plan()
         {"src/download", {"core/", "link/"}},
         {"src/settings", {"core/", "link/"}},
         {"src/database", {"core/"}},
-        {"src/panel/field_rules", {"core/"}}, // rules over the panel's boxes, without any window
-        {"src/panel", {"core/", "link/", "blocks/", "download/", "settings/", "database/"}, true},
+        {"src/panel/rules", {"core/"}}, // rules over the panel's boxes, without any window
+        {"src/panel/widgets", {"core/"}, true},
+        {"src/panel/window",
+         {"core/", "link/", "blocks/", "download/", "settings/", "database/", "panel/rules/",
+          "panel/widgets/"},
+         true},
+        {"src/panel/dialogs",
+         {"core/", "link/", "settings/", "panel/rules/", "panel/widgets/", "panel/window/"},
+         true},
+        {"src/panel/forms",
+         {"core/", "link/", "panel/widgets/", "panel/window/", "panel/dialogs/"},
+         true},
+        {"src/panel/survey", {"core/", "database/", "panel/widgets/"}, true},
         {"src/platform",
          {"core/", "database/criterion.h", "database/record_set.h", "database/survey_fields.h",
           "database/value.h"},
          true},
         {"src/program",
-         {"core/", "link/", "blocks/", "download/", "settings/", "database/", "panel/",
-          "platform/"},
-         true},
-        {"src/main.",
-         {"core/", "link/", "blocks/", "download/", "settings/", "database/", "panel/", "platform/",
-          "program/"},
+         {"core/", "link/", "blocks/", "download/", "settings/", "database/", "panel/widgets/",
+          "panel/window/", "panel/forms/", "panel/survey/", "platform/"},
          true},
         {"unit", {}, true},
         {"survey/window", {"survey/"}, true},
@@ -70,11 +78,18 @@ const Room* RoomOf(std::string_view path)
     return room == plan.end() ? nullptr : &*room;
 }
 
+/// A path as includes give it: "core/control_panel.h" for "src/core/control_panel.h".
+std::string IncludedAs(std::string_view path)
+{
+    if (path.starts_with("src/")) path.remove_prefix(4);
+    return std::string(path);
+}
+
 /// The folder that a file's own includes begin with: "core/" for "src/core/control_panel.h".
 std::string OwnFolder(std::string_view path)
 {
-    if (path.starts_with("src/")) path.remove_prefix(4);
-    return std::string(path.substr(0, path.find('/') + 1));
+    const std::string included = IncludedAs(path);
+    return included.substr(0, included.find('/') + 1);
 }
 
 bool IsOfTheStandardLibrary(std::string_view header)
@@ -103,14 +118,18 @@ bool IsOfTheProject(std::string_view header)
 /// that may include the folder are not meant for it.
 bool IsOfAnInnerRoom(std::string_view header)
 {
-    return header.starts_with("survey/window/") || header.starts_with("survey/program/");
+    static const std::vector<std::string_view> rooms = {
+        "panel/rules/", "panel/widgets/", "panel/window/",  "panel/dialogs/",
+        "panel/forms/", "panel/survey/",  "survey/window/", "survey/program/"};
+    return std::any_of(rooms.begin(), rooms.end(),
+                       [&](std::string_view room) { return header.starts_with(room); });
 }
 
 bool MayInclude(const Room& room, std::string_view path, std::string_view header, bool quoted)
 {
     if (header.find("..") != std::string_view::npos || header.starts_with("/")) return false;
     if (IsOfAnInnerRoom(header)) {
-        const std::string own = std::string(room.folder) + "/";
+        const std::string own = IncludedAs(room.folder) + "/";
         return (IsOfAnInnerRoom(own) && header.starts_with(own)) ||
                std::any_of(room.mayInclude.begin(), room.mayInclude.end(),
                            [&](std::string_view allowed) {
@@ -154,6 +173,18 @@ std::vector<std::string> Complaints(const std::string& path, const std::string& 
     return complaints;
 }
 
+/// The folder of a library, as includes give it: "core/" for "core", "panel/rules/" for "rules".
+std::string FolderOfLibrary(const std::string& name)
+{
+    static const std::map<std::string, std::string> rooms = {
+        {"rules", "panel/rules/"},     {"widgets", "panel/widgets/"},
+        {"window", "panel/window/"},   {"dialogs", "panel/dialogs/"},
+        {"forms", "panel/forms/"},     {"survey_windows", "panel/survey/"},
+        {"sqlite", "platform/sqlite/"}};
+    const auto room = rooms.find(name);
+    return room == rooms.end() ? name + "/" : room->second;
+}
+
 /// Libraries of the project that a folder's list of links names and its room may not include.
 std::vector<std::string> LinkComplaints(const std::string& path, const std::string& list)
 {
@@ -164,11 +195,13 @@ std::vector<std::string> LinkComplaints(const std::string& path, const std::stri
     std::vector<std::string> complaints;
     for (auto found = std::sregex_iterator(list.begin(), list.end(), library);
          found != std::sregex_iterator(); ++found) {
-        const std::string folder = (*found)[1].str() + "/";
-        if (!IsOfTheProject(folder) || folder == OwnFolder(path)) continue;
-        const bool allowed =
-            std::any_of(room->mayInclude.begin(), room->mayInclude.end(),
-                        [&](std::string_view entry) { return entry.starts_with(folder); });
+        const std::string folder = FolderOfLibrary((*found)[1].str());
+        if (!IsOfTheProject(folder) || IncludedAs(path).starts_with(folder)) continue;
+        const bool allowed = std::any_of(
+            room->mayInclude.begin(), room->mayInclude.end(), [&](std::string_view entry) {
+                return entry.starts_with(folder) ||
+                       (entry.ends_with('/') && folder.starts_with(entry));
+            });
         if (!allowed) complaints.push_back(path + " links " + found->str());
     }
     return complaints;
@@ -254,8 +287,9 @@ INSTANTIATE_TEST_SUITE_P(
         Example{"ToolkitInLink", "src/link/device_link.cpp", "#include <QTimer>"},
         Example{"ToolkitInQuotes", "src/core/control_panel.h", "#include \"QString\""},
         Example{"ToolkitByItsModule", "src/blocks/set_all.cpp", "#include <QtCore/QString>"},
-        Example{"ToolkitInTheFieldRules", "src/panel/field_rules.cpp", "#include <QLineEdit>"},
-        Example{"WindowInTheFieldRules", "src/panel/field_rules.cpp",
+        Example{"ToolkitInTheFieldRules", "src/panel/rules/field_rules.cpp",
+                "#include <QLineEdit>"},
+        Example{"WindowInTheFieldRules", "src/panel/rules/field_rules.cpp",
                 "#include \"link/device_link.h\""},
         Example{"SystemInCore", "src/core/record_file.cpp", "#include <unistd.h>"},
         Example{"SystemFolderInLink", "src/link/device_link.cpp", "#include <sys/file.h>"},
@@ -269,22 +303,30 @@ INSTANTIATE_TEST_SUITE_P(
         Example{"DatabaseOnTheLine", "src/database/read_headers.cpp",
                 "#include \"link/device_link.h\""},
         Example{"CommandOntoThePanel", "src/blocks/set_all.cpp",
-                "#include \"panel/main_window.h\""},
-        Example{"PanelOntoThePlatform", "src/panel/main_window.cpp",
+                "#include \"panel/window/main_window.h\""},
+        Example{"PanelOntoThePlatform", "src/panel/window/main_window.cpp",
                 "#include \"platform/qt_serial_port.h\""},
+        Example{"RulesOntoWidgets", "src/panel/rules/field_rules.cpp",
+                "#include \"panel/widgets/look.h\""},
+        Example{"WidgetsOntoTheWindow", "src/panel/widgets/look.cpp",
+                "#include \"panel/window/main_window.h\""},
+        Example{"WindowOntoTheForms", "src/panel/window/main_window.cpp",
+                "#include \"panel/forms/form6.h\""},
+        Example{"SurveyOntoTheForms", "src/panel/survey/form5.cpp",
+                "#include \"panel/forms/form6.h\""},
         Example{"PlatformOntoTheLink", "src/platform/qt_serial_port.cpp",
                 "#include \"link/device_link.h\""},
         Example{"PlatformBehindTheInterface", "src/platform/sqlite/rows.cpp",
                 "#include \"database/read_headers.h\""},
         Example{"PlatformOntoThePanel", "src/platform/qt_shell.cpp",
-                "#include \"panel/commands.h\""},
-        Example{"PanelOntoTheProgram", "src/panel/main_window.cpp",
+                "#include \"panel/window/commands.h\""},
+        Example{"PanelOntoTheProgram", "src/panel/window/main_window.cpp",
                 "#include \"program/program.h\""},
         Example{"UnitIntoTheProgram", "unit/memory.cpp", "#include \"core/block_header.h\""},
         Example{"ProgramIntoTheUnit", "src/core/panel.cpp", "#include \"unit/memory.h\""},
         Example{"ManagerIntoTheSurvey", "survey/reader.cpp", "#include \"core/records.h\""},
         Example{"ManagerIntoTheSurveysWindow", "survey/window/main_window.cpp",
-                "#include \"panel/main_window.h\""},
+                "#include \"panel/window/main_window.h\""},
         Example{"UnitIntoTheSurvey", "survey/reader.cpp", "#include \"unit/memory.h\""},
         Example{"SurveyIntoTheProgram", "src/download/work_file.cpp",
                 "#include \"survey/reader.h\""},
@@ -321,12 +363,14 @@ INSTANTIATE_TEST_SUITE_P(
         Example{"StandardLibrary", "src/core/control_panel.h", "#include <string_view>"},
         Example{"OwnFolder", "src/core/panel.cpp", "#include \"core/control_panel.h\""},
         Example{"Downwards", "src/blocks/set_all.cpp", "#include \"link/device_link.h\""},
-        Example{"ToolkitInTheWindow", "src/panel/main_window.h", "#include <QMainWindow>"},
+        Example{"ToolkitInTheWindow", "src/panel/window/main_window.h", "#include <QMainWindow>"},
         Example{"SystemInThePlatform", "src/platform/device_lock.cpp", "#include <sys/file.h>"},
         Example{"Interface", "src/platform/sqlite/rows.cpp",
                 "#include \"database/record_set.h\" // the handle"},
-        Example{"FieldRules", "src/panel/field_rules.cpp", "#include \"panel/field_rules.h\""},
-        Example{"WholeProgram", "src/main.cpp", "#include \"program/program.h\""},
+        Example{"FieldRules", "src/panel/rules/field_rules.cpp",
+                "#include \"panel/rules/field_rules.h\""},
+        Example{"FormsOnWidgets", "src/panel/forms/form6.cpp", "#include \"panel/widgets/look.h\""},
+        Example{"WholeProgram", "src/program/main.cpp", "#include \"program/program.h\""},
         Example{"Unit", "unit/memory.cpp", "#include \"unit/memory.h\""},
         Example{"SurveysReader", "survey/reader.cpp", "#include \"survey/records.h\""},
         Example{"SurveysWindow", "survey/window/main_window.cpp", "#include \"survey/load.h\""},

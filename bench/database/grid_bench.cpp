@@ -3,8 +3,8 @@
 
 #include "core/program_end.h"
 #include "database/survey_world.h"
-#include "panel/database_forms/form5.h"
-#include "panel/look.h"
+#include "panel/survey/form5.h"
+#include "panel/widgets/look.h"
 #include "platform/sqlite/survey_table_model.h"
 
 #include <QApplication>

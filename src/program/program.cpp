@@ -3,7 +3,7 @@
 #include "core/failure.h"
 #include "core/start_up.h"
 #include "panel/forms/picture.h"
-#include "panel/look.h"
+#include "panel/widgets/look.h"
 #include "platform/qt_application.h"
 
 #include <utility>

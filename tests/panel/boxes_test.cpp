@@ -1,6 +1,6 @@
-#include "panel/box_edit.h"
+#include "panel/widgets/box_edit.h"
+#include "panel/widgets/window_text.h"
 #include "panel/window_test.h"
-#include "panel/window_text.h"
 
 #include <QApplication>
 #include <QClipboard>

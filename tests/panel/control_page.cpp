@@ -1,7 +1,7 @@
 #include "panel/control_page.h"
 
-#include "panel/control_table.h"
-#include "panel/field_rules.h"
+#include "panel/rules/field_rules.h"
+#include "panel/window/control_table.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -23,18 +23,18 @@ constexpr CommandEntry kEntries[] = {
     {Command::TotalReset, "TotalReset", "blocks/total_reset.cpp"},
     {Command::ResetGainZero, "ResetGainZero", "blocks/reset_gain_zero.cpp"},
     {Command::BlockDownload, "BlockDownload", "download/block_download.cpp"},
-    {Command::DownloadBlockUp, "StepDownloadBlockUp", "panel/field_rules.cpp"},
-    {Command::DownloadBlockDown, "StepDownloadBlockDown", "panel/field_rules.cpp"},
+    {Command::DownloadBlockUp, "StepDownloadBlockUp", "panel/rules/field_rules.cpp"},
+    {Command::DownloadBlockDown, "StepDownloadBlockDown", "panel/rules/field_rules.cpp"},
     {Command::StepRecordUp, "StepRecordUp", "core/header_steps.cpp"},
     {Command::StepRecordDown, "StepRecordDown", "core/header_steps.cpp"},
     {Command::CopyHeaderForward, "CopyHeaderForward", "core/header_steps.cpp"},
     {Command::ChooseHeaderFile, "ChooseHeaderFile", "download/file_commands.cpp"},
     {Command::CreateDefaultHeaderFile, "CreateDefaultHeaderFile", "download/file_commands.cpp"},
-    {Command::ShowFolderChooser, "ShowFolderChooser", "panel/forms.h"},
+    {Command::ShowFolderChooser, "ShowFolderChooser", "panel/window/forms.h"},
     {Command::EnableDownload, "EnableDownload", "download/file_commands.cpp"},
     {Command::OpenDatabase, "OpenDatabase", "database/open_database.cpp"},
-    {Command::ShowAbout, "ShowAbout", "panel/forms.h"},
-    {Command::OpenManual, "OpenManual", "panel/forms.h"},
+    {Command::ShowAbout, "ShowAbout", "panel/window/forms.h"},
+    {Command::OpenManual, "OpenManual", "panel/window/forms.h"},
     {Command::ReadClock, "ReadClock", "settings/clock.cpp"},
     {Command::WriteClock, "WriteClock", "settings/clock.cpp"},
     {Command::StartClock, "StartClock", "settings/clock.cpp"},
@@ -184,7 +184,7 @@ std::string RuleLine(const FieldRuleRow& row)
 constexpr std::string_view kIntroduction = "# The controls of the main window\n"
                                            "\n"
                                            "Made from the table that the window itself is made "
-                                           "from (`src/panel/control_table.cpp`); a test\n"
+                                           "from (`src/panel/window/control_table.cpp`); a test\n"
                                            "compares the two. The rows are in the order of the "
                                            "Tab key. Texts in quotes are literal, blanks\n"
                                            "included.\n"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/commands.h"
+#include "panel/window/commands.h"
 
 #include <string>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "panel/control_table.h"
+#include "panel/window/control_table.h"
 
 #include "panel/control_page.h"
 #include "support/temporary_folder.h"

@@ -1,6 +1,6 @@
 #include "panel/window_test.h"
 
-#include "panel/control_table.h"
+#include "panel/window/control_table.h"
 #include "support/nameless_widgets.h"
 
 #include <QApplication>

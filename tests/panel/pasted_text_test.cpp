@@ -1,4 +1,4 @@
-#include "panel/one_line.h"
+#include "panel/widgets/one_line.h"
 #include "panel/window_test.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
 #include "panel/window_test.h"
 
-#include "panel/window_text.h"
+#include "panel/widgets/window_text.h"
 
 #include <QApplication>
 #include <QMenu>

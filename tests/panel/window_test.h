@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/main_window.h"
+#include "panel/window/main_window.h"
 #include "support/logic_test.h"
 
 #include <QAbstractButton>

@@ -1,7 +1,7 @@
 #include "panel/dialogs/clock_dialog.h"
 
-#include "panel/controls.h"
-#include "panel/layouts.h"
+#include "panel/window/controls.h"
+#include "panel/window/layouts.h"
 #include "settings/clock.h"
 
 #include <QVBoxLayout>

@@ -1,9 +1,9 @@
 #include "panel/dialogs/delay_dialog.h"
 
-#include "panel/box_edit.h"
-#include "panel/controls.h"
-#include "panel/dialogs/delay_check.h"
-#include "panel/layouts.h"
+#include "panel/rules/delay_check.h"
+#include "panel/widgets/box_edit.h"
+#include "panel/window/controls.h"
+#include "panel/window/layouts.h"
 #include "settings/cycle_delay.h"
 
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
 #include "panel/dialogs/port_dialog.h"
 
-#include "panel/controls.h"
-#include "panel/layouts.h"
+#include "panel/window/controls.h"
+#include "panel/window/layouts.h"
 #include "settings/port_choice.h"
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "panel/dialogs/settings_dialog.h"
-#include "panel/port_options.h"
+#include "panel/widgets/port_options.h"
 
 #include <memory>
 

@@ -1,11 +1,11 @@
 #include "panel/dialogs/settings_dialog.h"
 
 #include "core/header_store.h"
-#include "panel/box_edit.h"
-#include "panel/controls.h"
-#include "panel/layouts.h"
-#include "panel/look.h"
-#include "panel/window_text.h"
+#include "panel/widgets/box_edit.h"
+#include "panel/widgets/look.h"
+#include "panel/widgets/window_text.h"
+#include "panel/window/controls.h"
+#include "panel/window/layouts.h"
 
 #include <QAbstractButton>
 

@@ -5,8 +5,8 @@
 #include "core/port_names.h"
 #include "link/device_link.h"
 #include "link/operator_view.h"
-#include "panel/control_table.h"
-#include "panel/field_leaving.h"
+#include "panel/widgets/field_leaving.h"
+#include "panel/window/control_table.h"
 
 #include <QWidget>
 

@@ -2,7 +2,7 @@
 
 #include "panel/forms/report_folder.h"
 #include "panel/forms/texts.h"
-#include "panel/one_line.h"
+#include "panel/widgets/one_line.h"
 
 #include <QLineEdit>
 

@@ -1,9 +1,9 @@
 #include "panel/forms/preloader.h"
 
-#include "panel/fit_screen.h"
 #include "panel/forms/picture.h"
 #include "panel/forms/program_data.h"
 #include "panel/forms/texts.h"
+#include "panel/widgets/fit_screen.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

@@ -6,8 +6,8 @@
 #include "panel/dialogs/port_dialog.h"
 #include "panel/forms/aboutus.h"
 #include "panel/forms/credits.h"
-#include "panel/forms/open_form.h"
 #include "panel/forms/preloader.h"
+#include "panel/widgets/open_form.h"
 
 #include <string>
 

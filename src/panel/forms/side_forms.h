@@ -2,8 +2,8 @@
 
 #include "core/shell.h"
 #include "panel/dialogs/settings_dialog.h"
-#include "panel/forms.h"
 #include "panel/forms/form6.h"
+#include "panel/window/forms.h"
 
 #include <QPointer>
 

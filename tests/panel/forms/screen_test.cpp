@@ -2,8 +2,8 @@
 
 #include "core/start_up.h"
 #include "panel/forms/forms_test.h"
-#include "panel/look.h"
-#include "panel/main_window.h"
+#include "panel/widgets/look.h"
+#include "panel/window/main_window.h"
 #include "panel/window_test.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "panel/dialogs/clock_checks.h"
-#include "panel/dialogs/delay_check.h"
+#include "panel/rules/clock_checks.h"
+#include "panel/rules/delay_check.h"
 #include "support/scripted_boxes.h"
 
 #include <gtest/gtest.h>

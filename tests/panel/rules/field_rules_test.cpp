@@ -1,4 +1,4 @@
-#include "panel/field_rules.h"
+#include "panel/rules/field_rules.h"
 
 #include "support/scripted_boxes.h"
 

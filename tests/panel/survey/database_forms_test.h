@@ -2,7 +2,7 @@
 
 #include "core/program_end.h"
 #include "database/survey_test.h"
-#include "panel/database_forms/database_forms.h"
+#include "panel/survey/database_forms.h"
 #include "platform/sqlite/survey_table_model.h"
 
 #include <QAbstractButton>

@@ -1,0 +1,54 @@
+#include "panel/widgets/port_options.h"
+
+#include "panel/widgets/window_text.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QTextDocument>
+#include <QWidget>
+
+namespace tarvex::panel
+{
+
+namespace
+{
+
+constexpr int kPorts = 4;
+
+} // namespace
+
+PortOptions::PortOptions(QWidget& window, OptionGroup& group, PortNames& names)
+    : group_(group), names_(names)
+{
+    buttons_.setObjectName("ssOption1");
+    for (int index = 0; index < kPorts; ++index) {
+        auto* button = window.findChild<QAbstractButton*>(QString("ssOption1_%1").arg(index));
+        buttons_.addButton(button, index);
+        button->installEventFilter(this);
+    }
+    group_.Watch([this] { ShowSelected(); });
+    ShowSelected();
+}
+
+PortOptions::~PortOptions()
+{
+    group_.Unwatch();
+}
+
+void PortOptions::ShowSelected()
+{
+    if (QAbstractButton* button = buttons_.button(group_.Selected())) button->setChecked(true);
+}
+
+bool PortOptions::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* button = qobject_cast<QAbstractButton*>(watched);
+    if (button != nullptr && event->type() == QEvent::ToolTip) {
+        const QString device = Literal(names_.Describe(buttons_.id(button) + 1));
+        // The name comes from a device: it is text, whatever it looks like.
+        button->setToolTip(Qt::mightBeRichText(device) ? device.toHtmlEscaped() : device);
+    }
+    return false;
+}
+
+} // namespace tarvex::panel
