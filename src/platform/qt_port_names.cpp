@@ -87,7 +87,7 @@ std::string LatencyText(const PortFacts& facts)
            std::to_string(facts.note.latencyMilliseconds) +
            " ms, and the timer could not be shortened: reading takes longer. Run `echo 1 | sudo "
            "tee /sys/class/tty/" +
-           Utf8(facts.choice.device.filename()) + "/device/latency_timer`.";
+           Utf8(facts.choice.device.filename() / "device" / "latency_timer") + "`.";
 }
 
 /// What keeps the device from its work, the first thing first; empty when nothing does.

@@ -43,7 +43,7 @@ TEST_F(SpelledFolderTest, TheToolkitReachesAFolderOutsideUnicode)
 TEST_F(SpelledFolderTest, WhatTheToolkitGivesIsFoundInTheSystemsBytes)
 {
     const SpelledFolder spelled(odd);
-    EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "/sub/table"), odd / "sub" / "table");
+    EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "/sub" + "/table"), odd / "sub" / "table");
     EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "0/table").native().find("Citt"),
               std::string::npos)
         << "another open file whose number only begins alike";

@@ -12,11 +12,13 @@ namespace tarvex::panel
 class NewFolderBox final : public QInputDialog
 {
 public:
+    /// Asks over `parent`; the folder is made below `inside`.
     NewFolderBox(std::filesystem::path inside, QWidget* parent);
 
     /// The folder that it made; empty until then.
     const std::filesystem::path& Made() const { return made_; }
 
+    /// Makes the folder and closes; where it cannot be made, says why and stays.
     void accept() override;
 
 private:

@@ -9,6 +9,7 @@ namespace tarvex::panel
 class FieldHeader final : public QHeaderView
 {
 public:
+    /// The head of the columns of `parent`, the grid.
     explicit FieldHeader(QWidget* parent);
 
     /// What the field of that place in a survey row holds.
