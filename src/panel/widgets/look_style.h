@@ -21,8 +21,8 @@ public:
     /// Borders of boxes and buttons, and the focus mark.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
-    /// Captions of buttons, in the middle without their outer blanks; the selected tab; the lines of a
-    /// head.
+    /// Captions of buttons, in the middle without their outer blanks; the selected tab; the lines
+    /// of a head.
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     /// The edges of lists to choose from and of scroll bars.
