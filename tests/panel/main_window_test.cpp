@@ -56,6 +56,23 @@ TEST_F(MainForm, HoldsEveryControlOfTheTableWithItsTexts)
     }
 }
 
+TEST_F(MainForm, ShowsTheFocusMarkOfEveryButtonWhole)
+{
+    int marked = 0;
+    for (const ControlRow& row : ControlTable()) {
+        auto* button = window->findChild<QAbstractButton*>(QString::fromUtf8(row.name.data()));
+        if (button == nullptr || !button->isVisible() || !button->isEnabled()) continue;
+        button->setFocus();
+        QCoreApplication::processEvents();
+        const auto* mark = window->findChild<QWidget*>("FocusMark");
+        ASSERT_NE(mark, nullptr);
+        ASSERT_TRUE(mark->isVisible()) << row.name;
+        EXPECT_TRUE(mark->visibleRegion().boundingRect() == mark->rect()) << row.name;
+        ++marked;
+    }
+    EXPECT_GE(marked, 10);
+}
+
 TEST_F(MainForm, HasItsThreeTabs)
 {
     const auto& strip = Named<QTabBar>("TabStrip1");

@@ -24,6 +24,7 @@ namespace
 constexpr int kCaption = 0, kField = 1, kHint = 2, kRest = 3; // the columns of a frame of fields
 constexpr int kNear = 6;                                      // between what belongs together
 constexpr int kWide = 16;                                     // between groups
+constexpr int kAroundMark = 4; // the focus mark reaches outside its button
 
 using Names = std::initializer_list<const char*>;
 
@@ -185,7 +186,7 @@ QWidget* LeftColumn(QWidget& window)
 {
     auto* content = new QWidget(&window);
     auto* column = new QVBoxLayout(content);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(kAroundMark, 0, kAroundMark, kAroundMark);
     column->setSpacing(kNear);
     column->addWidget(&ControlNamed(window, "HeadingControlPanel"));
     const auto group = [&](Names names) {
