@@ -42,7 +42,7 @@ Value StoredMark(const QString& mark)
 SurveyTableModel::SurveyTableModel(DatabasePath path, QObject* parent)
     : QAbstractTableModel(parent), path_(std::move(path)), pages_(kPagesKept)
 {
-    revert();
+    SurveyTableModel::revert();
 }
 
 int SurveyTableModel::rowCount(const QModelIndex& parent) const
