@@ -25,7 +25,7 @@ void MakeWhenNothingIsThere(const std::filesystem::path& path)
 #else
     std::FILE* const made = std::fopen(path.c_str(), "wbx");
 #endif
-    if (made != nullptr) std::fclose(made);
+    if (made != nullptr) static_cast<void>(std::fclose(made));
 }
 
 } // namespace

@@ -37,7 +37,7 @@ QSize ScrollRoom::minimumSizeHint() const
 /// The toolkit's own way would show the cursor of a field and not the field.
 bool ScrollRoom::focusNextPrevChild(bool next)
 {
-    return QAbstractScrollArea::focusNextPrevChild(next);
+    return QAbstractScrollArea::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void ScrollRoom::resizeEvent(QResizeEvent* event)
