@@ -1,5 +1,7 @@
 #include "program/program_test.h"
 
+#include "support/toolkit_leaks.h"
+
 #include <QAbstractListModel>
 #include <QListView>
 #include <QPainter>
@@ -32,6 +34,9 @@ protected:
         EXPECT_EQ(boxes.texts, QStringList{"Run-time error: too long"});
         EXPECT_EQ(program->End().Status(), 1);
     }
+
+private:
+    ToolkitMayLeak acrossIt_; // every exception here crosses the toolkit; the other tests count
 };
 
 TEST_F(EventFailureTest, OutOfATimer)

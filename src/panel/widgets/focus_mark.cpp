@@ -12,8 +12,14 @@ FocusMark::FocusMark(QWidget& window) : QFocusFrame(&window), window_(window)
 {
     setObjectName("FocusMark");
     hide(); // a window without the keyboard has no control to mark
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget*, QWidget* focused) { Follow(focused); });
+    following_ = connect(qApp, &QApplication::focusChanged, this,
+                         [this](QWidget*, QWidget* focused) { Follow(focused); });
+}
+
+/// What the toolkit takes down after this moves the focus once more.
+FocusMark::~FocusMark()
+{
+    disconnect(following_);
 }
 
 void FocusMark::Follow(QWidget* focused)

@@ -11,6 +11,9 @@ class FocusMark final : public QFocusFrame
 public:
     /// Marks the controls of that window.
     explicit FocusMark(QWidget& window);
+    ~FocusMark() override;
+    FocusMark(const FocusMark&) = delete;
+    FocusMark& operator=(const FocusMark&) = delete;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -19,6 +22,7 @@ private:
     void Follow(QWidget* focused);
 
     QWidget& window_;
+    QMetaObject::Connection following_;
 };
 
 } // namespace tarvex::panel

@@ -18,8 +18,14 @@ ScrollRoom::ScrollRoom(QWidget& content, QWidget& parent) : QScrollArea(&parent)
     setWidget(&content);
     setObjectName("Room");
     content.setObjectName("Content");
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget*, QWidget* focused) { Follow(focused); });
+    following_ = connect(qApp, &QApplication::focusChanged, this,
+                         [this](QWidget*, QWidget* focused) { Follow(focused); });
+}
+
+/// What the toolkit takes down after this moves the focus once more.
+ScrollRoom::~ScrollRoom()
+{
+    disconnect(following_);
 }
 
 QSize ScrollRoom::sizeHint() const

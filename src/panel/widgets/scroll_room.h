@@ -12,6 +12,9 @@ class ScrollRoom final : public QScrollArea
 public:
     /// Takes the content as its own.
     ScrollRoom(QWidget& content, QWidget& parent);
+    ~ScrollRoom() override;
+    ScrollRoom(const ScrollRoom&) = delete;
+    ScrollRoom& operator=(const ScrollRoom&) = delete;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -22,6 +25,8 @@ protected:
 
 private:
     void Follow(QWidget* focused);
+
+    QMetaObject::Connection following_;
 };
 
 } // namespace tarvex::panel
