@@ -83,7 +83,7 @@ std::string TakeNote(std::string_view& text)
     const auto start = text.find('(');
     if (start == std::string_view::npos) return {};
     if (!text.ends_with(')')) Refuse("a note ends in a parenthesis");
-    const std::string note(text.substr(start + 1, text.size() - start - 2));
+    std::string note(text.substr(start + 1, text.size() - start - 2));
     text = text.substr(0, start);
     if (text.ends_with(kGap)) text.remove_suffix(kGap.size());
     return note;

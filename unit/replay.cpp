@@ -51,15 +51,13 @@ void Replay::Match(Time now)
         if (!expected.empty() && heard_.starts_with(expected)) {
             heard_.erase(0, expected.size());
             GoOn(next_, now);
-        } else if (expected.starts_with(heard_)) {
-            return; // as far as it goes
-        } else if (const auto length = LengthOfPiece(heard_); length > 0) {
-            const auto said = heard_.substr(0, length);
-            heard_.erase(0, length);
-            Resynchronise(said, now);
-        } else {
-            return;
+            continue;
         }
+        const auto length = LengthOfPiece(heard_);
+        if (expected.starts_with(heard_) || length == 0) return; // as far as it goes
+        const auto said = heard_.substr(0, length);
+        heard_.erase(0, length);
+        Resynchronise(said, now);
     }
 }
 

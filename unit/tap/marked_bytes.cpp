@@ -21,12 +21,12 @@ std::vector<Received> MarkedBytes::Take(std::string_view bytes)
 {
     std::vector<Received> received;
     for (const char byte : bytes) {
-        if (mark_.empty() && byte != kMark) {
-            Append(received, byte);
-        } else if (mark_.empty() || (mark_.size() == 1 && byte == '\0')) {
+        if (byte == kMark && mark_.empty()) {
+            mark_ = byte;
+        } else if (byte == '\0' && mark_.size() == 1) {
             mark_ += byte;
-        } else if (std::exchange(mark_, {}).size() == 1) {
-            Append(received, byte); // a doubled mark is the byte itself
+        } else if (std::exchange(mark_, {}).size() < 2) {
+            Append(received, byte); // a plain byte, or a doubled mark, which is the byte itself
         } else {
             const auto kind = byte == '\0' ? Received::Kind::Break : Received::Kind::Damaged;
             received.push_back({kind, {byte}});

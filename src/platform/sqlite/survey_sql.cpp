@@ -35,7 +35,8 @@ std::string FoldedSql(std::string_view field)
     std::string folded = Bracketed(field);
     for (char letter = 'a'; letter <= 'z'; ++letter) {
         const auto capital = static_cast<char>(letter - 'a' + 'A');
-        folded = "replace(" + folded + ",'" + letter + "','" + capital + "')";
+        folded.insert(0, "replace(")
+            .append({',', '\'', letter, '\'', ',', '\'', capital, '\'', ')'});
     }
     return folded;
 }
