@@ -100,7 +100,9 @@ class HostileContentTest : public SurveyTest
 
 TEST_F(HostileContentTest, AHugeMarkIsShownCutAndIsNoBlock)
 {
-    AddRow({{"b", std::string(20'000'000, '3')}});
+    std::string mark;
+    mark.resize(20'000'000, '3');
+    AddRow({{"b", mark}});
     const platform::SurveyTableModel model([&] { return survey.databasePath; });
     const auto shown = model.index(0, static_cast<int>(FieldIndex("b"))).data().toString();
     EXPECT_EQ(shown, QString(100, '3') + "...");
