@@ -40,6 +40,9 @@ public:
     /// What has reached the manager by `now`. After a hang-up the line is dead.
     Delivery Deliver(Time now);
 
+    /// True once all of the record has been said, by both ends.
+    bool IsPlayed() const { return next_ == record_.size() && answers_.empty(); }
+
     /// Reports what the record has of the manager that never came. To be called once, at the end.
     void Finish();
 

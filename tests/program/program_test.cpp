@@ -53,7 +53,9 @@ void ProgramTest::Start(const QStringList& unitOptions)
 
 void ProgramTest::StartAlone()
 {
-    if (!unit) std::filesystem::create_symlink(folder / "nowhere", folder / "com1");
+    const auto port = std::filesystem::symlink_status(folder / "com1");
+    if (!std::filesystem::is_symlink(port))
+        std::filesystem::create_symlink(folder / "nowhere", folder / "com1");
     StartIn(folder.Path());
 }
 

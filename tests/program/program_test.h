@@ -26,7 +26,7 @@ protected:
     /// Starts the unit and then the program, up to its main form.
     void Start(const QStringList& unitOptions = {});
 
-    /// Starts the program without a unit.
+    /// Starts the program without a unit, or on the line that "com1" leads to by then.
     void StartAlone();
 
     /// As StartAlone, with that as the folder that it was started in.

@@ -38,7 +38,7 @@ TEST_F(ReplayProgram, AnswersAsTheRecordedUnit)
     RunningUnit unit({"--replay", In("clock.line"), "--fast", "--link", In("com1")});
     EXPECT_EQ(ManagersPort(In("com1")).Exchange("H\r", 14), "140423101530\r\n");
     unit.Signal(SIGTERM);
-    EXPECT_EQ(unit.RestOfOutput(), "");
+    EXPECT_EQ(unit.RestOfOutput(), "the record has been played\n");
     EXPECT_EQ(unit.ExitStatus(), 0);
 }
 

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 namespace tarvex::unit
 {
@@ -48,6 +49,8 @@ bool ReplaySession::Exchange(Waiter::Woken woken)
     const auto delivery = replay_.Deliver(waiter_.Now());
     terminal_.Write(delivery.bytes);
     if (delivery.hangUp) terminal_.HangUp();
+    if (!std::exchange(played_, replay_.IsPlayed()) && played_)
+        std::cout << "the record has been played" << std::endl;
     return !delivery.hangUp;
 }
 

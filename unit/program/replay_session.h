@@ -16,7 +16,8 @@ public:
     explicit ReplaySession(const Options& options);
 
     /// Prints the terminal's path, then each difference between the manager and the recorded one,
-    /// until the end is requested or the record hangs up. False when there was a difference.
+    /// and when the record has been played, until the end is requested or the record hangs up.
+    /// False when there was a difference.
     bool Run();
 
 private:
@@ -27,6 +28,7 @@ private:
     PseudoTerminal terminal_;
     Replay replay_;
     bool same_ = true;
+    bool played_ = false;
 };
 
 } // namespace tarvex::unit
