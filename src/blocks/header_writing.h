@@ -19,6 +19,10 @@ namespace tarvex
 inline constexpr std::string_view kAllBlockWillBeLost =
     "ATTENTION: ALL BLOCK MEMORY DATA WILL BE LOST, WOULD YOU LIKE TO CONTINUE ?";
 
+/// How many exchanges such a command consists of.
+inline constexpr int kHeaderAndClosing = 2;
+inline constexpr int kAllRecordsAndClosing = kBlockCount + 1;
+
 /// The header in the boxes to block `currentBlock`, as both are when the unit has answered the
 /// wake.
 [[nodiscard]] bool WriteShownHeader(const ControlPanel& panel, const WorkingState& state,

@@ -13,6 +13,7 @@ namespace tarvex
 void ReadAllBlocks(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
+    link.ExpectExchanges(kBlockCount * kHeaderPages);
     view.ShowWaitIndicator();
 
     HeaderTexts texts; // a page passed over keeps the texts of the block before

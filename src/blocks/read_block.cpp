@@ -11,6 +11,7 @@ namespace tarvex
 void ReadBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
+    link.ExpectExchanges(kHeaderPages);
     view.ShowWaitIndicator();
     SetReadBlock(state, NumericValue(panel.blockNumber.Text()));
     link.OpenPort();

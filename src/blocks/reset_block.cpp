@@ -30,6 +30,7 @@ void ResetBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, Oper
     SkipOnError rule;
     if (!view.Confirms(kAllBlockWillBeLost)) return;
 
+    link.ExpectExchanges(kHeaderAndClosing);
     view.ShowWaitIndicator();
     link.OpenPort();
 

@@ -30,6 +30,7 @@ void ResetGainZero(ControlPanel& panel, WorkingState& state, DeviceLink& link, O
     SkipOnError rule;
     StorePanel(panel, state, state.currentBlock);
     if (view.Confirms("ATTENTION: SET DEFAULT ZERO/GAIN, WOULD YOU LIKE TO CONTINUE ?")) {
+        link.ExpectExchanges(kBlockCount);
         view.ShowWaitIndicator();
         link.OpenPort();
         ShowDefaultCalibration(panel.calibration);

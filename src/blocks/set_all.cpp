@@ -20,6 +20,7 @@ void SetAll(ControlPanel& panel, WorkingState& state, DeviceLink& link, Operator
     SkipOnError rule;
     if (!view.Confirms(kAllBlockWillBeLost)) return;
 
+    link.ExpectExchanges(kAllRecordsAndClosing);
     view.ShowWaitIndicator();
     StorePanelWithoutCalibration(panel, state, state.currentBlock);
     link.OpenPort();

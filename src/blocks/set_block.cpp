@@ -24,6 +24,7 @@ void SetBlock(ControlPanel& panel, WorkingState& state, DeviceLink& link, Operat
     StorePanel(panel, state, state.currentBlock);
     if (!view.Confirms(kAllBlocksWillBeLost)) return;
 
+    link.ExpectExchanges(kHeaderAndClosing);
     view.ShowWaitIndicator();
     state.currentBlock = NumericValue(panel.blockNumber.Text());
     ShowRecord(panel, state, pump, state.currentBlock);

@@ -20,6 +20,7 @@ void TotalReset(ControlPanel& panel, WorkingState& state, DeviceLink& link, Oper
     SkipOnError rule;
     if (!view.Confirms(kAllBlockWillBeLost)) return;
 
+    link.ExpectExchanges(kAllRecordsAndClosing);
     view.ShowWaitIndicator();
     link.OpenPort();
     HeaderFile file(state);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/control_state.h"
+#include "core/exchange_progress.h"
 #include "core/header_boxes.h"
 
 namespace tarvex
@@ -16,10 +17,11 @@ struct ClockBoxes {
     TextBox seconds{2};
 };
 
-/// What is shown while an exchange with the unit runs: a text on its ground.
+/// What is shown while an exchange with the unit runs: a text on its ground, which fills.
 struct WaitIndicator {
     Control label{false, true};
     Control ground{false, true};
+    ExchangeProgress progress; ///< of the operations that show the indicator
 
     /// Show and hide the text and its ground together.
     void Show();

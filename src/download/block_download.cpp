@@ -20,6 +20,7 @@ constexpr int kTicksBeforeTheReport = 5;
 constexpr int kTimeBytesRead = 6; // without the two blanks
 constexpr std::string_view kDataBanks = "123456789ABCDEF";
 constexpr std::string_view kPagesOfBank = "0123456789ABCDEF";
+constexpr int kMostDataPages = static_cast<int>(kDataBanks.size() * kPagesOfBank.size());
 
 void DeleteWhenThere(const ReportFile& file)
 {
@@ -46,15 +47,24 @@ public:
     {
     }
 
+    /// As many as Run reads.
+    int PageCount() const
+    {
+        int pages = 0;
+        for (double depth = depth_; pages < kMostDataPages && TubeGoesOn(depth); depth -= Step())
+            ++pages;
+        return pages;
+    }
+
     void Run(RecordFile& workFile)
     {
         for (const char bank : kDataBanks) {
             state_.readAddrBank = bank;
             for (const char page : kPagesOfBank) {
                 state_.readAddrPage = {page, '0'};
-                if (!TubeGoesOn()) return;
+                if (!TubeGoesOn(depth_)) return;
                 ReadRow(workFile);
-                depth_ -= header_[HeaderBox::Step] == "0" ? 0.5 : 1;
+                depth_ -= Step();
             }
         }
     }
@@ -62,10 +72,12 @@ public:
 private:
     /// With a step of 1 m a remainder below 0.5 still makes a row, with a step of 0.5 m it does
     /// not.
-    bool TubeGoesOn() const
+    bool TubeGoesOn(double depth) const
     {
-        return NumericValue(header_[HeaderBox::Step]) == 0 ? depth_ >= 0.5 : depth_ > 0;
+        return NumericValue(header_[HeaderBox::Step]) == 0 ? depth >= 0.5 : depth > 0;
     }
+
+    double Step() const { return header_[HeaderBox::Step] == "0" ? 0.5 : 1; }
 
     /// A page whose wake is answered otherwise than by "!" leaves no row.
     void ReadRow(RecordFile& workFile)
@@ -92,6 +104,7 @@ void BlockDownload(ControlPanel& panel, WorkingState& state, DeviceLink& link, O
                    EventPump& pump)
 {
     SkipOnError rule;
+    link.ExpectExchanges(kHeaderPages + kMostDataPages);
     view.ShowWaitIndicator();
     panel.downloadButton.Disable();
     pump.DoEvents();
@@ -116,7 +129,9 @@ void BlockDownload(ControlPanel& panel, WorkingState& state, DeviceLink& link, O
     RecordFile rows(sizeof(DataRecord));
     Attempt([&] { OpenReport(rows, WorkFile(state.reportFolder)); });
     WriteTitleRecords(state, rows);
-    DataPageWalk(panel, state, link, header).Run(rows);
+    DataPageWalk walk(panel, state, link, header);
+    link.ExpectExchanges(kHeaderPages + walk.PageCount());
+    walk.Run(rows);
     rows.Close();
 
     link.ClosePort();

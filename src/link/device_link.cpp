@@ -24,7 +24,8 @@ DeviceLink::DeviceLink(const Line& line)
       pump_(line.pump),
       timer_(line.timer),
       comPortNumber_(line.state.comPortNumber),
-      tickCounter_(line.state.tickCounter)
+      tickCounter_(line.state.tickCounter),
+      watch_(line.indicator != nullptr ? &line.indicator->progress : nullptr)
 {
 }
 
@@ -51,30 +52,32 @@ bool DeviceLink::TimedWake()
 void DeviceLink::UntimedWake()
 {
     SendWake();
-    WaitUntil([&] { return port_.InBufferCount() > 0; });
+    WaitUntil([&] { return Received() > 0; });
     TakeReply();
 }
 
 void DeviceLink::SendFrame(std::string_view frame)
 {
-    Attempt([&] { port_.Output(std::string(frame) + kFrameEnd); });
+    if (Attempt([&] { port_.Output(std::string(frame) + kFrameEnd); })) watch_.NoteFrame();
 }
 
 void DeviceLink::AwaitReply(int count)
 {
     RestartTick();
-    WaitUntil([&] { return port_.InBufferCount() >= count; });
-    TakeReply();
+    WaitUntil([&] { return Received() >= count; });
+    if (TakeReply()) watch_.EndExchange();
 }
 
 void DeviceLink::SettleWait(int ticks)
 {
     RestartTick();
     WaitUntil([&] { return tickCounter_ >= ticks; });
+    watch_.EndExchange();
 }
 
 void DeviceLink::RestartTick()
 {
+    watch_.BeginWait();
     tickCounter_ = 0;
     timer_.Enable();
     pump_.DoEvents();
@@ -86,9 +89,17 @@ void DeviceLink::SendWake()
     RestartTick();
 }
 
-void DeviceLink::TakeReply()
+/// What has come so far, as a wait without a limit asks for it.
+int DeviceLink::Received()
 {
-    Attempt([&] { reply_ = port_.Input(); });
+    const int count = port_.InBufferCount();
+    watch_.Look(count, tickCounter_);
+    return count;
+}
+
+bool DeviceLink::TakeReply()
+{
+    return Attempt([&] { reply_ = port_.Input(); });
 }
 
 /// Tests before it sleeps, for what it waits for may be there already; a failing test ends the
@@ -98,6 +109,7 @@ void DeviceLink::WaitUntil(const std::function<bool()>& reached)
     pump_.DoEvents();
     while (!Holds(reached))
         pump_.WaitForEvents();
+    watch_.EndWait();
 }
 
 } // namespace tarvex

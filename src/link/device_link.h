@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/control_panel.h"
+#include "link/exchange_watch.h"
 #include "link/line.h"
 
 #include <functional>
@@ -25,6 +25,11 @@ class DeviceLink
 public:
     /// Uses the parts of `line`, which must outlive it. Touches nothing yet.
     explicit DeviceLink(const Line& line);
+
+    /// Says of how many exchanges the operation consists, for its progress; said before it is
+    /// shown, and again when the number turns out to be another one. An exchange that does not end
+    /// as it should does not count as done. No effect in a dialog, which shows no progress.
+    void ExpectExchanges(int count) { watch_.Expect(count); }
 
     /// Opens the port that `comPortNumber` names. A port still open stays the one it is.
     void OpenPort();
@@ -63,7 +68,8 @@ public:
 private:
     void RestartTick();
     void SendWake();
-    void TakeReply();
+    int Received();
+    bool TakeReply();
     void WaitUntil(const std::function<bool()>& reached);
 
     SerialPort& port_;
@@ -71,6 +77,7 @@ private:
     TickTimer& timer_;
     const int& comPortNumber_;
     int& tickCounter_;
+    ExchangeWatch watch_;
     std::string reply_;
 };
 

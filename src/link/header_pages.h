@@ -9,6 +9,9 @@ namespace tarvex
 /// The bytes of the time's page that are read, unless a command takes fewer.
 inline constexpr int kTimeBytes = 8;
 
+/// The pages of one header, each read by an exchange of its own.
+inline constexpr int kHeaderPages = 10;
+
 /// Reads the header of block `readAddrBlock` over an open port, page by page in the order of
 /// kHeaderBoxes, each after a wake of its own: the first with its limit, the others without. Of
 /// each page as many bytes are read as its field has; `timeBytes` of the last. `addressShown` shows

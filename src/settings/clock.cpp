@@ -32,6 +32,7 @@ void ShowClock(ClockBoxes& shown, std::string_view reply)
 void ReadClock(ClockBoxes* shown, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
+    link.ExpectExchanges(1);
     view.ShowWaitIndicator();
     link.OpenPort();
     if (!link.TimedWake()) return EndUnanswered(link, view);
@@ -49,6 +50,7 @@ void WriteClock(const ClockBoxes& boxes, DeviceLink& link, OperatorView& view)
     if (!view.Confirms(kActivateClock)) return;
     if (boxes.day.Text().empty() || boxes.hours.Text().empty()) return;
 
+    link.ExpectExchanges(1);
     view.ShowWaitIndicator();
     link.OpenPort();
     const auto send = [&] {
@@ -64,6 +66,7 @@ void StartClock(DeviceLink& link, OperatorView& view)
     SkipOnError rule;
     if (!view.Confirms(kActivateClock)) return;
 
+    link.ExpectExchanges(1);
     view.ShowWaitIndicator();
     link.OpenPort();
     const auto send = [&] { link.SendFrame("c"); };

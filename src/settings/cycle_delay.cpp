@@ -16,6 +16,7 @@ constexpr int kSettleTicks = 2;
 void WriteCycleDelay(const TextBox& delay, DeviceLink& link, OperatorView& view)
 {
     SkipOnError rule;
+    link.ExpectExchanges(1);
     view.ShowWaitIndicator();
     link.OpenPort();
     const auto send = [&] { link.SendFrame("b000F0" + PlainNumber(NumericValue(delay.Text()))); };

@@ -84,4 +84,11 @@ QColor MarkColour(const QPalette& palette, const QColor& ground)
                   {palette.color(QPalette::Active, QPalette::Window), ground}, kEdge);
 }
 
+WaitColours WaitColoursOf(const QPalette& palette)
+{
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    if (IsLight(palette)) return {QColor(0xff, 0xe0, 0x8a), QColor(0xb8, 0x65, 0x00), text};
+    return {QColor(0x24, 0x1a, 0x05), QColor(0xa3, 0x5c, 0x00), text};
+}
+
 } // namespace tarvex::panel

@@ -1,26 +1,112 @@
 #include "panel/widgets/wait_ground.h"
 
+#include "panel/widgets/look_palette.h"
+
 #include <QPainter>
+#include <QPainterPath>
+
+#include <utility>
 
 namespace tarvex::panel
 {
 
-WaitGround::WaitGround(QWidget* parent) : QWidget(parent)
+namespace
+{
+
+constexpr qreal kRound = 4; // of corners, in pixels
+constexpr qreal kFront = 2; // the line where the filled part ends
+constexpr qreal kHeavyEdge = 3;
+constexpr qreal kHatch = 4;
+constexpr int kBetweenHatches = 16;
+
+QRectF Inside(const QRect& rect, qreal edge)
+{
+    return QRectF(rect).adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2);
+}
+
+void Hatch(QPainter& painter, const QRectF& room, const QColor& colour)
+{
+    painter.save();
+    painter.setClipRect(room, Qt::IntersectClip);
+    painter.setPen(QPen(colour, kHatch));
+    const int height = static_cast<int>(room.height());
+    const int right = static_cast<int>(room.right()) + height;
+    for (int foot = 0; foot < right; foot += kBetweenHatches)
+        painter.drawLine(foot - height, height, foot, 0);
+    painter.restore();
+}
+
+void Fill(QPainter& painter, const QRect& rect, const ExchangeCount& count,
+          const WaitColours& colours)
+{
+    QPainterPath shape;
+    shape.addRoundedRect(Inside(rect, 1), kRound, kRound);
+    painter.save();
+    painter.setClipPath(shape);
+    painter.fillRect(rect, colours.empty);
+    QRectF filled(rect);
+    filled.setWidth(rect.width() * count.Share());
+    if (count.stalled)
+        Hatch(painter, QRectF(rect).adjusted(filled.width(), 0, 0, 0), colours.filled);
+    painter.fillRect(filled, colours.filled);
+    if (count.done > 0)
+        painter.fillRect(QRectF(filled.right(), 0, kFront, rect.height()), colours.edge);
+    painter.restore();
+}
+
+void DrawEdge(QPainter& painter, const QRect& rect, bool stalled, const QColor& colour)
+{
+    const qreal width = stalled ? kHeavyEdge : 1;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colour, width, stalled ? Qt::DashLine : Qt::SolidLine));
+    painter.drawRoundedRect(Inside(rect, width), kRound, kRound);
+}
+
+} // namespace
+
+WaitGround::WaitGround(ExchangeProgress& progress, QWidget* parent)
+    : QWidget(parent), progress_(progress)
 {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
+    pause_.setSingleShot(true);
+    pause_.setInterval(kMillisecondsBetweenPaints);
+    pause_.callOnTimeout(this, [this] {
+        if (std::exchange(late_, false)) PaintSoon();
+    });
+    progress_.Watch([this] { TakeChange(); });
+}
+
+WaitGround::~WaitGround()
+{
+    progress_.Unwatch();
+}
+
+void WaitGround::TakeChange()
+{
+    if (pause_.isActive()) {
+        late_ = true;
+    } else {
+        PaintSoon();
+    }
+    if (changed_) changed_();
+}
+
+void WaitGround::PaintSoon()
+{
+    update();
+    pause_.start();
 }
 
 void WaitGround::paintEvent(QPaintEvent*)
 {
-    const QColor amber(0xff, 0xc9, 0x3c);
-    const QColor edge(0x7a, 0x52, 0x00);
+    const ExchangeCount& count = progress_.Now();
+    const WaitColours colours = WaitColoursOf(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge, 1));
-    painter.setBrush(amber);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
+    Fill(painter, rect(), count, colours);
+    DrawEdge(painter, rect(), count.stalled, colours.edge);
 }
 
 } // namespace tarvex::panel

@@ -82,7 +82,7 @@ QWidget* MakeWidget(const ControlRow& row, ControlPanel& panel, QWidget& parent)
     case ControlKind::TabStrip:
         return MakeTabStrip(parent);
     case ControlKind::Shape:
-        return new WaitGround(&parent);
+        return new WaitGround(panel.waitIndicator.progress, &parent);
     case ControlKind::Picture:
         return new QWidget(&parent);
     case ControlKind::Tab:

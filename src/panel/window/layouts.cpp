@@ -4,7 +4,6 @@
 #include "panel/widgets/fit_screen.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/scroll_room.h"
-#include "panel/widgets/wait_ground.h"
 #include "panel/window/controls.h"
 
 #include <QBoxLayout>
@@ -232,9 +231,6 @@ QLayout* WaitIndicator(QWidget& window)
     label.setAlignment(Qt::AlignCenter);
     label.setMargin(4);
     label.setWordWrap(true); // no text makes the window wider than its screen
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, WaitGround::TextColour());
-    label.setPalette(palette);
     QSizePolicy policy = label.sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     label.setSizePolicy(policy);
