@@ -35,7 +35,7 @@ std::vector<Anomaly> AnomalyList::Take()
             {{},
              last.record,
              last.offset,
-             "behind this record " + std::to_string(more_) + " more are not as they should be",
+             "after this record " + std::to_string(more_) + " more are not as they should be",
              false});
         more_ = 0;
     }

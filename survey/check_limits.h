@@ -42,7 +42,7 @@ inline constexpr std::array<LimitText, 10> kLimitTexts{{
     {"outlier-floor", &Limits::outlierFloor, "a sum nearer to the median in counts is never out",
      "the last digits of both readings are never at rest"},
     {"deviation", &Limits::deviation, "largest robust standard deviation of the sums in counts",
-     "wider than that, no single sum can be told from the others"},
+     "wider than that, no single sum can be singled out"},
     {"drift", &Limits::drift,
      "largest change of the sums from the deepest to the shallowest third in counts",
      "half of it goes into the half differences"},

@@ -44,7 +44,7 @@ void CheckSpikes(const CheckedSurvey& checked, const Pair& pair)
                         Remedy::ReadAgain,
                         std::string(1, pair.channel),
                         {leap.depth},
-                        "the half difference " + pair.Difference() + " stands " +
+                        "the half difference " + pair.Difference() + " is " +
                             Decimals(leap.value, 2) + " counts off its neighbours"});
     }
 }

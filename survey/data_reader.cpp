@@ -94,7 +94,7 @@ void Sort(std::vector<Row>& rows, bool deepestFirst, const std::vector<Record>& 
     const auto odd = std::ranges::is_sorted_until(rows, {}, &Row::depth);
     if (odd == rows.end()) return;
     anomalies.Add(records[odd->record - 1],
-                  "the depth " + Metres(odd->depth) + " m stands out of its order");
+                  "the depth " + Metres(odd->depth) + " m is out of order");
     std::ranges::stable_sort(rows, {}, &Row::depth);
 }
 
@@ -109,7 +109,7 @@ void NoteLayout(const std::vector<Record>& records, AnomalyList& anomalies)
                record.text.find('\0') == std::string_view::npos;
     });
     if (filled != records.end())
-        anomalies.AddHarmless(*filled, "blanks stand where the manager writes NUL bytes");
+        anomalies.AddHarmless(*filled, "there are blanks where the manager writes NUL bytes");
 }
 
 FileKind KindBy(const Title& title, const std::vector<Row>& rows)

@@ -37,7 +37,7 @@ Contents ReadMarked(std::string_view bytes, bool marked)
     if (marked) MoveBehindMark(records);
     AnomalyList anomalies;
     if (marked)
-        anomalies.AddHarmless({1, 0, {}, true}, "a byte order mark stands before the first record");
+        anomalies.AddHarmless({1, 0, {}, true}, "a byte order mark precedes the first record");
     auto contents = head ? ReadHeadReport(records, encoding, anomalies)
                          : ReadDataReport(records, encoding, anomalies);
     if (contents.kind == FileKind::None) return Refused(kNoReport);

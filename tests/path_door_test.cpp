@@ -17,9 +17,8 @@ namespace
 
 /// The doors between paths, the program's text and the toolkit's: what a name looks like elsewhere
 /// is never turned into another form by hand, for a path may be no Unicode at all.
-constexpr std::array<std::string_view, 5> kDoors = {
-    "src/core/path_text.cpp", "src/platform/qt_path.cpp", "src/platform/qt_text.cpp",
-    "src/panel/forms/texts.h", "src/panel/widgets/window_text.cpp"};
+constexpr std::array<std::string_view, 2> kDoors = {"src/core/path_text.cpp",
+                                                    "src/platform/text/qt_text.cpp"};
 
 /// Conversions of texts that are never paths: what a device or the system says of itself.
 constexpr std::array<std::string_view, 1> kTextsOfOthers = {"src/platform/machine_ports.cpp"};

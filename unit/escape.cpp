@@ -72,7 +72,7 @@ std::string Unescape(std::string_view text)
             continue;
         }
         const auto [byte, length] = ReadEscape(text);
-        if (!byte) throw std::invalid_argument("a backslash needs r, n, \\ or xHH behind it");
+        if (!byte) throw std::invalid_argument("a backslash needs r, n, \\ or xHH after it");
         bytes += *byte;
         text.remove_prefix(length);
     }

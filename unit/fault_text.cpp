@@ -125,7 +125,7 @@ Fault ParseFault(std::string_view text)
     if (TakeMark(rest, ':'))
         TakeArgument(text, rest, trouble, fault);
     else if (!rest.empty())
-        Refuse(text, "behind the number come only \"+\" and \":\" with an amount");
+        Refuse(text, "only \"+\" and \":\" with an amount may follow the number");
     return fault;
 }
 

@@ -1,6 +1,6 @@
 #include "platform/machine_ports.h"
 
-#include "platform/qt_path.h"
+#include "platform/text/qt_text.h"
 
 #include <QSerialPortInfo>
 

@@ -2,7 +2,7 @@
 
 #include "core/failure.h"
 #include "platform/qt_path.h"
-#include "platform/qt_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QApplication>
 #include <QComboBox>

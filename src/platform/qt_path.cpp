@@ -1,6 +1,7 @@
 #include "platform/qt_path.h"
 
 #include "core/path_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QCoreApplication>
 
@@ -28,16 +29,6 @@ int Hold(const std::filesystem::path& folder)
 #endif
 
 } // namespace
-
-QString PathToQString(const std::filesystem::path& path)
-{
-    return QString::fromStdU16String(path_text::Unicode(path));
-}
-
-std::filesystem::path PathFromQString(const QString& text)
-{
-    return path_text::FromUnicode(text.toStdU16String());
-}
 
 SpelledFolder::SpelledFolder(const std::filesystem::path& folder)
     : folder_(folder), spelling_(PathToQString(folder))

@@ -7,12 +7,6 @@
 namespace tarvex::platform
 {
 
-/// A path as far as it can be shown.
-QString PathToQString(const std::filesystem::path& path);
-
-/// The path that a text of the toolkit names.
-std::filesystem::path PathFromQString(const QString& text);
-
 /// A folder as the toolkit can open it, whose own paths are Unicode: by its path where that is
 /// Unicode, else through the process's table of open files, as long as this object lives.
 class SpelledFolder

@@ -1,6 +1,6 @@
 #include "platform/qt_port_names.h"
 
-#include "platform/qt_path.h"
+#include "platform/text/qt_text.h"
 
 #include <algorithm>
 #include <utility>

@@ -3,7 +3,7 @@
 #include "core/failure.h"
 #include "platform/device_lock.h"
 #include "platform/qt_path.h"
-#include "platform/qt_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QSerialPort>
 #include <QSignalBlocker>

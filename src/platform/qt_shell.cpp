@@ -1,6 +1,6 @@
 #include "platform/qt_shell.h"
 
-#include "platform/qt_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QDesktopServices>
 #include <QUrl>

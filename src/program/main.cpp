@@ -1,7 +1,7 @@
 #include "platform/file_size_limit.h"
 #include "platform/qt_application.h"
 #include "platform/qt_path.h"
-#include "platform/qt_text.h"
+#include "platform/text/qt_text.h"
 #include "program/command_line.h"
 #include "program/program.h"
 
@@ -17,9 +17,8 @@ namespace
 /// What fails before there is a window: no handler is at work yet.
 int EndBeforeTheFirstWindow(const std::exception& failure)
 {
-    QMessageBox::critical(
-        nullptr, tarvex::platform::ToQString(tarvex::kProgramTitle),
-        tarvex::platform::ToQString(std::string("Run-time error: ") + failure.what()));
+    QMessageBox::critical(nullptr, tarvex::ToQString(tarvex::kProgramTitle),
+                          tarvex::ToQString(std::string("Run-time error: ") + failure.what()));
     return 1;
 }
 

@@ -54,8 +54,8 @@ private:
     ProgramEnd end_;
     WorkingState state_;
     ControlPanel panel_;
-    platform::QtMessageBoxes boxes_{end_};
-    Handlers handlers_{end_, boxes_};
+    platform::QtMessageBoxes messages_{end_};
+    Handlers handlers_{end_, messages_};
     platform::PortFinder finder_;
     platform::PortSurroundings surroundings_;
     platform::QtPortNames portNames_{finder_, surroundings_};

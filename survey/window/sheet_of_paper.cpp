@@ -180,7 +180,7 @@ void DrawFoot(PaperSheet& sheet, const PictureSubject& subject)
         sheet.Line(Text(Shown(std::filesystem::path(file).filename())) +
                    QStringLiteral("   SHA-256 ") + Sha256(file));
     sheet.Line(QStringLiteral("Counts as the unit stored them. Signs are those of guides 1 and 3 "
-                              "(2 and 4); which way they lean is not told by the reports."));
+                              "(2 and 4); the reports do not say which way they lean."));
 }
 } // namespace
 

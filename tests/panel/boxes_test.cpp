@@ -1,6 +1,6 @@
 #include "panel/widgets/box_edit.h"
-#include "panel/widgets/window_text.h"
 #include "panel/window_test.h"
+#include "platform/text/qt_text.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -32,7 +32,7 @@ TEST(BoxEdit, KeepsAllByteValuesBothWays)
     panel::BoxEdit edit(box, nullptr);
     box.SetText(AllBytes());
     EXPECT_EQ(edit.text().size(), 256);
-    EXPECT_EQ(edit.text(), panel::ToWindow(AllBytes()));
+    EXPECT_EQ(edit.text(), ToQString(AllBytes()));
 
     const QString shown = edit.text();
     edit.setText("x");
@@ -48,9 +48,9 @@ TEST(BoxEdit, TakesEveryPrintableCharacterOfTheCodePageFromTheKeyboard)
     std::string printable;
     for (int code = 0x20; code < 256; ++code) {
         const auto byte = static_cast<char>(code);
-        if (panel::ToWindow({&byte, 1}).at(0).isPrint()) printable += byte;
+        if (ToQString({&byte, 1}).at(0).isPrint()) printable += byte;
     }
-    for (const QChar character : panel::ToWindow(printable))
+    for (const QChar character : ToQString(printable))
         PressCharacter(edit, character);
     EXPECT_EQ(box.Text(), printable);
     EXPECT_GT(printable.size(), 210U);

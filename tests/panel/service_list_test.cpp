@@ -1,7 +1,5 @@
 #include "panel/window_test.h"
 
-#include "panel/widgets/window_text.h"
-
 #include <QApplication>
 #include <QMenu>
 

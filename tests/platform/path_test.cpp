@@ -1,4 +1,5 @@
 #include "platform/qt_path.h"
+#include "platform/text/qt_text.h"
 
 #include "support/temporary_folder.h"
 
@@ -26,9 +27,9 @@ TEST_F(SpelledFolderTest, AnOrdinaryFolderIsSpelledByItsPath)
 {
     const SpelledFolder spelled(folder.Path());
     EXPECT_FALSE(spelled.IsAlias());
-    EXPECT_EQ(spelled.Spelling(), platform::PathToQString(folder.Path()));
+    EXPECT_EQ(spelled.Spelling(), PathToQString(folder.Path()));
     EXPECT_EQ(spelled.PathOf(spelled.Spelling() + "/table"), folder / "table");
-    EXPECT_EQ(spelled.Spell("com1"), platform::PathToQString(folder / "com1"));
+    EXPECT_EQ(spelled.Spell("com1"), PathToQString(folder / "com1"));
 }
 
 TEST_F(SpelledFolderTest, TheToolkitReachesAFolderOutsideUnicode)

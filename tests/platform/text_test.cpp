@@ -1,4 +1,4 @@
-#include "platform/qt_text.h"
+#include "platform/text/qt_text.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,6 @@ namespace tarvex::tests
 {
 namespace
 {
-
-using platform::ToBytes;
-using platform::ToQString;
 
 TEST(ToolkitText, EveryByteSurvivesTheWayToTheToolkitAndBack)
 {

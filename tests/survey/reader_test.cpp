@@ -209,7 +209,7 @@ INSTANTIATE_TEST_SUITE_P(
         OtherHands{
             "NulBytesToBlanks",
             [](const std::string& text) { return Replaced(text, std::string(1, '\0'), " "); },
-            {"1 0 blanks stand where the manager writes NUL bytes"}},
+            {"1 0 there are blanks where the manager writes NUL bytes"}},
         OtherHands{"BlanksStripped",
                    [](const std::string& text) {
                        return Replaced(Replaced(Replaced(text, std::string(1, '\0'), ""), " ", ""),
@@ -218,7 +218,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {kCutOtherwise}},
         OtherHands{"ByteOrderMark",
                    [](const std::string& text) { return "\xEF\xBB\xBF" + text; },
-                   {"1 0 a byte order mark stands before the first record"}},
+                   {"1 0 a byte order mark precedes the first record"}},
         OtherHands{"CommaInTheDepths",
                    [](const std::string& text) { return Replaced(text, ".", ","); },
                    {}},
@@ -232,7 +232,7 @@ TEST(ReadData, CountsOffsetsFromTheStartOfTheFileAlsoAfterAByteOrderMark)
     auto report = DataReportOf(SmallSurveyRows());
     report[3 * 113 + 48] = 'x';
     EXPECT_THAT(AnomaliesOf(Read("\xEF\xBB\xBF" + report)),
-                ElementsAre("1 0 a byte order mark stands before the first record",
+                ElementsAre("1 0 a byte order mark precedes the first record",
                             "! 4 342 A1 at 1.0 m is no reading: \"+x0100\""));
 }
 
@@ -289,8 +289,7 @@ TEST(ReadData, ReportsARowOutOfOrderAndSortsIt)
     const auto rows = SmallSurveyRows();
     const auto contents = Read(DataReportOf({rows[0], rows[2], rows[1]}));
     EXPECT_THAT(DepthsOf(contents), ElementsAre(5, 10, 15));
-    EXPECT_THAT(AnomaliesOf(contents),
-                ElementsAre("! 4 339 the depth 0.5 m stands out of its order"));
+    EXPECT_THAT(AnomaliesOf(contents), ElementsAre("! 4 339 the depth 0.5 m is out of order"));
 }
 
 TEST(ReadData, ReportsARecordThatIsNoRow)

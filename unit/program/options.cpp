@@ -40,7 +40,7 @@ void AddParsed(CLI::App& app, const std::string& name, const char* form, std::ve
 
 std::string CheckClock(const std::string& digits)
 {
-    return Clock().Set(digits, Time{0}) ? "" : "the clock is told as YYMMDDhhmmss";
+    return Clock().Set(digits, Time{0}) ? "" : "the clock is given as YYMMDDhhmmss";
 }
 
 void AddAdapter(CLI::App& app, Options& options)

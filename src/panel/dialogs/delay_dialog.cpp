@@ -20,9 +20,9 @@ DelayDialog::DelayDialog(const DialogContext& context, QWidget* parent)
     LayOutParameters(*this);
     (new QVBoxLayout(this))->addWidget(&ControlNamed(*this, "Frame1parametri"));
 
-    leaving_.RunOnLeaving(*findChild<BoxEdit*>("Text16rt"), [form = boxes_](MessageBoxes& boxes) {
-        LeaveDelay(form->cycleDelay, boxes);
-    });
+    leaving_.RunOnLeaving(
+        *findChild<BoxEdit*>("Text16rt"),
+        [form = boxes_](MessageBoxes& messages) { LeaveDelay(form->cycleDelay, messages); });
     OnClickOnLine("Command6scrivi", [boxes = boxes_](DeviceLink& link, OperatorView& view) {
         WriteCycleDelay(boxes->cycleDelay, link, view);
     });

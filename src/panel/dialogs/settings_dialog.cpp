@@ -3,7 +3,6 @@
 #include "core/header_store.h"
 #include "panel/widgets/box_edit.h"
 #include "panel/widgets/look.h"
-#include "panel/widgets/window_text.h"
 #include "panel/window/controls.h"
 #include "panel/window/layouts.h"
 

@@ -3,7 +3,7 @@
 #include "panel/forms/credits.h"
 #include "panel/forms/picture.h"
 #include "panel/forms/program_data.h"
-#include "panel/forms/texts.h"
+#include "platform/text/qt_text.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -53,7 +53,7 @@ std::array<Row, 8> AllRows()
 
 QLabel* Label(const QString& name, std::string_view text, QWidget* parent)
 {
-    auto* label = new QLabel(FromSource(text), parent);
+    auto* label = new QLabel(Literal(text), parent);
     label->setObjectName(name);
     label->setTextFormat(Qt::PlainText);
     return label;
@@ -102,7 +102,7 @@ QLayout* AboutUs::Rows()
         const QString name = QString::fromLatin1(row.name);
         auto* text = Label(name, row.text, this);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse); // to copy a telephone number
-        text->setAccessibleName(FromSource(row.caption));
+        text->setAccessibleName(Literal(row.caption));
         rows->addWidget(Label("Label" + name, row.caption, this), line, 0, Qt::AlignRight);
         rows->addWidget(text, line, 1);
         ++line;

@@ -1,7 +1,7 @@
 #include "panel/forms/folder_tree.h"
 
 #include "panel/forms/report_folder.h"
-#include "panel/forms/texts.h"
+#include "platform/text/qt_text.h"
 
 #include <QStyle>
 
@@ -123,7 +123,7 @@ bool FolderTree::hasChildren(const QModelIndex& parent) const
 QVariant FolderTree::data(const QModelIndex& index, int role) const
 {
     const Node& node = *NodeOf(index);
-    if (role == Qt::DisplayRole) return FromPath(node.name);
+    if (role == Qt::DisplayRole) return PathToQString(node.name);
     if (role == Qt::DecorationRole) return node.parent == top_.get() ? driveIcon_ : folderIcon_;
     return {};
 }

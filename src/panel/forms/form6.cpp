@@ -6,7 +6,7 @@
 #include "panel/forms/new_folder.h"
 #include "panel/forms/path_label.h"
 #include "panel/forms/report_folder.h"
-#include "panel/forms/texts.h"
+#include "platform/text/qt_text.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -48,8 +48,8 @@ void Form6::Build()
     Drive1->setObjectName("Drive1");
     Drive1->setAccessibleName("Drive");
     for (const Place& place : places_) {
-        Drive1->addItem(FromPath(place.name));
-        Drive1->setItemData(Drive1->count() - 1, FromPath(place.folder), Qt::ToolTipRole);
+        Drive1->addItem(PathToQString(place.name));
+        Drive1->setItemData(Drive1->count() - 1, PathToQString(place.folder), Qt::ToolTipRole);
     }
     Dir1->setObjectName("Dir1");
     Dir1->setAccessibleName("Folder for the reports");
@@ -117,7 +117,7 @@ void Form6::ChangeDrive()
     try {
         Dir1->SetFolder(folder);
     } catch (const RunTimeFailure&) {
-        world_.boxes.Critical("Invalid Drive!", "Errore");
+        world_.messages.Critical("Invalid Drive!", "Errore");
         Drive1->setCurrentIndex(0);
     }
 }
@@ -127,13 +127,13 @@ void Form6::ChangeDrive()
 void Form6::ShowFolder()
 {
     const auto folder = Dir1->Folder();
-    path_->ShowPath(FromPath(std::filesystem::path(folder).make_preferred()));
+    path_->ShowPath(PathToQString(std::filesystem::path(folder).make_preferred()));
     const QSignalBlocker quiet(Drive1);
     Drive1->setCurrentIndex(static_cast<int>(NearestPlace(places_, folder)));
     const bool choosable = MayBeWritten(folder);
     command3d1->setEnabled(choosable);
     NewFolder->setEnabled(choosable);
-    reason_->setText(choosable ? QString() : FromSource(kNotWritable));
+    reason_->setText(choosable ? QString() : Literal(kNotWritable));
 }
 
 void Form6::Choose()
@@ -168,7 +168,7 @@ void Form6::GoTo(const std::filesystem::path& folder)
 
 void Form6::Refuse(const char* reason)
 {
-    reason_->setText(FromSource(reason));
+    reason_->setText(Literal(reason));
 }
 
 } // namespace tarvex::panel

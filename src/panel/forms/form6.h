@@ -30,7 +30,7 @@ public:
         WorkingState& state;
         ControlPanel& panel;
         Handlers& handlers;
-        MessageBoxes& boxes;
+        MessageBoxes& messages;
         std::filesystem::path startFolder; ///< the one that holds `dati`
     };
 

@@ -1,6 +1,6 @@
 #include "panel/forms/machine_places.h"
 
-#include "panel/forms/texts.h"
+#include "platform/text/qt_text.h"
 
 #ifdef Q_OS_WIN
 #include <QDir>
@@ -19,7 +19,7 @@ std::vector<Place> MachinePlaces(const std::filesystem::path& startFolder)
 {
     std::vector<Place> places;
     for (const QFileInfo& drive : QDir::drives())
-        places.push_back({ToPath(drive.filePath()), ToPath(drive.filePath())});
+        places.push_back({PathFromQString(drive.filePath()), PathFromQString(drive.filePath())});
     std::stable_partition(places.begin(), places.end(), [&](const Place& place) {
         return place.folder.root_name() == startFolder.root_name();
     });

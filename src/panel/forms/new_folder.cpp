@@ -1,8 +1,8 @@
 #include "panel/forms/new_folder.h"
 
 #include "panel/forms/report_folder.h"
-#include "panel/forms/texts.h"
 #include "panel/widgets/one_line.h"
+#include "platform/text/qt_text.h"
 
 #include <QLineEdit>
 
@@ -21,7 +21,7 @@ const QString kPrompt = QStringLiteral("Name of the new folder :");
 QString NoName(const QString& name)
 {
     if (name.isEmpty()) return QStringLiteral("The folder needs a name.");
-    return QStringLiteral("A folder cannot be called so: a name has no separator in it, and is "
+    return QStringLiteral("A folder cannot have this name: a name has no separator in it, and is "
                           "neither \".\" nor \"..\".");
 }
 
@@ -35,7 +35,7 @@ QString Reason(const std::error_code& error)
     if (error == std::errc::no_space_on_device) return QStringLiteral("The drive is full.");
     if (error == std::errc::no_such_file_or_directory)
         return QStringLiteral("The folder that it would lie in is not there any more.");
-    return QStringLiteral("The system says: ") + FromSource(error.message());
+    return QStringLiteral("The system says: ") + Literal(error.message());
 }
 
 } // namespace
@@ -53,7 +53,7 @@ NewFolderBox::NewFolderBox(std::filesystem::path inside, QWidget* parent)
 
 void NewFolderBox::accept()
 {
-    const auto name = ToPath(textValue());
+    const auto name = PathFromQString(textValue());
     if (!IsFolderName(name)) return Refuse(NoName(textValue()));
     const auto folder = inside_ / name;
     if (const std::error_code error = TryMakeFolder(folder)) return Refuse(Reason(error));

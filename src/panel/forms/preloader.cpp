@@ -2,8 +2,8 @@
 
 #include "panel/forms/picture.h"
 #include "panel/forms/program_data.h"
-#include "panel/forms/texts.h"
 #include "panel/widgets/fit_screen.h"
+#include "platform/text/qt_text.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -47,7 +47,7 @@ Preloader::Preloader(Handlers& handlers, std::function<void()> next)
       timer_(new QTimer(this))
 {
     setObjectName("preloader");
-    setAccessibleName(FromSource(kProgramTitle)); // it has no title to be announced by
+    setAccessibleName(Literal(kProgramTitle)); // it has no title to be announced by
     timer_->setObjectName("Timer1");
     timer_->setTimerType(Qt::PreciseTimer);
     timer_->setInterval(kPeriod);
@@ -85,7 +85,7 @@ void Preloader::Load()
     timer_->start();
     findChild<QLabel*>("Label1")->setText(QString("%1.%2").arg(kMajorVersion).arg(kMinorVersion));
     auto* description = findChild<QLabel*>("Label2");
-    description->setText(FromSource(kFileDescription));
+    description->setText(Literal(kFileDescription));
     while (sizeHint().width() > FreeSize(*this).width() && description->font().pointSizeF() > 1)
         Enlarge(description, 0.9);
 }

@@ -11,63 +11,63 @@ namespace
 constexpr int kEnter = 13;
 constexpr int kBackspace = 8;
 
-void CheckKey(int key, MessageBoxes& boxes)
+void CheckKey(int key, MessageBoxes& messages)
 {
     if (key == kEnter || key == kBackspace || (key >= '0' && key <= '9')) return;
-    boxes.Critical("Attention: Insert only numbers");
+    messages.Critical("Attention: Insert only numbers");
 }
 
-void CheckLength(const TextBox& box, MessageBoxes& boxes)
+void CheckLength(const TextBox& box, MessageBoxes& messages)
 {
-    if (box.Text().size() < 2) boxes.Critical("Attention: Insert two digits");
+    if (box.Text().size() < 2) messages.Critical("Attention: Insert two digits");
 }
 
-void RefuseAbove(const TextBox& box, double highest, MessageBoxes& boxes)
+void RefuseAbove(const TextBox& box, double highest, MessageBoxes& messages)
 {
-    if (NumericValue(box.Text()) > highest) boxes.Critical("Attention: Invalid value");
+    if (NumericValue(box.Text()) > highest) messages.Critical("Attention: Invalid value");
 }
 
-void RefuseZeroAndAbove(const TextBox& box, double highest, MessageBoxes& boxes)
+void RefuseZeroAndAbove(const TextBox& box, double highest, MessageBoxes& messages)
 {
     const double value = NumericValue(box.Text());
-    if (value == 0 || value > highest) boxes.Critical("Attention: Invalid value");
+    if (value == 0 || value > highest) messages.Critical("Attention: Invalid value");
 }
 
-void LeaveDay(const ClockBoxes& clock, MessageBoxes& boxes)
+void LeaveDay(const ClockBoxes& clock, MessageBoxes& messages)
 {
-    CheckLength(clock.day, boxes);
-    RefuseZeroAndAbove(clock.day, 31, boxes);
+    CheckLength(clock.day, messages);
+    RefuseZeroAndAbove(clock.day, 31, messages);
 }
 
-void LeaveMonth(const ClockBoxes& clock, MessageBoxes& boxes)
+void LeaveMonth(const ClockBoxes& clock, MessageBoxes& messages)
 {
-    CheckLength(clock.month, boxes);
-    RefuseZeroAndAbove(clock.month, 12, boxes);
+    CheckLength(clock.month, messages);
+    RefuseZeroAndAbove(clock.month, 12, messages);
 }
 
-void LeaveYear(const ClockBoxes& clock, MessageBoxes& boxes)
+void LeaveYear(const ClockBoxes& clock, MessageBoxes& messages)
 {
-    CheckLength(clock.year, boxes);
+    CheckLength(clock.year, messages);
 }
 
-void LeaveHours(const ClockBoxes& clock, MessageBoxes& boxes)
+void LeaveHours(const ClockBoxes& clock, MessageBoxes& messages)
 {
-    CheckLength(clock.hours, boxes);
-    RefuseAbove(clock.hours, 23, boxes);
+    CheckLength(clock.hours, messages);
+    RefuseAbove(clock.hours, 23, messages);
 }
 
 /// With the limits of the month.
-void LeaveMinutes(const ClockBoxes& clock, MessageBoxes& boxes)
+void LeaveMinutes(const ClockBoxes& clock, MessageBoxes& messages)
 {
-    CheckLength(clock.minutes, boxes);
-    RefuseZeroAndAbove(clock.minutes, 12, boxes);
+    CheckLength(clock.minutes, messages);
+    RefuseZeroAndAbove(clock.minutes, 12, messages);
 }
 
 /// Looks at the day and the hours, never at its own field.
-void LeaveSeconds(const ClockBoxes& clock, MessageBoxes& boxes)
+void LeaveSeconds(const ClockBoxes& clock, MessageBoxes& messages)
 {
-    CheckLength(clock.day, boxes);
-    RefuseAbove(clock.hours, 59, boxes);
+    CheckLength(clock.day, messages);
+    RefuseAbove(clock.hours, 59, messages);
 }
 
 } // namespace

@@ -11,9 +11,9 @@ namespace tarvex::panel
 
 /// The checks of one field of the dialog "Set Clock".
 struct ClockCheck {
-    std::string_view field;                                     ///< the control's name
-    void (*keyPressed)(int key, MessageBoxes& boxes);           ///< `key` is a character code
-    void (*left)(const ClockBoxes& clock, MessageBoxes& boxes); ///< never changes a text
+    std::string_view field;                                        ///< the control's name
+    void (*keyPressed)(int key, MessageBoxes& messages);           ///< `key` is a character code
+    void (*left)(const ClockBoxes& clock, MessageBoxes& messages); ///< never changes a text
 };
 
 /// The twelve checks: each warns with a critical box and leaves the key or the text as it is. They

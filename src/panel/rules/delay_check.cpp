@@ -5,14 +5,14 @@
 namespace tarvex::panel
 {
 
-void LeaveDelay(TextBox& delay, MessageBoxes& boxes)
+void LeaveDelay(TextBox& delay, MessageBoxes& messages)
 {
     if (NumericValue(delay.Text()) < 3) {
-        boxes.Critical("Attention: Delay is too low");
+        messages.Critical("Attention: Delay is too low");
         delay.SetText("3");
     }
     if (NumericValue(delay.Text()) > 9) {
-        boxes.Critical("Attention: Delay is too high");
+        messages.Critical("Attention: Delay is too high");
         delay.SetText("9");
     }
 }

@@ -8,6 +8,6 @@ namespace tarvex::panel
 
 /// The check of the dialog's delay when it is left: held between 3 and 9, with a critical box. The
 /// panel's own field has none.
-void LeaveDelay(TextBox& delay, MessageBoxes& boxes);
+void LeaveDelay(TextBox& delay, MessageBoxes& messages);
 
 } // namespace tarvex::panel

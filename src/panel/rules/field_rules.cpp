@@ -22,12 +22,12 @@ constexpr std::string_view kInvalidValue = "Attention: Invalid value";
 constexpr double kDeepestInHalfMetres = 1000;
 constexpr double kDeepestInMetres = 2000;
 
-void CheckBlockNumber(const TextBox& box, MessageBoxes& boxes)
+void CheckBlockNumber(const TextBox& box, MessageBoxes& messages)
 {
-    if (box.Text().empty()) boxes.Critical("Attention: Insert block number");
-    if (NumericValue(box.Text()) < 0) boxes.Critical("Attention: Incorrect block number");
+    if (box.Text().empty()) messages.Critical("Attention: Insert block number");
+    if (NumericValue(box.Text()) < 0) messages.Critical("Attention: Incorrect block number");
     if (NumericValue(box.Text()) > kLastBlockIndex)
-        boxes.Critical("Attention: Incorrect block number");
+        messages.Critical("Attention: Incorrect block number");
 }
 
 void FillAsFieldText(HeaderBoxes& boxes, HeaderBox box)
@@ -37,19 +37,19 @@ void FillAsFieldText(HeaderBoxes& boxes, HeaderBox box)
     boxes[box].SetText(code_page::Capitals(padded.substr(0, width)));
 }
 
-void RefuseDepth(ControlPanel& panel, MessageBoxes& boxes, std::string_view deepestMetres)
+void RefuseDepth(ControlPanel& panel, MessageBoxes& messages, std::string_view deepestMetres)
 {
-    boxes.Critical(kInvalidDepth);
+    messages.Critical(kInvalidDepth);
     panel.header[DepthMetres].SetText(deepestMetres);
     panel.header[DepthTenths].SetText("0");
 }
 
 /// Warns and falls back to `fallback` unless the box holds that or `other`.
 void AllowTwoValues(TextBox& box, std::string_view other, std::string_view fallback,
-                    std::string_view warning, MessageBoxes& boxes)
+                    std::string_view warning, MessageBoxes& messages)
 {
     if (box.Text() == other || box.Text() == fallback) return;
-    boxes.Critical(warning);
+    messages.Critical(warning);
     box.SetText(fallback);
 }
 
@@ -85,14 +85,14 @@ FieldRule RuleOf(std::string_view field)
     return row == kRules.end() ? nullptr : row->leave;
 }
 
-void LeaveBlockNumber(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveBlockNumber(ControlPanel& panel, WorkingState&, MessageBoxes& messages)
 {
-    CheckBlockNumber(panel.blockNumber, boxes);
+    CheckBlockNumber(panel.blockNumber, messages);
 }
 
-void LeaveDownloadBlock(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveDownloadBlock(ControlPanel& panel, WorkingState&, MessageBoxes& messages)
 {
-    CheckBlockNumber(panel.downloadBlock, boxes);
+    CheckBlockNumber(panel.downloadBlock, messages);
 }
 
 void LeaveClient(ControlPanel& panel, WorkingState&, MessageBoxes&)
@@ -110,36 +110,36 @@ void LeaveTube(ControlPanel& panel, WorkingState&, MessageBoxes&)
     FillAsFieldText(panel.header, Tube);
 }
 
-void LeaveDepthMetres(ControlPanel& panel, WorkingState& state, MessageBoxes& boxes)
+void LeaveDepthMetres(ControlPanel& panel, WorkingState& state, MessageBoxes& messages)
 {
     panel.header[DepthMetres].SetText(Right("000" + panel.header[DepthMetres].Text(), 3));
     state.depthText = panel.header[DepthMetres].Text() + panel.header[DepthTenths].Text();
     if (NumericValue(state.depthText) > kDeepestInHalfMetres && panel.header[Step].Text() == "0")
-        RefuseDepth(panel, boxes, "100");
+        RefuseDepth(panel, messages, "100");
     if (NumericValue(state.depthText) > kDeepestInMetres && panel.header[Step].Text() == "1")
-        RefuseDepth(panel, boxes, "200");
+        RefuseDepth(panel, messages, "200");
 }
 
-void LeaveDepthTenths(ControlPanel& panel, WorkingState& state, MessageBoxes& boxes)
+void LeaveDepthTenths(ControlPanel& panel, WorkingState& state, MessageBoxes& messages)
 {
-    AllowTwoValues(panel.header[DepthTenths], "5", "0", kInvalidDepth, boxes);
-    LeaveDepthMetres(panel, state, boxes);
+    AllowTwoValues(panel.header[DepthTenths], "5", "0", kInvalidDepth, messages);
+    LeaveDepthMetres(panel, state, messages);
 }
 
-void LeaveStep(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveStep(ControlPanel& panel, WorkingState&, MessageBoxes& messages)
 {
-    AllowTwoValues(panel.header[Step], "1", "0", kInvalidValue, boxes);
+    AllowTwoValues(panel.header[Step], "1", "0", kInvalidValue, messages);
 }
 
-void LeaveGuides(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveGuides(ControlPanel& panel, WorkingState&, MessageBoxes& messages)
 {
-    AllowTwoValues(panel.header[Guides], "4", "2", kInvalidValue, boxes);
+    AllowTwoValues(panel.header[Guides], "4", "2", kInvalidValue, messages);
 }
 
-void LeaveNorth(ControlPanel& panel, WorkingState&, MessageBoxes& boxes)
+void LeaveNorth(ControlPanel& panel, WorkingState&, MessageBoxes& messages)
 {
     if (panel.header[North].Text().size() >= 4) return;
-    boxes.Critical(kInvalidValue);
+    messages.Critical(kInvalidValue);
     panel.header[North].SetText("+000");
 }
 

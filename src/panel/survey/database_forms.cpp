@@ -34,13 +34,13 @@ void DatabaseForms::ShowGrid()
 void DatabaseForms::Read()
 {
     CommitEdit();
-    ReadHeaders(world_.survey, world_.state, world_.boxes, [this] { ShowGrid(); });
+    ReadHeaders(world_.survey, world_.state, world_.messages, [this] { ShowGrid(); });
 }
 
 void DatabaseForms::Write()
 {
     CommitEdit();
-    WriteHeaders(world_.panel, world_.state, world_.survey, world_.events, world_.boxes);
+    WriteHeaders(world_.panel, world_.state, world_.survey, world_.events, world_.messages);
     if (form5_) form5_->Refresh(); // the marks are gone
 }
 

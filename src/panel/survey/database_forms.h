@@ -31,7 +31,7 @@ public:
         WorkingState& state;
         SurveyDatabase& survey;
         EventPump& events;
-        MessageBoxes& boxes;
+        MessageBoxes& messages;
         Handlers& handlers;
 
         /// Asked at each load of `Form4`.

@@ -1,7 +1,7 @@
 #include "panel/widgets/box_edit.h"
 
 #include "panel/widgets/one_line.h"
-#include "panel/widgets/window_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -27,7 +27,7 @@ public:
     State validate(QString& input, int& position) const override
     {
         OneLineValidator::validate(input, position);
-        const QString held = ToWindow(FromWindow(input.normalized(QString::NormalizationForm_C)));
+        const QString held = ToQString(ToBytes(input.normalized(QString::NormalizationForm_C)));
         if (held != input) {
             position -= static_cast<int>(input.size() - held.size());
             input = held;
@@ -75,7 +75,7 @@ void BoxEdit::Detach()
 
 void BoxEdit::ShowBox()
 {
-    const QString shown = ToWindow(box_.Text());
+    const QString shown = ToQString(box_.Text());
     if (text() != shown) setText(shown);
     setEnabled(box_.Enabled());
     if (isHidden() == box_.Visible()) setVisible(box_.Visible());
@@ -83,7 +83,7 @@ void BoxEdit::ShowBox()
 
 void BoxEdit::TakeTyped(const QString& text)
 {
-    std::string typed = FromWindow(text);
+    std::string typed = ToBytes(text);
     if (typed != box_.Text()) box_.SetText(typed);
 }
 

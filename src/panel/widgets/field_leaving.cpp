@@ -21,8 +21,8 @@ bool IsPress(const QEvent& event)
 
 } // namespace
 
-FieldLeaving::FieldLeaving(Handlers& handlers, MessageBoxes& boxes)
-    : handlers_(handlers), boxes_(boxes)
+FieldLeaving::FieldLeaving(Handlers& handlers, MessageBoxes& messages)
+    : handlers_(handlers), messages_(messages)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -45,9 +45,9 @@ void FieldLeaving::CatchUp(Qt::FocusReason reason)
 
 void FieldLeaving::Leave(const Rule& rule, Qt::FocusReason reason)
 {
-    NotedBoxes boxes(boxes_);
-    handlers_.Run([&] { rule(boxes); });
-    if (boxes.shown && reason == Qt::MouseFocusReason) keptPress_.BoxShownInPress();
+    NotedBoxes messages(messages_);
+    handlers_.Run([&] { rule(messages); });
+    if (messages.shown && reason == Qt::MouseFocusReason) keptPress_.BoxShownInPress();
 }
 
 /// The toolkit has moved the focus to the control under the mouse before the press comes here.

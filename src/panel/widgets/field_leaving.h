@@ -21,8 +21,8 @@ class BoxEdit;
 class FieldLeaving final : public QObject
 {
 public:
-    /// Rules run through `handlers` and show their boxes with `boxes`.
-    FieldLeaving(Handlers& handlers, MessageBoxes& boxes);
+    /// Rules run through `handlers` and show their boxes with `messages`.
+    FieldLeaving(Handlers& handlers, MessageBoxes& messages);
 
     /// A rule shows its boxes with the ones that it is given.
     using Rule = std::function<void(MessageBoxes&)>;
@@ -43,7 +43,7 @@ private:
     void Leave(const Rule& rule, Qt::FocusReason reason);
 
     Handlers& handlers_;
-    MessageBoxes& boxes_;
+    MessageBoxes& messages_;
     KeptPress keptPress_;
     std::vector<BoxEdit*> edits_;
 };

@@ -9,23 +9,23 @@ namespace tarvex::panel
 class NotedBoxes final : public MessageBoxes
 {
 public:
-    explicit NotedBoxes(MessageBoxes& boxes) : boxes_(boxes) {}
+    explicit NotedBoxes(MessageBoxes& messages) : messages_(messages) {}
 
     void Critical(std::string_view text, std::string_view title) override
     {
         shown = true;
-        boxes_.Critical(text, title);
+        messages_.Critical(text, title);
     }
     bool AskOkCancel(std::string_view text) override
     {
         shown = true;
-        return boxes_.AskOkCancel(text);
+        return messages_.AskOkCancel(text);
     }
 
     bool shown = false;
 
 private:
-    MessageBoxes& boxes_;
+    MessageBoxes& messages_;
 };
 
 } // namespace tarvex::panel

@@ -1,6 +1,6 @@
 #include "panel/widgets/port_options.h"
 
-#include "panel/widgets/window_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QAbstractButton>
 #include <QEvent>

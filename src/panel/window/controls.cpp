@@ -3,7 +3,7 @@
 #include "panel/widgets/box_edit.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/wait_ground.h"
-#include "panel/widgets/window_text.h"
+#include "platform/text/qt_text.h"
 
 #include <QGroupBox>
 #include <QLabel>

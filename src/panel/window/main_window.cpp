@@ -7,11 +7,11 @@
 #include "panel/widgets/focus_mark.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/port_options.h"
-#include "panel/widgets/window_text.h"
 #include "panel/window/control_table.h"
 #include "panel/window/controls.h"
 #include "panel/window/layouts.h"
 #include "panel/window/service_list.h"
+#include "platform/text/qt_text.h"
 #include "settings/port_choice.h"
 
 #include <QAbstractButton>
@@ -74,8 +74,8 @@ private:
         edits_.push_back(edit);
         leaving_.Watch(*edit);
         if (const FieldRule rule = RuleOf(row.name)) {
-            leaving_.RunOnLeaving(*edit, [this, rule](MessageBoxes& boxes) {
-                rule(context_.panel, context_.line.state, boxes);
+            leaving_.RunOnLeaving(*edit, [this, rule](MessageBoxes& messages) {
+                rule(context_.panel, context_.line.state, messages);
             });
         }
         if (row.name == RowOf(HeaderBox::DepthTenths).control)

@@ -1,8 +1,8 @@
 #include "panel/window/service_list.h"
 
 #include "panel/widgets/look.h"
-#include "panel/widgets/window_text.h"
 #include "panel/window/control_table.h"
+#include "platform/text/qt_text.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
 #include "panel/forms/forms_test.h"
-#include "panel/forms/texts.h"
+#include "platform/text/qt_text.h"
 #include "support/ordinary_user.h"
 
 #include <QApplication>
@@ -79,7 +79,7 @@ protected:
     static QModelIndex ShownIn(const QModelIndex& parent, const fs::path& name)
     {
         const auto found = Dir1().model()->match(Dir1().model()->index(0, 0, parent),
-                                                 Qt::DisplayRole, panel::FromPath(name), 1,
+                                                 Qt::DisplayRole, PathToQString(name), 1,
                                                  Qt::MatchExactly | Qt::MatchCaseSensitive);
         return found.isEmpty() ? QModelIndex() : found.constFirst();
     }
@@ -445,9 +445,9 @@ TEST_F(FolderChooser, TellsWhyANewFolderCannotBeMadeAndKeepsTheNameForCorrection
     const std::string tooLong(300, 'x');
     const std::vector<std::pair<std::string, std::string>> refused = {
         {"S12", "There is a folder or a file of this name already."},
-        {"../S13", "A folder cannot be called so"},
-        {"..", "A folder cannot be called so"},
-        {"/", "A folder cannot be called so"},
+        {"../S13", "A folder cannot have this name"},
+        {"..", "A folder cannot have this name"},
+        {"/", "A folder cannot have this name"},
         {"", "The folder needs a name."},
         {tooLong, "The name is too long."}};
     for (const auto& [name, reason] : refused) {
@@ -455,9 +455,9 @@ TEST_F(FolderChooser, TellsWhyANewFolderCannotBeMadeAndKeepsTheNameForCorrection
         question.accept();
         EXPECT_TRUE(question.isVisible()) << name;
         EXPECT_EQ(question.textValue().toStdString(), name);
-        const std::string told = question.labelText().toStdString();
-        EXPECT_NE(told.find("The new folder could not be made."), std::string::npos) << told;
-        EXPECT_NE(told.find(reason), std::string::npos) << told;
+        const std::string shown = question.labelText().toStdString();
+        EXPECT_NE(shown.find("The new folder could not be made."), std::string::npos) << shown;
+        EXPECT_NE(shown.find(reason), std::string::npos) << shown;
         EXPECT_EQ(ShownPath(), dati) << name;
     }
     EXPECT_FALSE(fs::exists(folder / "S13"));

@@ -65,10 +65,10 @@ protected:
                shown.contains(QRect({}, control.size().boundedTo(RoomOf(control))));
     }
 
-    static std::string Told(const QWidget& control)
+    static std::string Described(const QWidget& control)
     {
-        const auto size = [](QSize told) {
-            return std::to_string(told.width()) + "x" + std::to_string(told.height()) + " ";
+        const auto size = [](QSize given) {
+            return std::to_string(given.width()) + "x" + std::to_string(given.height()) + " ";
         };
         const QRect shown = control.visibleRegion().boundingRect();
         return control.objectName().toStdString() + " of " + size(control.size()) + "shows " +
@@ -96,7 +96,7 @@ protected:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
             const QWidget* focused = QApplication::focusWidget();
             ASSERT_NE(focused, nullptr);
-            EXPECT_TRUE(IsInSight(*focused)) << Told(*focused);
+            EXPECT_TRUE(IsInSight(*focused)) << Described(*focused);
         }
     }
 

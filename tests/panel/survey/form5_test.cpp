@@ -480,19 +480,19 @@ TEST_F(Form5Test, LastOfManyRowsIsShownAndEdited)
 TEST_F(Form5Test, ExplainsEveryFieldInTheTipOfItsHead)
 {
     auto& head = *Grid().horizontalHeader();
-    std::set<QString> told;
+    std::set<QString> shown;
     for (int field = 0; field < head.count(); ++field) {
         Grid().scrollTo(Grid().model()->index(0, field));
         const QPoint at(head.sectionViewportPosition(field) + 10, head.height() / 2);
         QHelpEvent help(QEvent::ToolTip, at, head.viewport()->mapToGlobal(at));
         QApplication::sendEvent(head.viewport(), &help);
         EXPECT_GE(QToolTip::text().size(), 4) << field;
-        told.insert(QToolTip::text());
+        shown.insert(QToolTip::text());
     }
-    EXPECT_EQ(told.size(), kSurveyFields.size()) << "no two fields hold the same";
-    EXPECT_TRUE(told.contains("Client"));
+    EXPECT_EQ(shown.size(), kSurveyFields.size()) << "no two fields hold the same";
+    EXPECT_TRUE(shown.contains("Client"));
     EXPECT_TRUE(
-        told.contains("Date and time of reading 25: day, month, year, hours, minutes, seconds"));
+        shown.contains("Date and time of reading 25: day, month, year, hours, minutes, seconds"));
     QToolTip::hideText();
 }
 

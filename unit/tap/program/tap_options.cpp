@@ -8,9 +8,10 @@ namespace tarvex::unit
 TapCommandLine ReadTapCommandLine(int argc, const char* const* argv)
 {
     TapCommandLine line;
-    CLI::App app{"Stands between a serial adapter and the manager, and writes down what passes",
+    CLI::App app{"Sits between a serial adapter and the manager, and records what passes",
                  "tarvex-tap"};
-    app.add_option("DEVICE", line.options.device, "the adapter that the unit hangs on")->required();
+    app.add_option("DEVICE", line.options.device, "the adapter that the unit is connected to")
+        ->required();
     app.add_option("--link", line.options.link,
                    "symbolic link to the manager's end, removed at the end");
     app.add_option("--log", line.options.log, "file for the log, - for the standard output")

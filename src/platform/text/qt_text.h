@@ -2,10 +2,11 @@
 
 #include <QString>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
-namespace tarvex::platform
+namespace tarvex
 {
 
 /// The program's text (Windows-1252, one byte a character) as the toolkit's. All 256 bytes have a
@@ -16,4 +17,13 @@ QString ToQString(std::string_view bytes);
 /// surrogates, becomes one "?".
 std::string ToBytes(const QString& text);
 
-} // namespace tarvex::platform
+/// A text of the sources and their tables, which is UTF-8.
+QString Literal(std::string_view utf8);
+
+/// A path or a name as far as it can be shown.
+QString PathToQString(const std::filesystem::path& path);
+
+/// The path or name that a text of the toolkit, or one that the operator has typed, names.
+std::filesystem::path PathFromQString(const QString& text);
+
+} // namespace tarvex
