@@ -35,7 +35,7 @@ void RowWalk::Next()
 {
     const sqlite3_int64 number = Number();
     given_.reset();
-    if (++position_ == rows_.size()) Fetch(number);
+    if (++position_ == rows_.size() || FileVersion(connection_) != version_) Fetch(number);
 }
 
 bool RowWalk::AtEnd() const
@@ -94,6 +94,7 @@ void RowWalk::Fetch(sqlite3_int64 after)
     connection_.RequireInPlace();
     select_.Bind(places_ + 1, after);
     while (select_.Step()) {
+        if (rows_.empty()) version_ = FileVersion(connection_);
         const Row row{select_.Number(0), MarkOf(select_.Number(1))};
         if (row.number <= after) throw RunTimeFailure("The database is damaged");
         after = row.number;

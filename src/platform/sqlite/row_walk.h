@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/criterion.h"
+#include "platform/sqlite/file_version.h"
 #include "platform/sqlite/statement.h"
 
 #include <optional>
@@ -10,8 +11,9 @@ namespace tarvex::platform
 {
 
 /// A position that moves over the rows that meet some conditions, in the order in which they were
-/// added. The mark of a row is the one that it has when it becomes the current row: only rows
-/// without a mark, at which nothing stops, are read ahead. No lock is held in between.
+/// added. The mark of a row is the one that it has when it becomes the current row: rows are read
+/// ahead up to the next one with a mark, and again as soon as the file has changed. No lock is held
+/// in between.
 class RowWalk
 {
 public:
@@ -59,6 +61,7 @@ private:
     Statement select_;
     int places_ = 0; // to bind
     std::vector<Row> rows_;
+    FileVersion version_; // of what rows_ were read from
     std::size_t position_ = 0;
     Value lastMark_; // of the last of rows_, if it is set
     StoredValue lastStored_;

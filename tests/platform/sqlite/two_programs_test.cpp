@@ -111,6 +111,34 @@ TEST_F(TwoProgramsTest, AMarkTypedWhileABoxIsOpenIsTransferred)
     EXPECT_EQ(RowAt(1).at("b"), "");
 }
 
+TEST_F(TwoProgramsTest, TheMarkThatCountsIsTheOneThatItsRowHasWhenItBecomesCurrent)
+{
+    for (const SurveyRow& row : {SurveyRow{}, SurveyRow{}, SurveyRow{{"b", "5"}}})
+        AddRow(row);
+    const auto table = backend->OpenTable(survey.databasePath);
+    raw.Run("UPDATE tar_vex SET b = '6' WHERE rowid = 2");
+    table->MoveNext();
+    EXPECT_EQ(table->Fields("b"), "6");
+    raw.Run("UPDATE tar_vex SET b = '7' WHERE rowid = 3");
+    table->MoveNext();
+    EXPECT_EQ(table->Fields("b"), "7");
+}
+
+TEST_F(TwoProgramsTest, AMarkTakenAwayBeforeItsRowBecomesCurrentIsNotTransferred)
+{
+    AddRow({});
+    SurveyRow row = TubeRow(DamHeader("00", "", ""));
+    row["b"] = "4";
+    AddRow(row);
+    engine.fails = [this](int, const std::string& call) {
+        if (call == "MoveNext") raw.Run("UPDATE tar_vex SET b = ''");
+        return false;
+    };
+    const std::string before = FileBytes(state.headerFilePath);
+    Write();
+    EXPECT_EQ(FileBytes(state.headerFilePath), before);
+}
+
 TEST_F(TwoProgramsTest, AMarkTypedIntoTheRowThatIsHandledStays)
 {
     AddRow({{"b", "30"}});
