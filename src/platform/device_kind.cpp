@@ -10,6 +10,11 @@ DeviceKind KindOf(const std::filesystem::path&, const std::filesystem::path&)
     return DeviceKind::Serial;
 }
 
+bool HasNoChip(const std::filesystem::path&)
+{
+    return false;
+}
+
 } // namespace tarvex::platform
 
 #else
@@ -23,9 +28,6 @@ DeviceKind KindOf(const std::filesystem::path&, const std::filesystem::path&)
 namespace tarvex::platform
 {
 
-namespace
-{
-
 namespace fs = std::filesystem;
 
 /// A chip type of 0 is "unknown": the driver found nothing at the port's address.
@@ -35,8 +37,6 @@ bool HasNoChip(const fs::path& description)
     std::ifstream(description / "type") >> type;
     return type == 0;
 }
-
-} // namespace
 
 DeviceKind KindOf(const fs::path& device, const fs::path& characterDevices)
 {

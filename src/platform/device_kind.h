@@ -17,4 +17,8 @@ enum class DeviceKind {
 DeviceKind KindOf(const std::filesystem::path& device,
                   const std::filesystem::path& characterDevices = "/sys/dev/char");
 
+/// True for a built-in port for which the driver found no chip, by the folder in which the system
+/// describes it.
+bool HasNoChip(const std::filesystem::path& description);
+
 } // namespace tarvex::platform

@@ -1,8 +1,12 @@
 #include "platform/machine_ports.h"
 
+#ifdef __linux__
+#include "platform/described_ports.h"
+#else
 #include "platform/text/qt_text.h"
 
 #include <QSerialPortInfo>
+#endif
 
 #include <algorithm>
 #include <array>
@@ -55,6 +59,16 @@ std::vector<MachinePort> InPortOrder(const std::vector<MachinePort>& ports)
     return numbered;
 }
 
+#ifdef __linux__
+
+// The toolkit's own list opens every port of a certain driver, held or not.
+std::vector<MachinePort> ListMachinePorts()
+{
+    return DescribedPorts("/sys/class/tty", "/dev");
+}
+
+#else
+
 std::vector<MachinePort> ListMachinePorts()
 {
     std::vector<MachinePort> ports;
@@ -68,5 +82,7 @@ std::vector<MachinePort> ListMachinePorts()
     }
     return ports;
 }
+
+#endif
 
 } // namespace tarvex::platform

@@ -23,8 +23,8 @@ struct MachinePort {
 /// without a node take no number.
 std::vector<MachinePort> InPortOrder(const std::vector<MachinePort>& ports);
 
-/// What this machine has at the moment, in no order. Built-in ports without hardware
-/// are left out; links and pseudo terminals are never listed.
+/// What this machine has at the moment, in no order. Built-in ports without hardware are left out;
+/// links and pseudo terminals are never listed. No port is opened for it.
 std::vector<MachinePort> ListMachinePorts();
 
 } // namespace tarvex::platform

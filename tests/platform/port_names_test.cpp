@@ -1,5 +1,6 @@
 #include "platform/qt_port_names.h"
 
+#include "platform/opening_watch.h"
 #include "platform/other_program.h"
 #include "platform/port_test.h"
 #include "platform/pseudo_terminal.h"
@@ -201,6 +202,19 @@ TEST_F(HeldPortTip, NamesTheProgramWithTheExclusiveFlag)
     EXPECT_EQ(Tip(), Held(other));
     EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
     EXPECT_EQ(Tip(), Free());
+}
+
+TEST_F(HeldPortTip, IsMadeWithoutOpeningThePort)
+{
+    const OpeningWatch watch(terminal.Device());
+    EXPECT_EQ(Tip(), Free());
+    EXPECT_FALSE(watch.Opened());
+    const OtherProgram other(terminal.Device(),
+                             [](int descriptor) { return ::ioctl(descriptor, TIOCEXCL) == 0; });
+    EXPECT_TRUE(watch.Opened());
+    EXPECT_EQ(Tip(), Held(other));
+    EXPECT_FALSE(watch.Opened());
+    EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
 }
 
 TEST_F(HeldPortTip, SaysNothingOfAPortThatThisProgramHasOpen)

@@ -1,10 +1,10 @@
+#include "platform/opening_watch.h"
 #include "platform/other_program.h"
 #include "platform/port_test.h"
 #include "support/ordinary_user.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <termios.h>
@@ -35,32 +35,6 @@ public:
 
 private:
     fs::path path_;
-};
-
-/// Notes each opening of a device, by whichever process.
-class OpeningWatch
-{
-public:
-    explicit OpeningWatch(const fs::path& device) : descriptor_(::inotify_init1(IN_NONBLOCK))
-    {
-        EXPECT_GE(::inotify_add_watch(descriptor_, device.c_str(), IN_OPEN), 0);
-    }
-    ~OpeningWatch() { ::close(descriptor_); }
-    OpeningWatch(const OpeningWatch&) = delete;
-    OpeningWatch& operator=(const OpeningWatch&) = delete;
-
-    /// True when the device was opened since the last asking.
-    bool Opened() const
-    {
-        inotify_event event{};
-        bool opened = false;
-        while (::read(descriptor_, &event, sizeof event) > 0)
-            opened = true;
-        return opened;
-    }
-
-private:
-    int descriptor_;
 };
 
 class SerialPortLock : public PortTest
