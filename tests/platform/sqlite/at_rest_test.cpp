@@ -1,5 +1,7 @@
 #include "database/survey_test.h"
 #include "platform/sqlite/raw_database.h"
+#include "platform/sqlite/sqlite_connection.h"
+#include "platform/sqlite/statement.h"
 
 #include <gtest/gtest.h>
 
@@ -89,6 +91,62 @@ TEST_F(AtRestTest, OneFileHoldsEverythingWhileAHandleIsOpen)
     std::filesystem::copy_file(survey.databasePath, folder / "copy.mdb");
     EXPECT_THAT(RawDatabase(folder / "copy.mdb").Run("SELECT b FROM tar_vex"),
                 ElementsAre("7", ""));
+}
+
+TEST_F(AtRestTest, OneFileHoldsEverythingWhileABoxOfWriteHeadersIsOpen)
+{
+    AddRow({});
+    AddRow({{"b", "30"}});
+    boxes.Expect("Attention: Block no. is incorect", [&] {
+        EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
+        std::filesystem::copy_file(survey.databasePath, folder / "copy.mdb");
+    });
+    Write();
+    EXPECT_THAT(RawDatabase(folder / "copy.mdb").Run("SELECT b IS '' FROM tar_vex"),
+                ElementsAre("1", "1", "1", "0"));
+    EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
+}
+
+TEST_F(AtRestTest, WhatIsPutInPlaceWhileABoxOfReadHeadersIsOpenTakesTheRestOfTheReadings)
+{
+    PutHeader(1, DamHeader("00", "150926  ", "093015  "));
+    BlockHeader beyond = DamHeader("26", "160926  ", "093015  ");
+    PutHeader(2, beyond);
+    beyond.tubo = "T9";
+    beyond.nlet = "00";
+    PutHeader(3, beyond);
+    const std::string backup = FileBytes(survey.databasePath);
+    boxes.Expect("ATTENTION: Already there were executed 25 readings ", [&] {
+        EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
+        WriteFile(folder / "backup.mdb", backup);
+        std::filesystem::rename(folder / "backup.mdb", survey.databasePath);
+    });
+    Read();
+    const std::vector<Value> tubes = Tubes();
+    ASSERT_GE(tubes.size(), 3U);
+    EXPECT_THAT((std::vector(tubes.begin(), tubes.begin() + 3)),
+                ElementsAre("T1  ", "T2  ", "T9  "));
+    EXPECT_THAT(RawDatabase(survey.databasePath).Run("PRAGMA integrity_check"), ElementsAre("ok"));
+    EXPECT_THAT(Files(), ElementsAre("tar_vex.mdb"));
+}
+
+/// The highest of the engine's levels: the folder's entry of the journal, too, is on the disk.
+TEST_F(AtRestTest, ACommitWaitsForTheDiskAndItsFolder)
+{
+    const platform::SqliteConnection connection(survey.databasePath);
+    platform::Statement level(connection, "PRAGMA synchronous");
+    ASSERT_TRUE(level.Step());
+    EXPECT_EQ(level.Number(0), 3);
+}
+
+TEST_F(AtRestTest, AFolderOutsideUnicodeHoldsADatabase)
+{
+    const auto site = folder / "Citt\xE0";
+    std::filesystem::create_directory(site);
+    survey.databasePath = site / "tar_vex.mdb";
+    AddRow({{"tubo", "T9  "}});
+    EXPECT_THAT(Tubes(), ElementsAre("T9  "));
+    EXPECT_THAT(NamesIn(site), ElementsAre("tar_vex.mdb"));
 }
 
 TEST_F(AtRestTest, ADatabaseKeptWithALogBecomesOneFile)
