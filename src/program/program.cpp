@@ -5,6 +5,7 @@
 #include "panel/forms/picture.h"
 #include "panel/widgets/look.h"
 #include "platform/qt_application.h"
+#include "program/manual.h"
 
 #include <utility>
 
@@ -43,7 +44,9 @@ Program::Program(const std::filesystem::path& startFolder,
                       .messages = messages_,
                       .handlers = handlers_,
                       .currentDirectory = SystemCurrentDirectory,
-                      .openRows = [this] { return OpenRows(); }})
+                      .openRows = [this] { return OpenRows(); }}),
+      keyboard_(
+          [this, programFolder] { handlers_.Run([&] { OpenInstalledManual(programFolder); }); })
 {
     panel::DressProgram();
     sideForms_.Dress(panel::ApplyLook);

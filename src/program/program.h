@@ -6,6 +6,7 @@
 #include "core/working_state.h"
 #include "panel/forms/side_forms.h"
 #include "panel/survey/database_forms.h"
+#include "panel/widgets/keyboard.h"
 #include "panel/window/main_window.h"
 #include "platform/qt_event_pump.h"
 #include "platform/qt_file_dialog.h"
@@ -68,6 +69,7 @@ private:
     SurveyDatabase survey_{engine_};
     panel::SideForms sideForms_;
     panel::DatabaseForms databaseForms_;
+    panel::Keyboard keyboard_;
     std::unique_ptr<panel::MainWindow> mainForm_;
 };
 

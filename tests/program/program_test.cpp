@@ -42,6 +42,8 @@ ProgramTest::ProgramTest() : formerDirectory_(std::filesystem::current_path())
 
 ProgramTest::~ProgramTest()
 {
+    EXPECT_EQ(seen_.Unlisted(), QStringList())
+        << "windows that the tests of the keyboard pass over";
     std::filesystem::current_path(formerDirectory_);
 }
 
@@ -59,9 +61,11 @@ void ProgramTest::StartAlone()
     StartIn(folder.Path());
 }
 
-void ProgramTest::StartIn(const std::filesystem::path& startFolder)
+void ProgramTest::StartIn(const std::filesystem::path& startFolder,
+                          const std::filesystem::path& programFolder)
 {
-    program = std::make_unique<Program>(startFolder, folder.Path());
+    program = std::make_unique<Program>(startFolder,
+                                        programFolder.empty() ? folder.Path() : programFolder);
     program->ShowMainForm();
     if (!BecomesActive(*program->MainForm())) {
         throw std::runtime_error("the main form does not become active");

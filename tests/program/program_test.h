@@ -3,6 +3,7 @@
 #include "program/operator.h"
 #include "program/program.h"
 #include "program/unit_process.h"
+#include "program/windows.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -29,8 +30,9 @@ protected:
     /// Starts the program without a unit, or on the line that "com1" leads to by then.
     void StartAlone();
 
-    /// As StartAlone, with that as the folder that it was started in.
-    void StartIn(const std::filesystem::path& startFolder);
+    /// As StartAlone, with that as the folder that it was started in, and one that it lies in.
+    void StartIn(const std::filesystem::path& startFolder,
+                 const std::filesystem::path& programFolder = {});
 
     /// The operator at the main form.
     Operator& AtPanel() { return *operator_; }
@@ -47,6 +49,7 @@ protected:
     std::unique_ptr<Program> program;
 
 private:
+    SeenWindows seen_;
     std::filesystem::path formerDirectory_;
     std::optional<Operator> operator_;
 };

@@ -27,6 +27,7 @@ Form4::Form4(Handlers& handlers, const Actions& actions, QWidget* parent)
     AddButton("ssCommand2", "Read Headers", actions.readHeaders);
     AddButton("Command1", "Write Headers", actions.writeHeaders);
     AddButton("Command2", "Display Batabase", actions.displayDatabase);
+    findChild<QWidget*>("Command2")->setFocus(); // the others write
 }
 
 /// The handler may run while the form is closed and deleted: it takes along what it needs.

@@ -3,17 +3,46 @@
 #include "panel/widgets/look_palette.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QPainter>
 
 namespace tarvex::panel
 {
 
+namespace
+{
+
+constexpr const char* kName = "FocusMark";
+
+bool IsWindowWithoutMark(const QWidget& widget)
+{
+    const bool window = widget.windowType() == Qt::Window || widget.windowType() == Qt::Dialog;
+    return window && widget.findChild<QFocusFrame*>(kName) == nullptr;
+}
+
+class MarkMaker final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::Show || !watched->isWidgetType()) return false;
+        auto& widget = static_cast<QWidget&>(*watched);
+        if (IsWindowWithoutMark(widget)) new FocusMark(widget);
+        return false;
+    }
+};
+
+} // namespace
+
 FocusMark::FocusMark(QWidget& window) : QFocusFrame(&window), window_(window)
 {
-    setObjectName("FocusMark");
+    setObjectName(kName);
     hide(); // a window without the keyboard has no control to mark
     following_ = connect(qApp, &QApplication::focusChanged, this,
                          [this](QWidget*, QWidget* focused) { Follow(focused); });
+    Follow(QApplication::focusWidget());
 }
 
 /// What the toolkit takes down after this moves the focus once more.
@@ -36,6 +65,11 @@ void FocusMark::paintEvent(QPaintEvent*)
     painter.setPen(QPen(MarkColour(palette(), palette().color(QPalette::Base)), kThickness));
     const qreal inset = kThickness / 2;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3, 3);
+}
+
+void MarkFocusEverywhere()
+{
+    qApp->installEventFilter(new MarkMaker(qApp));
 }
 
 } // namespace tarvex::panel

@@ -25,4 +25,7 @@ private:
     QMetaObject::Connection following_;
 };
 
+/// Gives every window that is shown from now on its FocusMark.
+void MarkFocusEverywhere();
+
 } // namespace tarvex::panel

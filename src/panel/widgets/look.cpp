@@ -1,5 +1,6 @@
 #include "panel/widgets/look.h"
 
+#include "panel/widgets/focus_mark.h"
 #include "panel/widgets/look_palette.h"
 #include "panel/widgets/look_style.h"
 
@@ -70,6 +71,7 @@ void DressProgram()
     for (const char* windowClass : {"QTipLabel", "QMessageBox", "QMenu"})
         QApplication::setFont(font, windowClass);
     new PaletteKeeper(*qApp);
+    MarkFocusEverywhere();
 }
 
 void ApplyLook(QWidget&)

@@ -1,6 +1,7 @@
 #include "panel/window/controls.h"
 
 #include "panel/widgets/box_edit.h"
+#include "panel/widgets/lent_focus.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/wait_ground.h"
 #include "platform/text/qt_text.h"
@@ -94,8 +95,8 @@ QWidget* MakeWidget(const ControlRow& row, ControlPanel& panel, QWidget& parent)
 /// Shown, hidden, enabled and disabled as the model says.
 void FollowControl(Control& control, QWidget& widget)
 {
-    const auto follow = [&control, &widget] {
-        widget.setEnabled(control.Enabled());
+    auto follow = [&control, &widget, focus = LentFocus()]() mutable {
+        focus.Enable(widget, control.Enabled());
         if (widget.isHidden() == control.Visible()) widget.setVisible(control.Visible());
         widget.update();
     };

@@ -4,7 +4,6 @@
 #include "panel/widgets/box_edit.h"
 #include "panel/widgets/field_leaving.h"
 #include "panel/widgets/fit_screen.h"
-#include "panel/widgets/focus_mark.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/port_options.h"
 #include "panel/window/control_table.h"
@@ -47,7 +46,6 @@ public:
             std::make_unique<PortOptions>(window_, context_.panel.portOptions, portNames);
         auto* list = new ServiceList(&window_, [this](Command command) { RunFromList(command); });
         new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F12), &window_, [list] { list->PopUp(); });
-        new FocusMark(window_);
         ControlNamed(window_, "Text2").setFocus();
         FitToScreen(window_, {920, 540});
     }
