@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <exception>
 #include <fcntl.h>
 #include <functional>
 #include <sys/resource.h>
@@ -125,7 +126,7 @@ Rate PlainRate(const PseudoTerminal& terminal)
 } // namespace tarvex::tests
 
 int main(int argc, char** argv)
-{
+try {
     using namespace tarvex::tests;
     const QCoreApplication application(argc, argv);
     const PseudoTerminal terminal;
@@ -141,4 +142,7 @@ int main(int argc, char** argv)
     std::sort(ratios.begin(), ratios.end());
     std::printf("link / system calls: %.2f, median %.2f, %.2f\n", ratios.back(),
                 ratios[kRounds / 2], ratios.front());
+} catch (const std::exception& failure) {
+    std::fprintf(stderr, "exchange_rate: %s\n", failure.what());
+    return 1;
 }

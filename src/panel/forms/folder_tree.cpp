@@ -146,7 +146,8 @@ int FolderTree::RowOfNode(const Node& node)
 
 FolderTree::Node& FolderTree::Inside(const QModelIndex& index) const
 {
-    return index.isValid() ? *NodeOf(index) : *top_;
+    Node* const node = NodeOf(index); // none for the index of no row
+    return node != nullptr ? *node : *top_;
 }
 
 /// The row of that name inside another, added when there is none.
