@@ -1,6 +1,6 @@
 #include "program/manual.h"
 
-#include "platform/qt_path.h"
+#include "platform/text/qt_text.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -20,7 +20,7 @@ constexpr const char* kManualFromBuiltProgram = "../packaging/documents/manual.h
 
 bool Show(const std::filesystem::path& page)
 {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(platform::PathToQString(page)));
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(PathToQString(page)));
 }
 
 void Tip(const QString& text)
@@ -50,7 +50,7 @@ void OpenInstalledManual(const std::filesystem::path& programFolder)
     const auto page = InstalledManual(programFolder);
     if (page.empty()) return Tip(QStringLiteral("The manual is not installed."));
     if (!Show(page))
-        Tip(QStringLiteral("Nothing here can show the manual: ") + platform::PathToQString(page));
+        Tip(QStringLiteral("Nothing here can show the manual: ") + PathToQString(page));
 }
 
 } // namespace tarvex
