@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMimeData>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
@@ -42,10 +43,18 @@ QTreeWidgetItem* Node(QTreeWidgetItem* parent, const QString& text)
     node->setFlags(node->flags() & ~Qt::ItemIsSelectable);
     return node;
 }
+
+/// The file dialogs would keep their history in a file of the operator's home; nothing can be
+/// written here.
+void KeepNoSettings()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
 } // namespace
 
 MainWindow::MainWindow()
 {
+    KeepNoSettings();
     setWindowTitle(QStringLiteral("Tar Vex Survey"));
     setObjectName(QStringLiteral("survey"));
     setAcceptDrops(true);

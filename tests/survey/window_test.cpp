@@ -5,14 +5,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDirIterator>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace tarvex::survey
@@ -185,6 +189,25 @@ TEST_F(WindowTest, TakesADroppedFolder)
     QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&window_, &event);
     EXPECT_EQ(Verdict(), "Verdict: good");
+}
+
+TEST_F(WindowTest, LeavesNothingOfItsFileDialogsInTheOperatorsHome)
+{
+    int closed = 0;
+    for (auto* const action : window_.findChildren<QAction*>()) {
+        if (!action->text().startsWith("Open ") && !action->text().startsWith("&Open ")) continue;
+        QTimer::singleShot(0, &window_, [&] {
+            auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            dialog->reject();
+            ++closed;
+        });
+        action->trigger();
+    }
+    EXPECT_EQ(closed, 2);
+    EXPECT_FALSE(
+        QDirIterator(QDir::homePath(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories)
+            .hasNext());
 }
 
 TEST(RowModel, FindsTheRowNearestToADepth)
