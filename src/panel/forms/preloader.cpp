@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <chrono>
 
@@ -111,6 +112,8 @@ void Preloader::showEvent(QShowEvent* event)
     adjustSize();
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());
+    // The desktop would get the program's name for a title that is empty.
+    windowHandle()->setTitle(QStringLiteral(" "));
     QWidget::showEvent(event);
 }
 

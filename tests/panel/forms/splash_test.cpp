@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTimerEvent>
+#include <QWindow>
 
 namespace tarvex::tests
 {
@@ -44,6 +45,8 @@ TEST_F(Splash, ShowsVersionAndDescription)
 TEST_F(Splash, HasNoTitleNorFrameAndIsNotModal)
 {
     EXPECT_EQ(Window("preloader").windowTitle().toStdString(), "");
+    EXPECT_EQ(Window("preloader").windowHandle()->title().toStdString(), " ")
+        << "the toolkit names a window after the program when it has no title at all";
     EXPECT_TRUE(Window("preloader").windowFlags().testFlag(Qt::FramelessWindowHint));
     EXPECT_FALSE(Window("preloader").isModal());
 }
