@@ -11,6 +11,8 @@ namespace tarvex::platform
 namespace
 {
 
+constexpr std::chrono::milliseconds kTrusted(1); // asking at each row would cost more than the walk
+
 RowWalk::Mark MarkOf(sqlite3_int64 kind)
 {
     if (kind == 0) return RowWalk::Mark::Null;
@@ -35,7 +37,7 @@ void RowWalk::Next()
 {
     const sqlite3_int64 number = Number();
     given_.reset();
-    if (++position_ == rows_.size() || FileVersion(connection_) != version_) Fetch(number);
+    if (++position_ == rows_.size() || IsStale()) Fetch(number);
 }
 
 bool RowWalk::AtEnd() const
@@ -84,6 +86,14 @@ void RowWalk::RequireUsable() const
     if (broken_) throw RunTimeFailure("The rows can no longer be read");
 }
 
+bool RowWalk::IsStale()
+{
+    const auto now = Clock::now();
+    if (rows_[position_].mark != Mark::Set && now - looked_ < kTrusted) return false;
+    looked_ = now;
+    return FileVersion(connection_) != version_;
+}
+
 /// Up to the first row with a mark.
 void RowWalk::Fetch(sqlite3_int64 after)
 {
@@ -92,6 +102,7 @@ void RowWalk::Fetch(sqlite3_int64 after)
     position_ = 0;
     broken_ = true;
     connection_.RequireInPlace();
+    looked_ = Clock::now();
     select_.Bind(places_ + 1, after);
     while (select_.Step()) {
         if (rows_.empty()) version_ = FileVersion(connection_);

@@ -4,6 +4,7 @@
 #include "platform/sqlite/file_version.h"
 #include "platform/sqlite/statement.h"
 
+#include <chrono>
 #include <optional>
 #include <vector>
 
@@ -12,8 +13,9 @@ namespace tarvex::platform
 
 /// A position that moves over the rows that meet some conditions, in the order in which they were
 /// added. The mark of a row is the one that it has when it becomes the current row: rows are read
-/// ahead up to the next one with a mark, and again as soon as the file has changed. No lock is held
-/// in between.
+/// ahead up to the next one with a mark, and again when the file has changed, which is looked at
+/// before each row with a mark, and every millisecond before the others. No lock is held in
+/// between.
 class RowWalk
 {
 public:
@@ -53,7 +55,10 @@ private:
         Mark mark = Mark::Null;
     };
 
+    using Clock = std::chrono::steady_clock;
+
     void Fetch(sqlite3_int64 after);
+    bool IsStale();
     const Row& Current() const;
     void RequireUsable() const;
 
@@ -62,6 +67,7 @@ private:
     int places_ = 0; // to bind
     std::vector<Row> rows_;
     FileVersion version_; // of what rows_ were read from
+    Clock::time_point looked_;
     std::size_t position_ = 0;
     Value lastMark_; // of the last of rows_, if it is set
     StoredValue lastStored_;
