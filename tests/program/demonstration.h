@@ -18,8 +18,9 @@ class Demonstration
 {
 public:
     /// `folder` is where the program was started; the pictures go into "screenshots" there. `block`
-    /// is the block that is read and downloaded.
-    Demonstration(std::filesystem::path folder, int block);
+    /// is the block that is read and downloaded; with `filmed` the download is pictured four times
+    /// a second, as "film-00" and so on.
+    Demonstration(std::filesystem::path folder, int block, bool filmed);
 
     /// True when the session went as it should.
     bool Run();
@@ -33,11 +34,14 @@ private:
     void SeeServiceForm(const char* entry, const char* form, const char* picture);
     void SeeDatabase();
     void Say(const QString& what) const;
-    void Picture(QWidget* window, const char* name) const;
+    void Picture(QWidget* window, const QString& name) const;
+    void TakeFrame();
     Operator AtPanel() const { return Operator(program_.MainForm()); }
 
     std::filesystem::path folder_;
     QString blockText_;
+    bool filmed_;
+    int frames_ = 0;
     QElapsedTimer clock_;
     BoxWatcher boxes_;
     Program program_;

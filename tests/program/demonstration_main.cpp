@@ -16,6 +16,7 @@ int main(int argc, char* argv[])
                       QStringLiteral("FOLDER"), QStringLiteral(".")});
     parser.addOption({QStringLiteral("block"), QStringLiteral("the block to download"),
                       QStringLiteral("NUMBER"), QStringLiteral("3")});
+    parser.addOption({QStringLiteral("film"), QStringLiteral("picture all of the download")});
     parser.process(application);
 
     try {
@@ -23,7 +24,8 @@ int main(int argc, char* argv[])
             parser.value(QStringLiteral("folder")).toStdU16String();
         std::filesystem::current_path(folder);
         tarvex::tests::Demonstration session(std::filesystem::current_path(),
-                                             parser.value(QStringLiteral("block")).toInt());
+                                             parser.value(QStringLiteral("block")).toInt(),
+                                             parser.isSet(QStringLiteral("film")));
         return session.Run() ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << "tarvex-session: " << error.what() << '\n';
