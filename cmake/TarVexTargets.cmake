@@ -35,10 +35,11 @@ if(TARVEX_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 # tarvex_library(NAME SOURCES ... LINKS ...): the static library tarvex_NAME, known as tarvex::NAME,
-# whose includes start at the folder above its own ("core/panel.h").
+# whose includes start in src for a folder of src ("core/handlers.h"), else in the folder of the project
+# ("survey/model/head.h").
 function(tarvex_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
-    set(root "${CMAKE_CURRENT_SOURCE_DIR}/..")
+    set(root "${PROJECT_SOURCE_DIR}")
     if(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/src/")
         set(root "${PROJECT_SOURCE_DIR}/src")
     endif()

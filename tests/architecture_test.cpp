@@ -60,9 +60,23 @@ const std::vector<Room>& Plan()
           "platform/text/"},
          true},
         {"unit", {}, true},
-        {"survey/window", {"survey/"}, true},
-        {"survey/program", {"survey/", "survey/window/"}, true},
-        {"survey", {}}, // reading, checking and comparing know no toolkit
+        {"survey/model", {}},
+        {"survey/reports", {"survey/model/"}},
+        {"survey/files", {"survey/model/", "survey/reports/"}},
+        {"survey/figures", {"survey/model/"}},
+        {"survey/checks", {"survey/model/", "survey/figures/"}},
+        {"survey/comparison", {"survey/model/", "survey/figures/"}},
+        {"survey/export",
+         {"survey/model/", "survey/files/", "survey/figures/", "survey/checks/",
+          "survey/comparison/"}},
+        {"survey/window",
+         {"survey/model/", "survey/files/", "survey/figures/", "survey/checks/",
+          "survey/comparison/", "survey/export/"},
+         true},
+        {"survey/program",
+         {"survey/model/", "survey/files/", "survey/checks/", "survey/comparison/",
+          "survey/export/", "survey/window/"},
+         true},
     };
     return plan;
 }
@@ -79,9 +93,9 @@ struct Door {
 const std::vector<Door>& Doors()
 {
     static const std::vector<Door> doors = {
-        {"survey/report_file.", kSystem},
-        {"survey/json", "nlohmann/json.hpp"},
-        {"survey/xlsx.", "xlsxwriter.h"},
+        {"survey/files/report_file.", kSystem},
+        {"survey/export/json", "nlohmann/json.hpp"},
+        {"survey/export/xlsx", "xlsxwriter.h"},
     };
     return doors;
 }
@@ -258,7 +272,8 @@ TEST(Architecture, EveryFolderLinksOnlyWhatItsRoomMay)
 {
     const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
     for (const std::string& list : FilesOfTheProject({"CMakeLists.txt"})) {
-        if (list == "src/CMakeLists.txt") continue; // names all folders, and links none
+        if (list == "src/CMakeLists.txt" || list == "survey/CMakeLists.txt")
+            continue; // names all folders, and links none
         EXPECT_THAT(LinkComplaints(list, Read(top / list)), ::testing::IsEmpty());
     }
 }
@@ -268,7 +283,7 @@ TEST(Architecture, LooksAtTheSourcesThatThereAre)
     const std::vector<std::string> files = FilesOfTheProject({".h", ".cpp"});
     for (const std::string file :
          {"src/core/control_panel.h", "src/link/device_link.cpp", "src/blocks/read_block.cpp",
-          "src/download/block_download.cpp", "survey/reader.cpp"})
+          "src/download/block_download.cpp", "survey/reports/reader.cpp"})
         EXPECT_THAT(files, ::testing::Contains(file));
 }
 
@@ -344,19 +359,32 @@ INSTANTIATE_TEST_SUITE_P(
                 "#include \"program/program.h\""},
         Example{"UnitIntoTheProgram", "unit/memory.cpp", "#include \"core/block_header.h\""},
         Example{"ProgramIntoTheUnit", "src/core/panel.cpp", "#include \"unit/memory.h\""},
-        Example{"ManagerIntoTheSurvey", "survey/reader.cpp", "#include \"core/records.h\""},
+        Example{"ManagerIntoTheSurvey", "survey/reports/reader.cpp", "#include \"core/records.h\""},
         Example{"ManagerIntoTheSurveysWindow", "survey/window/main_window.cpp",
                 "#include \"panel/window/main_window.h\""},
-        Example{"UnitIntoTheSurvey", "survey/reader.cpp", "#include \"unit/memory.h\""},
+        Example{"UnitIntoTheSurvey", "survey/reports/reader.cpp", "#include \"unit/memory.h\""},
         Example{"SurveyIntoTheProgram", "src/download/work_file.cpp",
-                "#include \"survey/reader.h\""},
-        Example{"ToolkitInTheSurvey", "survey/checks.cpp", "#include <QString>"},
-        Example{"SystemInTheSurvey", "survey/load.cpp", "#include <fcntl.h>"},
-        Example{"SurveysLogicOntoItsWindow", "survey/load.cpp",
+                "#include \"survey/reports/reader.h\""},
+        Example{"ToolkitInTheSurvey", "survey/checks/check.cpp", "#include <QString>"},
+        Example{"SystemInTheSurvey", "survey/files/load.cpp", "#include <fcntl.h>"},
+        Example{"SurveysLogicOntoItsWindow", "survey/files/load.cpp",
                 "#include \"survey/window/main_window.h\""},
+        Example{"SurveysModelOntoItsReports", "survey/model/survey.cpp",
+                "#include \"survey/reports/reader.h\""},
+        Example{"SurveysReaderOntoItsFiles", "survey/reports/reader.cpp",
+                "#include \"survey/files/load.h\""},
+        Example{"SurveysChecksOntoFiles", "survey/checks/check.cpp",
+                "#include \"survey/files/load.h\""},
+        Example{"SurveysComparisonOntoChecks", "survey/comparison/compare.cpp",
+                "#include \"survey/checks/verdict.h\""},
+        Example{"SurveysFilesOntoExports", "survey/files/load.cpp",
+                "#include \"survey/export/json.h\""},
+        Example{"SystemBesideTheSurveysDoor", "survey/files/load.cpp", "#include <sys/stat.h>"},
+        Example{"SpreadsheetsInATable", "survey/export/csv.cpp", "#include <xlsxwriter.h>"},
+        Example{"JsonInTheWindow", "survey/window/main_window.cpp", "#include <nlohmann/json.hpp>"},
         Example{"SurveysWindowOntoItsProgram", "survey/window/main_window.cpp",
                 "#include \"survey/program/options.h\""},
-        Example{"SpreadsheetsInTheReader", "survey/reader.cpp", "#include <xlsxwriter.h>"},
+        Example{"SpreadsheetsInTheReader", "survey/reports/reader.cpp", "#include <xlsxwriter.h>"},
         Example{"ProjectInAngles", "src/core/panel.cpp", "#include <link/device_link.h>"},
         Example{"ARoundaboutPath", "src/core/panel.cpp", "#include \"../link/device_link.h\""},
         Example{"ThroughTheOwnFolder", "src/core/panel.cpp",
@@ -394,12 +422,14 @@ INSTANTIATE_TEST_SUITE_P(
                 "#include \"platform/text/qt_text.h\""},
         Example{"WholeProgram", "src/program/main.cpp", "#include \"program/program.h\""},
         Example{"Unit", "unit/memory.cpp", "#include \"unit/memory.h\""},
-        Example{"SurveysReader", "survey/reader.cpp", "#include \"survey/records.h\""},
-        Example{"SurveysWindow", "survey/window/main_window.cpp", "#include \"survey/load.h\""},
+        Example{"SurveysReader", "survey/reports/reader.cpp",
+                "#include \"survey/reports/records.h\""},
+        Example{"SurveysWindow", "survey/window/main_window.cpp",
+                "#include \"survey/files/load.h\""},
         Example{"SurveysProgram", "survey/program/main.cpp",
                 "#include \"survey/window/main_window.h\""},
-        Example{"SurveysFiles", "survey/report_file.cpp", "#include <fcntl.h>"},
-        Example{"SurveysJson", "survey/json_values.h", "#include <nlohmann/json.hpp>"},
+        Example{"SurveysFiles", "survey/files/report_file.cpp", "#include <fcntl.h>"},
+        Example{"SurveysJson", "survey/export/json_values.h", "#include <nlohmann/json.hpp>"},
         Example{"NoInclude", "src/core/panel.cpp", "// #include <QString>"}),
     ExampleName());
 
@@ -409,6 +439,8 @@ TEST(Architecture, ALinkUpwardsIsComplainedOf)
     EXPECT_EQ(LinkComplaints("src/blocks/CMakeLists.txt", "tarvex::link tarvex::download").size(),
               1U);
     EXPECT_EQ(LinkComplaints("unit/CMakeLists.txt", "tarvex::core").size(), 1U);
+    EXPECT_EQ(LinkComplaints("survey/model/CMakeLists.txt", "tarvex::survey_files").size(), 1U);
+    EXPECT_EQ(LinkComplaints("src/panel/forms/CMakeLists.txt", "tarvex::sqlite").size(), 1U);
     EXPECT_THAT(LinkComplaints("src/blocks/CMakeLists.txt", "tarvex::link tarvex::options"),
                 ::testing::IsEmpty());
 }

@@ -1,8 +1,8 @@
 // Opening and checking one report, and listing a folder of ten thousand surveys.
-#include "survey/check.h"
+#include "survey/checks/check.h"
 #include "survey/downloads.h"
-#include "survey/listing.h"
-#include "survey/load.h"
+#include "survey/files/listing.h"
+#include "survey/files/load.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "survey/check_limits.h"
-#include "survey/compare.h"
-#include "survey/csv.h"
+#include "survey/checks/check_limits.h"
+#include "survey/comparison/compare.h"
+#include "survey/export/csv.h"
+#include "survey/comparison/probe.h"
 
 #include <optional>
 #include <string>

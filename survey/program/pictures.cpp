@@ -1,8 +1,10 @@
 #include "survey/program/pictures.h"
 
-#include "survey/load.h"
-#include "survey/output_file.h"
+#include "survey/files/load.h"
+#include "survey/files/output_file.h"
 #include "survey/window/picture.h"
+#include "survey/files/report_names.h"
+#include "survey/files/refusal.h"
 
 #include <QApplication>
 

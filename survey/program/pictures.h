@@ -1,7 +1,7 @@
 #pragma once
 
 #include "survey/program/options.h"
-#include "survey/verdict.h"
+#include "survey/checks/verdict.h"
 
 namespace tarvex::survey
 {

@@ -1,7 +1,9 @@
 #include "survey/program/show_window.h"
 
-#include "survey/load.h"
+#include "survey/files/load.h"
 #include "survey/window/main_window.h"
+#include "survey/files/report_names.h"
+#include "survey/files/refusal.h"
 
 #include <QApplication>
 
@@ -19,7 +21,7 @@ void RequireDisplay()
 {
     for (const char* name : {"QT_QPA_PLATFORM", "WAYLAND_DISPLAY", "DISPLAY"})
         if (!qEnvironmentVariableIsEmpty(name)) return;
-    throw Refusal("there is no display for a window; --help tells the commands that need none");
+    throw Refusal("there is no display for a window; --help lists the commands that need none");
 }
 
 void Open(MainWindow& window, const fs::path& path)

@@ -1,9 +1,11 @@
 #pragma once
 
-#include "survey/check_limits.h"
-#include "survey/listing.h"
+#include "survey/checks/check_limits.h"
+#include "survey/checks/verdict.h"
+#include "survey/files/listed_survey.h"
 #include "survey/window/plot_view.h"
 #include "survey/window/row_model.h"
+#include "survey/window/survey_tree.h"
 
 #include <QFileSystemWatcher>
 #include <QMainWindow>
@@ -15,10 +17,9 @@
 
 class QComboBox;
 class QLabel;
+class QLayout;
 class QTabBar;
 class QTableView;
-class QTreeWidget;
-class QTreeWidgetItem;
 
 namespace tarvex::survey
 {
@@ -44,9 +45,11 @@ private:
     void BuildMenus();
     void BuildCentre();
     QWidget* BuildSide();
+    QWidget* BuildVerdict(QWidget* parent);
+    QLayout* BuildChoices(QWidget* parent);
+    void BuildTable(QWidget* parent);
     void Relist();
     void AddOpened();
-    void FillTree();
     void Choose(const std::filesystem::path& path);
     void ShowChosen();
     void LoadChosen();
@@ -70,7 +73,7 @@ private:
     Limits limits_;
     QFileSystemWatcher watcher_;
     QTimer relist_;
-    QTreeWidget* tree_ = nullptr;
+    SurveyTree* tree_ = nullptr;
     QLabel* verdictLine_ = nullptr;
     QTabBar* kinds_ = nullptr;
     QComboBox* bases_ = nullptr;

@@ -1,11 +1,7 @@
 #include "survey/window/main_window.h"
 
-#include "survey/csv.h"
-#include "survey/json.h"
-#include "survey/load.h"
-#include "survey/output_file.h"
-#include "survey/window/picture.h"
-#include "survey/xlsx.h"
+#include "survey/window/export_file.h"
+#include "survey/files/refusal.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -20,30 +16,8 @@ namespace tarvex::survey
 
 namespace
 {
-namespace fs = std::filesystem;
-
 constexpr const char* kExports = "One sheet (*.pdf);;Plots (*.svg);;Picture (*.png);;"
                                  "Spreadsheet (*.xlsx);;Table (*.csv);;Everything (*.json)";
-
-void WriteAs(const PictureSubject& subject, const fs::path& path)
-{
-    const std::vector<fs::path> inputs(subject.survey.files.begin(), subject.survey.files.end());
-    const auto ending = path.extension().string();
-    const auto write = [&](auto writer) {
-        WriteOutput(path, inputs, [&](const fs::path& part) { writer(subject, part); });
-    };
-    if (ending == ".pdf") return write(WritePdf);
-    if (ending == ".svg") return write(WriteSvg);
-    if (ending == ".png") return write(WritePng);
-    if (ending == ".csv") return WriteText(path, inputs, CsvOf(subject.survey, DesktopForm()));
-    if (ending == ".json") return WriteText(path, inputs, JsonOf(subject.survey, subject.verdict));
-    if (ending == ".xlsx")
-        return WriteOutput(path, inputs, [&](const fs::path& part) {
-            WriteXlsx(subject.survey, subject.verdict, part);
-        });
-    throw Refusal(Shown(path) + " is not written: its ending is none of pdf, svg, png, xlsx, csv, "
-                                "json");
-}
 } // namespace
 
 void MainWindow::BuildMenus()

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "survey/check_limits.h"
-#include "survey/series.h"
-#include "survey/survey.h"
+#include "survey/checks/check_limits.h"
+#include "survey/figures/series.h"
+#include "survey/model/survey.h"
 
 #include <array>
 #include <optional>

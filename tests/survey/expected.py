@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""expected.py [--check]: the figures that the survey program must give for the reports in reports/.
+"""expected.py [--check]: the figures that the survey program must give for the reports in known_reports/.
 
 Reckoned apart from the program, in exact fractions. Writes expected.json; with --check only says
 whether the file still is what the reports give.
@@ -112,7 +112,7 @@ def compare_figures(base_path, path, deeper):
 
 
 def all_figures():
-    reports = sorted((HERE / "reports").glob("*-num.dat"))
+    reports = sorted((HERE / "known_reports").glob("*-num.dat"))
     moves = {path.name[23:25]: path for path in reports if path.name.startswith("MOVES")}
     return {
         "surveys": {path.name: survey_figures(path) for path in reports},

@@ -14,7 +14,8 @@ struct KnownSurvey {
     std::string_view fault = "";
 };
 
-/// Their reports lie in the folder reports/, and the figures that they must give in expected.json.
+/// Their reports lie in the folder known_reports/, and the figures that they must give in
+/// expected.json.
 inline constexpr std::array<KnownSurvey, 13> kKnownSurveys{{
     {"GOOD2", "1:depth=20,client=GOOD2"},
     {"GOOD4", "2:depth=20,client=GOOD4,step=1,guides=4"},

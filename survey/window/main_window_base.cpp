@@ -1,0 +1,49 @@
+#include "survey/window/main_window.h"
+
+#include "survey/comparison/compare.h"
+#include "survey/files/load.h"
+#include "survey/window/window_text.h"
+
+#include <QComboBox>
+
+#include <algorithm>
+
+namespace tarvex::survey
+{
+
+/// Only readings of the same tube can be a base; the first of them is, until another is chosen.
+void MainWindow::FillBases()
+{
+    const auto before = bases_->currentText();
+    bases_->clear();
+    if (!chosen_.empty() && chosen_.back().head) {
+        const auto& head = *chosen_.back().head;
+        for (std::size_t i = 0; i < listed_.size(); ++i) {
+            const auto& other = listed_[i].head;
+            if (other.client == head.client && other.site == head.site && other.tube == head.tube)
+                bases_->addItem(Text(other.readout + "  " + other.date), static_cast<int>(i));
+        }
+    }
+    bases_->setCurrentIndex(std::max(0, bases_->findText(before)));
+    bases_->setEnabled(bases_->count() > 1);
+}
+
+void MainWindow::ShowBase()
+{
+    base_.reset();
+    if (const auto number = bases_->currentData(); number.isValid() && !chosen_.empty()) try {
+            base_ = Load(listed_[static_cast<std::size_t>(number.toInt())].path);
+            const auto comparison = Compare(*base_, chosen_.back(), SumFrom::Bottom);
+            if (!comparison.refusal.empty()) {
+                Report("The base is of another tube: " + comparison.refusal);
+                base_.reset();
+            } else if (!comparison.notes.empty()) {
+                Report(comparison.notes.front());
+            }
+        } catch (const Refusal& refusal) {
+            Report(refusal.what());
+        }
+    ShowPlots();
+}
+
+} // namespace tarvex::survey

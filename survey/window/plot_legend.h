@@ -1,0 +1,18 @@
+#pragma once
+
+#include "survey/window/plot_colours.h"
+#include "survey/window/plot_half.h"
+
+#include <vector>
+
+class QCPGraph;
+class QCustomPlot;
+
+namespace tarvex::survey
+{
+
+/// Puts a legend of these graphs over the half of that place.
+void AddLegend(QCustomPlot& plot, const Place& place, const std::vector<QCPGraph*>& graphs,
+               const PlotColours& colours);
+
+} // namespace tarvex::survey

@@ -1,0 +1,74 @@
+#include "survey/window/survey_tree.h"
+
+#include "survey/files/report_names.h"
+#include "survey/window/window_text.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace tarvex::survey
+{
+
+namespace
+{
+constexpr int kNumberRole = Qt::UserRole; // number of the survey in the list
+
+/// The child of a tree's node with that text, made if it is not there.
+QTreeWidgetItem* Node(QTreeWidgetItem* parent, const QString& text)
+{
+    for (int i = 0; i < parent->childCount(); ++i)
+        if (parent->child(i)->text(0) == text) return parent->child(i);
+    auto* const node = new QTreeWidgetItem(parent, {text});
+    node->setFlags(node->flags() & ~Qt::ItemIsSelectable);
+    return node;
+}
+} // namespace
+
+SurveyTree::SurveyTree(QWidget* parent) : QTreeWidget(parent)
+{
+    setObjectName(QStringLiteral("tree"));
+    setAccessibleName(QStringLiteral("Surveys by client, site, tube and readout"));
+    setHeaderLabels({QStringLiteral("Surveys")});
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
+void SurveyTree::Show(const std::vector<ListedSurvey>& listed)
+{
+    const QSignalBlocker quiet(this);
+    clear();
+    auto* const root = invisibleRootItem();
+    for (std::size_t i = 0; i < listed.size(); ++i) {
+        const auto& head = listed[i].head;
+        auto* const tube =
+            Node(Node(Node(root, Text(head.client)), Text(head.site)), Text(head.tube));
+        auto* const reading =
+            new QTreeWidgetItem(tube, {Text(head.readout + "  " + head.date + "  " + head.time)});
+        reading->setData(0, kNumberRole, static_cast<int>(i));
+        reading->setToolTip(0, Text(Shown(listed[i].path)));
+    }
+    expandAll();
+}
+
+void SurveyTree::ChooseFirst(const std::function<bool(std::size_t)>& is)
+{
+    const QSignalBlocker quiet(this);
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
+        const auto number = (*item)->data(0, kNumberRole);
+        if (!number.isValid() || !is(static_cast<std::size_t>(number.toInt()))) continue;
+        setCurrentItem(*item);
+        return;
+    }
+}
+
+std::vector<std::size_t> SurveyTree::Chosen() const
+{
+    std::vector<std::size_t> numbers;
+    for (const auto* const item : selectedItems())
+        if (const auto number = item->data(0, kNumberRole); number.isValid())
+            numbers.push_back(static_cast<std::size_t>(number.toInt()));
+    std::ranges::sort(numbers);
+    return numbers;
+}
+
+} // namespace tarvex::survey

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+
+namespace tarvex::survey
+{
+
+/// A text of the survey, which is UTF-8, as the window shows it.
+inline QString Text(const std::string& utf8)
+{
+    return QString::fromStdString(utf8);
+}
+
+} // namespace tarvex::survey
