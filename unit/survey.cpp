@@ -1,10 +1,11 @@
 #include "unit/survey.h"
 
+#include "unit/tube.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <numbers>
 #include <random>
 #include <string>
 
@@ -17,51 +18,6 @@ constexpr std::uint32_t kDataOffset = 0x100;
 constexpr int kMostPages = 240;
 constexpr double kCountsPerSine = 20000.0;
 constexpr unsigned long long kDrawsOfASurvey = 2000; // more than its readings
-
-/// Lean of the tube at one depth, as the sine of its angle in the two directions of the first
-/// guides.
-struct Lean {
-    double a;
-    double b;
-};
-
-/// The shape of one tube.
-class Tube
-{
-public:
-    explicit Tube(std::mt19937& random)
-        : leanA_(Draw(random, -0.03, 0.03)),
-          leanB_(Draw(random, -0.03, 0.03)),
-          wave_(Draw(random, 18.0, 45.0)),
-          phase_(Draw(random, 0.0, 6.0)),
-          shearAt_(Draw(random, 0.3, 0.8)),
-          shear_(Draw(random, 0.008, 0.02))
-    {
-    }
-
-    /// Lean at a depth in metres of a tube of the length given.
-    Lean At(double depth, double length) const
-    {
-        const double turn = 2.0 * std::numbers::pi * depth / wave_ + phase_;
-        const double fromShear = (depth - shearAt_ * length) / 2.0;
-        const double shear = shear_ * std::exp(-fromShear * fromShear);
-        return {leanA_ + 0.006 * std::sin(turn) + shear,
-                leanB_ + 0.005 * std::cos(0.7 * turn) + 0.3 * shear};
-    }
-
-private:
-    static double Draw(std::mt19937& random, double low, double high)
-    {
-        return low + (high - low) * static_cast<double>(random() % 10'000U) / 10'000.0;
-    }
-
-    double leanA_;
-    double leanB_;
-    double wave_;
-    double phase_;
-    double shearAt_;
-    double shear_;
-};
 
 int Tenths(const BlockHeader& header)
 {
@@ -154,20 +110,6 @@ void FillBlock(Memory& memory, int block, const Survey& survey)
             memory.Put(data + static_cast<std::uint32_t>(page) * kPageBytes,
                        PageOf(*stored, survey.header.guides == "4"));
     }
-}
-
-Memory DemoMemory()
-{
-    auto memory = BlankMemory();
-    FillBlock(
-        memory, 1,
-        {{"DELVALLE", "FRANA 02", "T01", "0300", "0", "2", "+045", "03", "120426", "093015"}, 1});
-    FillBlock(
-        memory, 2,
-        {{"DELVALLE", "FRANA 02", "T02", "0400", "1", "4", "-010", "03", "120426", "111540"}, 2});
-    FillBlock(memory, 3,
-              {{"COMUNE", "DIGA 1", "I3", "1000", "0", "2", "+270", "11", "130426", "081200"}, 3});
-    return memory;
 }
 
 } // namespace tarvex::unit
