@@ -27,6 +27,14 @@ void DeleteWhenThere(const ReportFile& file)
     Attempt([&] { DeleteFile(file.Path()); });
 }
 
+/// Reports of the same name from an earlier download, and a work file that one has left.
+void DeleteEarlierFiles(const WorkingState& state, const HeaderTexts& header)
+{
+    DeleteWhenThere(HeadReportFile(state.reportFolder, header));
+    DeleteWhenThere(DataReportFile(state.reportFolder, header));
+    DeleteWhenThere(WorkFile(state.reportFolder));
+}
+
 void ShowReportFileName(ControlPanel& panel, WorkingState& state, const ReportFile& file)
 {
     state.reportFileName = file.Shown();
@@ -98,6 +106,20 @@ private:
     int recordNumber_ = 3; // after the title and the blank record
 };
 
+/// Fills the work file with all rows of the block, the deepest first.
+void DownloadRows(ControlPanel& panel, WorkingState& state, DeviceLink& link,
+                  const HeaderTexts& header)
+{
+    Attempt([&] { DeleteFile("datiram.dat"); }); // one left in the current directory
+    RecordFile rows(sizeof(DataRecord));
+    Attempt([&] { OpenReport(rows, WorkFile(state.reportFolder)); });
+    WriteTitleRecords(state, rows);
+    DataPageWalk walk(panel, state, link, header);
+    link.ExpectExchanges(kHeaderPages + walk.PageCount());
+    walk.Run(rows);
+    rows.Close();
+}
+
 } // namespace
 
 void BlockDownload(ControlPanel& panel, WorkingState& state, DeviceLink& link, OperatorView& view,
@@ -117,22 +139,13 @@ void BlockDownload(ControlPanel& panel, WorkingState& state, DeviceLink& link, O
     if (!ReadHeaderPages(link, panel.readAddress, state, header, kTimeBytesRead))
         return EndUnanswered(link, view);
 
-    DeleteWhenThere(HeadReportFile(state.reportFolder, header));
-    DeleteWhenThere(DataReportFile(state.reportFolder, header));
-    DeleteWhenThere(WorkFile(state.reportFolder));
+    DeleteEarlierFiles(state, header);
 
     ShowReportFileName(panel, state, HeadReportFile(state.reportFolder, header));
     WriteHeadReport(state, header, HeadReportFile(state.reportFolder, header));
 
     ShowReportFileName(panel, state, DataReportFile(state.reportFolder, header));
-    Attempt([&] { DeleteFile("datiram.dat"); }); // one left in the current directory
-    RecordFile rows(sizeof(DataRecord));
-    Attempt([&] { OpenReport(rows, WorkFile(state.reportFolder)); });
-    WriteTitleRecords(state, rows);
-    DataPageWalk walk(panel, state, link, header);
-    link.ExpectExchanges(kHeaderPages + walk.PageCount());
-    walk.Run(rows);
-    rows.Close();
+    DownloadRows(panel, state, link, header);
 
     link.ClosePort();
     panel.downloadButton.Enable();
