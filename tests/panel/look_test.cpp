@@ -1,3 +1,4 @@
+#include "panel/palettes.h"
 #include "panel/rendered.h"
 #include "panel/window_test.h"
 
@@ -17,31 +18,15 @@ namespace
 constexpr double kLeastText = 4.5;
 constexpr double kLeastBorder = 3;
 
-QPalette Dark()
-{
-    QPalette palette(QColor(0x31, 0x36, 0x3b), QColor(0x2a, 0x2e, 0x32));
-    palette.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
-    palette.setColor(QPalette::Highlight, QColor(0x2a, 0x44, 0x66));
-    return palette;
-}
-
-QPalette Light()
-{
-    QPalette palette(QColor(0xf0, 0xf0, 0xf0), QColor(0xe8, 0xe8, 0xe4));
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Highlight, QColor(0x9a, 0xc0, 0xe8));
-    return palette;
-}
-
 /// The main form in one palette, or changed to it from the other while it is on view.
 class Look : public WindowTest, public ::testing::WithParamInterface<bool>
 {
 protected:
     Look()
     {
-        QApplication::setPalette(GetParam() ? Light() : Dark());
+        QApplication::setPalette(GetParam() ? LightPalette() : DarkPalette());
         QApplication::processEvents();
-        QApplication::setPalette(GetParam() ? Dark() : Light());
+        QApplication::setPalette(GetParam() ? DarkPalette() : LightPalette());
         QApplication::processEvents();
     }
     ~Look() override { QApplication::setPalette(QPalette()); }
