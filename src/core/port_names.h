@@ -12,7 +12,8 @@ public:
     virtual ~PortNames() = default;
 
     /// The device that "Com `number`" (1 to 4) means at this moment, with its product text; or that
-    /// there is none, and what to do about it. UTF-8, for a tool tip.
+    /// there is none, and what to do about it; in a line of its own, how its last opening went.
+    /// UTF-8, for a tool tip.
     virtual std::string Describe(int number) = 0;
 };
 

@@ -3,9 +3,12 @@
 #include "platform/lock_file.h"
 #include "platform/low_latency.h"
 #include "platform/opening_notes.h"
+#include "platform/time_of_day.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace tarvex::platform
 {
@@ -15,6 +18,7 @@ struct PortSurroundings {
     LockFolders locks = {};
     std::filesystem::path characterDevices = "/sys/dev/char"; ///< devices by their numbers
     DriverCall driver = CallDriver;
+    std::function<std::string()> timeOfDay = TimeOfDay;
     std::shared_ptr<OpeningNotes> notes = std::make_shared<OpeningNotes>();
 };
 

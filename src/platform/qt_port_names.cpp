@@ -102,6 +102,23 @@ std::string TroubleText(const PortFacts& facts)
     return {};
 }
 
+/// Nothing of another device that the number meant before.
+std::string OpeningText(const PortFacts& facts)
+{
+    const LastOpening& last = facts.opening;
+    if (last.time.empty() || last.device != facts.choice.device) return {};
+    if (last.refusal.empty()) return "\nopened " + last.time;
+    return "\nnot opened " + last.time + ": " + last.refusal;
+}
+
+std::string AdviceWithoutADevice(const PortFacts& facts)
+{
+    const std::string advice = "no device. Plug in the adapter";
+    if (facts.startFolder.empty()) return advice + "."; // the folder is gone
+    return advice + ", or make a link com" + std::to_string(facts.number) + " in the folder " +
+           facts.startFolder + ".";
+}
+
 MachinePort ProductOf(const std::filesystem::path& device, const std::vector<MachinePort>& ports)
 {
     const auto port = std::find_if(ports.begin(), ports.end(), [&](const MachinePort& candidate) {
@@ -114,15 +131,9 @@ MachinePort ProductOf(const std::filesystem::path& device, const std::vector<Mac
 
 std::string DescribePort(const PortFacts& facts)
 {
-    const std::string number = std::to_string(facts.number);
-    const std::string title = "Com " + number + ": ";
-    if (facts.choice.device.empty()) {
-        const std::string advice = title + "no device. Plug in the adapter";
-        if (facts.startFolder.empty()) return advice + "."; // the folder is gone
-        return advice + ", or make a link com" + number + " in the folder " + facts.startFolder +
-               ".";
-    }
-    return title + DeviceText(facts) + TroubleText(facts);
+    const std::string text = facts.choice.device.empty() ? AdviceWithoutADevice(facts)
+                                                         : DeviceText(facts) + TroubleText(facts);
+    return "Com " + std::to_string(facts.number) + ": " + text + OpeningText(facts);
 }
 
 QtPortNames::QtPortNames(PortFinder finder, PortSurroundings surroundings)
@@ -140,6 +151,7 @@ PortFacts QtPortNames::FactsOf(int number) const
     const PortChoice choice = finder_.Find(number);
     PortFacts facts{number, choice, ProductOf(choice.device, finder_.MachinePorts()),
                     AccessTo(choice.device), Utf8(finder_.StartFolder())};
+    facts.opening = surroundings_.notes->LastOf(number);
     if (!facts.access.there) return facts;
     facts.kind = KindOf(choice.device, surroundings_.characterDevices);
     facts.holder = HolderOf(choice.device, surroundings_.locks);

@@ -24,10 +24,12 @@ struct PortFacts {
     DeviceKind kind = DeviceKind::Serial;
     std::optional<DeviceHolder> holder = {}; ///< another program that keeps it to itself
     OpeningNote note = {};                   ///< what the last opening has shown
+    LastOpening opening = {};                ///< how it went, whatever the number meant then
 };
 
 /// Those facts as a few sentences for the operator: the device, and, where it cannot be opened or
-/// is slow, what to do about it. UTF-8.
+/// is slow, what to do about it; in a line of its own, how the last opening went if it was that of
+/// this device: "opened 14:02". UTF-8.
 std::string DescribePort(const PortFacts& facts);
 
 /// The port numbers as the system knows them at the moment of asking. No device is opened for it.

@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 #include "platform/device_lock.h"
+#include "platform/opening_refusal.h"
 #include "platform/qt_path.h"
 #include "platform/text/qt_text.h"
 
@@ -182,8 +183,22 @@ void QtSerialPort::Open()
 {
     if (opening_) throw RunTimeFailure("Port already open");
     const PortChoice choice = finder_.Find(number_);
-    if (choice.device.empty()) throw RunTimeFailure("No such port");
-    OpenDevice(choice.device);
+    try {
+        if (choice.device.empty()) throw RunTimeFailure("No such port");
+        OpenDevice(choice.device);
+        Note(choice.device, {});
+    } catch (const DeviceHeld&) {
+        Note(choice.device, HeldText(choice.device, surroundings_.locks));
+        throw;
+    } catch (const RunTimeFailure&) {
+        Note(choice.device, RefusalText(choice.device, surroundings_.characterDevices));
+        throw;
+    }
+}
+
+void QtSerialPort::Note(const std::filesystem::path& device, const std::string& refusal) const
+{
+    surroundings_.notes->PutLast(number_, {device, surroundings_.timeOfDay(), refusal});
 }
 
 void QtSerialPort::OpenDevice(const std::filesystem::path& device)

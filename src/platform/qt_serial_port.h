@@ -33,6 +33,7 @@ public:
 private:
     class Opening;
     void OpenDevice(const std::filesystem::path& device);
+    void Note(const std::filesystem::path& device, const std::string& refusal) const;
     Opening& RequireOpen() const;
 
     PortFinder finder_;

@@ -1,6 +1,6 @@
-#include "panel/widgets/wait_ground.h"
 #include "panel/palettes.h"
 #include "panel/rendered.h"
+#include "panel/widgets/wait_ground.h"
 #include "panel/window_test.h"
 
 #include <QApplication>

@@ -132,6 +132,52 @@ INSTANTIATE_TEST_SUITE_P(
             "Com 1: /dev/ttyUSB0, FT232R. Its adapter holds received bytes back for up to 16 ms, "
             "and the timer could not be shortened: reading takes longer. Run `echo 1 | sudo tee "
             "/sys/class/tty/ttyUSB0/device/latency_timer`."},
+        Row{"Opened",
+            {1,
+             kAdapter,
+             kNoProduct,
+             kUsable,
+             "/srv",
+             DeviceKind::Serial,
+             {},
+             {},
+             {"/dev/ttyUSB0", "14:02", {}}},
+            "Com 1: /dev/ttyUSB0\nopened 14:02"},
+        Row{"NotOpened",
+            {1,
+             kAdapter,
+             kNoProduct,
+             kForbidden,
+             "/srv",
+             DeviceKind::Serial,
+             {},
+             {},
+             {"/dev/ttyUSB0", "14:02", "permission denied"}},
+            "Com 1: /dev/ttyUSB0, not permitted. Its users must be in the group dialout: run `sudo "
+            "usermod -aG dialout $USER`, then log in again.\nnot opened 14:02: permission denied"},
+        Row{"NotOpenedWithoutADevice",
+            {4,
+             {},
+             kNoProduct,
+             {},
+             "/srv",
+             DeviceKind::Serial,
+             {},
+             {},
+             {{}, "09:00", "no such device"}},
+            "Com 4: no device. Plug in the adapter, or make a link com4 in the folder /srv.\nnot "
+            "opened 09:00: no such device"},
+        Row{"AnotherDeviceNotOpened",
+            {1,
+             kAdapter,
+             kNoProduct,
+             kUsable,
+             "/srv",
+             DeviceKind::Serial,
+             {},
+             {},
+             {"/dev/ttyUSB1", "14:02", "permission denied"}},
+            "Com 1: /dev/ttyUSB0"},
         Row{"QuickAdapter",
             {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial, {}, {false, 1}},
             "Com 1: /dev/ttyUSB0"}),
@@ -170,7 +216,8 @@ protected:
                "). End that program or wait for its end, then give the command again.";
     }
 
-    platform::PortSurroundings surroundings{{folder / "locks", {}}};
+    platform::PortSurroundings surroundings{.locks = {folder / "locks", {}},
+                                            .timeOfDay = [] { return "14:02"; }};
     platform::QtPortNames names{LinksOf(folder), surroundings};
     platform::QtSerialPort ours{LinksOf(folder), surroundings};
 };
@@ -217,25 +264,30 @@ TEST_F(HeldPortTip, IsMadeWithoutOpeningThePort)
     EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
 }
 
-TEST_F(HeldPortTip, SaysNothingOfAPortThatThisProgramHasOpen)
+TEST_F(HeldPortTip, NamesNobodyForAPortThatThisProgramHasOpen)
 {
     ours.Open();
-    EXPECT_EQ(Tip(), Free());
+    EXPECT_EQ(Tip(), Free() + "\nopened 14:02");
 }
 
 TEST_F(HeldPortTip, RemembersTheLastOpeningThatWasRefused)
 {
+    std::string process;
     {
         const OtherProgram other(terminal.Device(), [](int descriptor) {
             return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
         });
         EXPECT_NE(RefusalOf(ours), "");
+        process = std::to_string(other.Process());
     }
-    EXPECT_EQ(Tip(), Free() + ", in use by another program when a command last tried it. End that "
-                              "program or wait for its end, then give the command again.");
+    EXPECT_EQ(Tip(), Free() +
+                         ", in use by another program when a command last tried it. End that "
+                         "program or wait for its end, then give the command again.\nnot opened "
+                         "14:02: in use by platform_test (process " +
+                         process + ")");
     ours.Open();
     ours.Close();
-    EXPECT_EQ(Tip(), Free());
+    EXPECT_EQ(Tip(), Free() + "\nopened 14:02");
 }
 
 } // namespace

@@ -87,8 +87,8 @@ QColor MarkColour(const QPalette& palette, const QColor& ground)
 WaitColours WaitColoursOf(const QPalette& palette)
 {
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
-    if (IsLight(palette)) return {QColor(0xff, 0xe0, 0x8a), QColor(0xb8, 0x65, 0x00), text};
-    return {QColor(0x24, 0x1a, 0x05), QColor(0xa3, 0x5c, 0x00), text};
+    if (IsLight(palette)) return {QColor(0xff, 0xf3, 0xd0), QColor(0xc8, 0x74, 0x00), text};
+    return {QColor(0x15, 0x0f, 0x03), QColor(0x95, 0x53, 0x00), text};
 }
 
 } // namespace tarvex::panel

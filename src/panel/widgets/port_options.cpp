@@ -43,12 +43,18 @@ void PortOptions::ShowSelected()
 bool PortOptions::eventFilter(QObject* watched, QEvent* event)
 {
     auto* button = qobject_cast<QAbstractButton*>(watched);
-    if (button != nullptr && event->type() == QEvent::ToolTip) {
-        const QString device = Literal(names_.Describe(buttons_.id(button) + 1));
-        // The name comes from a device: it is text, whatever it looks like.
-        button->setToolTip(Qt::mightBeRichText(device) ? device.toHtmlEscaped() : device);
-    }
+    const bool asked = event->type() == QEvent::ToolTip || event->type() == QEvent::FocusIn;
+    if (button != nullptr && asked) Describe(*button);
     return false;
+}
+
+/// The name comes from a device: it is text, whatever it looks like.
+void PortOptions::Describe(QAbstractButton& button)
+{
+    const QString text = Literal(names_.Describe(buttons_.id(&button) + 1));
+    button.setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped().replace('\n', "<br>")
+                                                : text);
+    button.setAccessibleDescription(text);
 }
 
 } // namespace tarvex::panel

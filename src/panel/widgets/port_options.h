@@ -10,7 +10,8 @@ namespace tarvex::panel
 {
 
 /// The four option buttons of the serial port: they show what the group has selected, and say in
-/// their tool tips, asked for again each time, which device each number means at that moment.
+/// their tool tips and to assistive tools, asked for again each time a tip shows or the focus
+/// comes, which device each number means at that moment and how its last opening went.
 class PortOptions final : public QObject
 {
 public:
@@ -22,6 +23,7 @@ public:
 
 private:
     void ShowSelected();
+    void Describe(QAbstractButton& button);
 
     OptionGroup& group_;
     PortNames& names_;

@@ -16,8 +16,8 @@ namespace
 constexpr qreal kRound = 4; // of corners, in pixels
 constexpr qreal kFront = 2; // the line where the filled part ends
 constexpr qreal kHeavyEdge = 3;
-constexpr qreal kHatch = 4;
-constexpr int kBetweenHatches = 16;
+constexpr qreal kHatch = 3;
+constexpr int kBetweenHatches = 20;
 
 QRectF Inside(const QRect& rect, qreal edge)
 {
