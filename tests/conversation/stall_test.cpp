@@ -42,8 +42,8 @@ TEST_F(Stall, EndsWithTheNextByte)
 
 TEST_F(Stall, IsNotToldWhileBytesKeepComing)
 {
-    MissRead(1);
-    const std::string reply = ScriptedUnit::PageReply("CLIENT0 ");
+    MissRead(2);
+    const std::string reply = ScriptedUnit::PageReply("SITE0000");
     for (std::size_t byte = 0; byte < reply.size(); ++byte)
         world.At(static_cast<Milliseconds>(2'900 * (byte + 1)),
                  [=, this] { port.Receive(reply.substr(byte, 1)); });
