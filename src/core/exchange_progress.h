@@ -43,7 +43,7 @@ public:
 
     /// One more exchange has ended as it should.
     void CountExchange();
-
+    /// Whether nothing has come for long, though the program waits for the unit.
     void SetStalled(bool stalled);
 
     /// It ends. The one around it has heard the unit meanwhile, and is not stalled.

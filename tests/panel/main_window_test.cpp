@@ -282,6 +282,16 @@ TEST_F(MainForm, AsksForTheNameOfAPortEachTimeItsTipShows)
     EXPECT_EQ(showTip(), "device 2, answer 2");
 }
 
+TEST_F(MainForm, DescribesAPortToAssistiveToolsWhenTheFocusComes)
+{
+    ClickTab(3);
+    Enter("ssOption1_1");
+    EXPECT_EQ(Button("ssOption1_1").accessibleDescription(), "device 2, answer 1");
+    Enter("ssOption1_0");
+    Enter("ssOption1_1");
+    EXPECT_EQ(Button("ssOption1_1").accessibleDescription(), "device 2, answer 3");
+}
+
 TEST_F(MainForm, EndsTheProgramWhenClosedWithoutAskingAnything)
 {
     TypeInto("Text7", "2");
