@@ -13,6 +13,7 @@ namespace
 {
 constexpr std::size_t kSecondsWidth = 6;
 constexpr std::size_t kDecimals = 6;
+constexpr std::int64_t kMostSeconds = 999'999'999; // some thirty years, far from where Time ends
 constexpr std::int64_t kMicroseconds = 1'000'000;
 constexpr std::string_view kGap = "  ";
 constexpr std::string_view kManager = "manager";
@@ -67,6 +68,7 @@ Time TakeTime(std::string_view& text)
     const auto micro = TakeNumber(text);
     if (before - text.size() != kDecimals + 1 || seconds < 0 || micro < 0)
         Refuse("its seconds have six decimals");
+    if (seconds > kMostSeconds) Refuse("no record is as long as that");
     return Time{seconds * kMicroseconds + micro};
 }
 

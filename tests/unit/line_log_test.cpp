@@ -82,7 +82,8 @@ TEST(Log, NamesTheLineThatIsNone)
     for (const std::string bad :
          {"hello", "1.5  manager  }", "     0.000001 manager  }", "     0.000001  nobody   }",
           "     0.000001  manager  ", "     0.000001  manager  \\q", "-1.000000  manager  }",
-          "     0.000001  unit     (hang-up", "     0.-00001  unit     !"}) {
+          "     0.000001  unit     (hang-up", "     0.-00001  unit     !",
+          "1000000000.000000  unit     !", "9223372036855.000000  manager  }"}) {
         std::istringstream log("     0.000001  manager  }\n" + bad + "\n");
         try {
             ReadLog(log);
