@@ -10,9 +10,11 @@ namespace
 using code_page::Capital;
 using code_page::Capitals;
 using code_page::FromUnicode;
+using code_page::FromUtf16;
 using code_page::FromUtf8;
 using code_page::Holds;
 using code_page::ToUnicode;
+using code_page::ToUtf16;
 using code_page::ToUtf8;
 
 std::string AllBytes()
@@ -69,6 +71,40 @@ TEST(CodePage, ACharacterOutsideBecomesAQuestionMark)
     EXPECT_EQ(FromUnicode(char32_t{0x80}), '?'); // the number of the euro, but not its character
     EXPECT_EQ(FromUnicode(U'😀'), '?');
     EXPECT_EQ(FromUtf8(u8"aΩ😀z"), "a??z");
+}
+
+TEST(CodePage, EveryByteSurvivesTheWayToUtf16AndBack)
+{
+    const std::u16string utf16 = ToUtf16(AllBytes());
+    EXPECT_EQ(utf16.size(), 256U);
+    EXPECT_EQ(FromUtf16(utf16), AllBytes());
+}
+
+TEST(CodePage, Utf16HasTheCharactersOfTheBytes)
+{
+    EXPECT_EQ(ToUtf16(""), u"");
+    EXPECT_EQ(ToUtf16("A\x80z\xE0"), u"A€zà");
+    EXPECT_EQ(ToUtf16(std::string_view("a\0b", 3)), std::u16string_view(u"a\0b", 3));
+    EXPECT_EQ(FromUtf16(u""), "");
+    EXPECT_EQ(FromUtf16(u"A€zà"), "A\x80z\xE0");
+}
+
+TEST(CodePage, ACharacterOfTwoUnitsBecomesOneQuestionMark)
+{
+    EXPECT_EQ(FromUtf16(u"aΩ😀z"), "a??z");
+    EXPECT_EQ(FromUtf16(u"😀"), "?");
+}
+
+TEST(CodePage, EachHalfOfABrokenPairBecomesAQuestionMark)
+{
+    constexpr char16_t high = 0xD83D;
+    constexpr char16_t low = 0xDE00;
+    EXPECT_EQ(FromUtf16(std::u16string{u'a', high}), "a?");
+    EXPECT_EQ(FromUtf16(std::u16string{high, u'a'}), "?a");
+    EXPECT_EQ(FromUtf16(std::u16string{low, u'a'}), "?a");
+    EXPECT_EQ(FromUtf16(std::u16string{low, high, low}), "??");
+    EXPECT_EQ(FromUtf16(std::u16string{high, high, low}), "??");
+    EXPECT_EQ(FromUtf16(std::u16string{high, char16_t{0xE000}}), "??");
 }
 
 struct MalformedRow {
