@@ -37,12 +37,11 @@ void ScriptedUnit::SetReadings(int index, int page, const std::vector<std::uint1
 
 std::string ScriptedUnit::PageReply(std::string_view bytes)
 {
+    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string reply;
     for (std::size_t index = 0; index < 16; ++index) {
         const unsigned byte = index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
-        std::array<char, 4> digits{};
-        std::snprintf(digits.data(), digits.size(), "%02X ", byte & 0xFFU);
-        reply += digits.data();
+        reply.append({digits[byte / 16], digits[byte % 16], ' '});
     }
     return reply + "\r\n";
 }

@@ -44,7 +44,7 @@ void VirtualWorld::PassTime(Milliseconds duration)
         now_ = std::max(now_, events_.begin()->first.first);
         RunDueEvents();
     }
-    now_ = last;
+    now_ = std::max(now_, last); // a wait inside an event may have gone on for longer
 }
 
 void VirtualWorld::DoEvents()

@@ -1,0 +1,62 @@
+#include "common/last_input.h"
+
+#include <csignal>
+#include <ctime>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
+
+namespace tarvex::fuzz
+{
+
+namespace
+{
+
+std::string file;
+std::string_view running;
+
+void Say(std::string_view text)
+{
+    static_cast<void>(!::write(STDERR_FILENO, text.data(), text.size()));
+}
+
+/// Only what a signal handler may do.
+void WriteInput(int signal)
+{
+    if (signal == SIGALRM) Say("\nDOES NOT HOLD: a run ends, or sleeps\n");
+    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (descriptor >= 0) static_cast<void>(!::write(descriptor, running.data(), running.size()));
+    Say("the input is in ");
+    Say(file);
+    Say("\n");
+    ::_exit(1);
+}
+
+} // namespace
+
+void KeepLastInputIn(const std::filesystem::path& folder)
+{
+    file =
+        folder / ("found-" + std::to_string(std::time(nullptr)) + "-" + std::to_string(::getpid()));
+    for (const int signal : {SIGABRT, SIGALRM, SIGILL})
+        static_cast<void>(std::signal(signal, WriteInput));
+}
+
+void RememberInput(std::string_view input)
+{
+    running = input;
+}
+
+} // namespace tarvex::fuzz
+
+// A fault that a sanitizer finds ends in SIGABRT too.
+extern "C" {
+const char* __asan_default_options() // NOLINT(bugprone-reserved-identifier): its name
+{
+    return "abort_on_error=1:malloc_context_size=5";
+}
+const char* __ubsan_default_options() // NOLINT(bugprone-reserved-identifier): its name
+{
+    return "abort_on_error=1:print_stacktrace=1";
+}
+}
