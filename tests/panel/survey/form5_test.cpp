@@ -1,20 +1,19 @@
-#include "panel/survey/database_forms_test.h"
+#include "panel/survey/form5_test.h"
 #include "platform/sqlite/raw_database.h"
 #include "support/nameless_widgets.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QToolTip>
 
-#include <algorithm>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace tarvex::tests
 {
@@ -22,63 +21,6 @@ namespace
 {
 
 using ::testing::ElementsAre;
-
-class Form5Test : public DatabaseFormsTest
-{
-protected:
-    Form5Test()
-    {
-        for (const auto* const tube : {"T1", "T2", "T3"}) {
-            BlockHeader header = DamHeader("00", "", "");
-            header.tubo = tube;
-            AddRow(TubeRow(header));
-        }
-        forms.ShowGrid();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&Window("Form5")));
-    }
-
-    static bool IsEditing()
-    {
-        const auto edits = Grid().findChildren<QLineEdit*>();
-        return std::any_of(edits.begin(), edits.end(),
-                           [](const QLineEdit* edit) { return edit->isVisible(); });
-    }
-
-    static std::string EditedText()
-    {
-        for (const QLineEdit* edit : Grid().findChildren<QLineEdit*>())
-            if (edit->isVisible()) return edit->text().toStdString();
-        return {};
-    }
-
-    /// The line that says why a mark is not stored, while it is on view.
-    static std::string Notice()
-    {
-        const auto& notice = Control<QLabel>("Form5", "notice");
-        return notice.isVisible() ? notice.text().toStdString() : "";
-    }
-
-    static int CurrentRow() { return Grid().currentIndex().row(); }
-
-    static std::string CurrentField()
-    {
-        const auto column = Grid().currentIndex().column();
-        return std::string(kSurveyFields.at(static_cast<std::size_t>(column)));
-    }
-
-    static void DoubleClick(int row, std::string_view field)
-    {
-        const int column = static_cast<int>(FieldIndex(field));
-        const QRect cell = Grid().visualRect(Grid().model()->index(row, column));
-        QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, cell.center());
-        QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {}, cell.center());
-    }
-
-    static void GoTo(int row, std::string_view field)
-    {
-        Grid().setCurrentIndex(Grid().model()->index(row, static_cast<int>(FieldIndex(field))));
-    }
-};
 
 TEST_F(Form5Test, EveryWidgetOfTheDatabasesFormsHasAName)
 {
@@ -150,161 +92,6 @@ TEST_F(Form5Test, RowsAreInTheOrderOfTheirAdding)
     EXPECT_EQ(Cell(2, "tubo"), "T3  ");
 }
 
-TEST_F(Form5Test, TheKeyboardStartsInTheFirstMark)
-{
-    EXPECT_EQ(QApplication::focusWidget(), &Grid());
-    EXPECT_EQ(CurrentRow(), 0);
-    EXPECT_EQ(CurrentField(), "b");
-}
-
-TEST_F(Form5Test, TypingADigitEditsTheMarkAndEnterCommitsIt)
-{
-    Type("12");
-    EXPECT_TRUE(IsEditing());
-    EXPECT_EQ(Mark(0), Value());
-    Type(Qt::Key_Return);
-    EXPECT_EQ(Mark(0), "12");
-    EXPECT_EQ(Cell(0, "b"), "12");
-    EXPECT_EQ(QApplication::focusWidget(), &Grid());
-}
-
-TEST_F(Form5Test, APastedMarkIsCutAtItsFirstLineEnd)
-{
-    QGuiApplication::clipboard()->setText("12\nROSSI\n");
-    Type(Qt::Key_F2);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
-    Type(Qt::Key_Return);
-    EXPECT_EQ(Cell(0, "b"), "12");
-}
-
-TEST_F(Form5Test, F2AndEnterEditWhatIsThere)
-{
-    for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_Enter}) {
-        Type(key);
-        ASSERT_TRUE(IsEditing());
-        Type(Qt::Key_End);
-        Type("1");
-        Type(Qt::Key_Return);
-    }
-    EXPECT_EQ(Mark(0), "111");
-}
-
-TEST_F(Form5Test, TheArrowsUpAndDownLeaveTheMarkAndTakeTheNextOne)
-{
-    Type("1");
-    Type(Qt::Key_Down);
-    EXPECT_EQ(Mark(0), "1");
-    EXPECT_EQ(CurrentRow(), 1);
-    Type("2");
-    Type(Qt::Key_Down);
-    Type("3");
-    Type(Qt::Key_Up);
-    EXPECT_EQ(CurrentRow(), 1);
-    EXPECT_THAT((std::vector{Mark(0), Mark(1), Mark(2)}), ElementsAre("1", "2", "3"));
-}
-
-TEST_F(Form5Test, TabLeavesTheMarkForTheNextCell)
-{
-    Type("7");
-    Type(Qt::Key_Tab);
-    EXPECT_EQ(Mark(0), "7");
-    EXPECT_EQ(CurrentRow(), 0);
-    EXPECT_EQ(CurrentField(), "cliente");
-    EXPECT_FALSE(IsEditing());
-}
-
-TEST_F(Form5Test, TabLeadsOutOfTheGrid)
-{
-    Type(Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), &Control<QPushButton>("Form5", "ssCommand2"));
-}
-
-TEST_F(Form5Test, EscapeLeavesTheMarkAsItWas)
-{
-    Type("7");
-    Type(Qt::Key_Escape);
-    EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(Mark(0), Value());
-    Type(Qt::Key_Escape);
-    EXPECT_TRUE(Window("Form5").isVisible());
-}
-
-TEST_F(Form5Test, AnEmptiedMarkIsEmptyText)
-{
-    Type("7");
-    Type(Qt::Key_Return);
-    Type(Qt::Key_F2);
-    Type(Qt::Key_Delete);
-    Type(Qt::Key_Return);
-    EXPECT_EQ(Mark(0), "");
-}
-
-TEST_F(Form5Test, ADigitInAnyCellOfTheRowGoesToItsMark)
-{
-    GoTo(2, "nord");
-    Type("9");
-    Type(Qt::Key_Return);
-    EXPECT_EQ(Mark(2), "9");
-    EXPECT_EQ(Cell(2, "nord"), "+015");
-}
-
-TEST_F(Form5Test, NoOtherCellCanBeEdited)
-{
-    GoTo(1, "cliente");
-    Type("x");
-    EXPECT_FALSE(IsEditing());
-    DoubleClick(1, "cliente");
-    EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(Cell(1, "cliente"), "ROSSI   ");
-}
-
-TEST_F(Form5Test, ADoubleClickEditsAMarkWhetherItIsTheCurrentOneOrNot)
-{
-    DoubleClick(0, "b");
-    EXPECT_TRUE(IsEditing());
-    Type("1");
-    DoubleClick(1, "b");
-    EXPECT_TRUE(IsEditing());
-    Type("2");
-    Type(Qt::Key_Return);
-    EXPECT_THAT((std::vector{Mark(0), Mark(1)}), ElementsAre("1", "2"));
-}
-
-TEST_F(Form5Test, ItsButtonCommitsTheOpenEditAndUnloads)
-{
-    Type("8");
-    ASSERT_TRUE(IsEditing());
-    const QPointer<QWidget> form = &Window("Form5");
-    Press("Form5", "ssCommand2");
-    EXPECT_EQ(Mark(0), "8");
-    DeleteClosed();
-    EXPECT_TRUE(form.isNull());
-}
-
-TEST_F(Form5Test, TheWindowsOwnCloseCommitsTheOpenEditToo)
-{
-    Type("8");
-    Window("Form5").close();
-    EXPECT_EQ(Mark(0), "8");
-}
-
-TEST_F(Form5Test, WriteHeadersStartsWithTheOpenEdit)
-{
-    forms.ShowPanel();
-    forms.ShowGrid();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window("Form5")));
-    QTest::qWait(20); // for the events that the windows still have for each other
-    Grid().setFocus();
-    Type("4");
-    ASSERT_TRUE(IsEditing());
-    // As a click does that takes no focus from the cell.
-    emit Control<QPushButton>("Form4", "Command1").clicked();
-    EXPECT_EQ(StoredHeader(4).cliente.Text(), "ROSSI   ");
-    EXPECT_EQ(Mark(0), "");
-    EXPECT_EQ(Cell(0, "b"), "");
-    EXPECT_FALSE(IsEditing());
-}
-
 TEST_F(Form5Test, IsCurrentWhenItComesToTheFront)
 {
     EXPECT_EQ(Cell(0, "b"), "");
@@ -338,95 +125,6 @@ TEST_F(Form5Test, AnOpenEditIsNotLostToRowsThatCome)
     EXPECT_EQ(Mark(0), "8");
     EXPECT_EQ(Cell(0, "b"), "8");
     EXPECT_EQ(Cell(3, "tubo"), "T4  ");
-}
-
-TEST_F(Form5Test, AMarkThatCannotBeWrittenStaysInItsEditorAndIsReported)
-{
-    RawDatabase raw(survey.databasePath);
-    raw.Run("BEGIN IMMEDIATE");
-    Type("8");
-    Type(Qt::Key_Return);
-    EXPECT_EQ(Cell(0, "b"), "");
-    EXPECT_EQ(EditedText(), "8");
-    EXPECT_EQ(Notice(), "The mark \"8\" is not stored: another program is writing to the "
-                        "database. Enter tries again, Escape drops the mark.");
-    raw.Run("ROLLBACK");
-    EXPECT_EQ(Mark(0), Value());
-    Type(Qt::Key_Return);
-    EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(Notice(), "");
-    EXPECT_EQ(Mark(0), "8");
-}
-
-TEST_F(Form5Test, EscapeDropsAMarkThatCannotBeWritten)
-{
-    RawDatabase raw(survey.databasePath);
-    raw.Run("BEGIN IMMEDIATE");
-    Type("8");
-    Type(Qt::Key_Return);
-    Type(Qt::Key_Escape);
-    EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(Notice(), "");
-    raw.Run("ROLLBACK");
-    Window("Form5").close();
-    EXPECT_EQ(Find("Form5"), nullptr);
-    EXPECT_EQ(Mark(0), Value());
-}
-
-TEST_F(Form5Test, StaysOpenAsLongAsAMarkCannotBeWritten)
-{
-    RawDatabase raw(survey.databasePath);
-    raw.Run("BEGIN IMMEDIATE");
-    Type("8");
-    Press("Form5", "ssCommand2");
-    EXPECT_EQ(EditedText(), "8");
-    EXPECT_NE(Notice(), "");
-    raw.Run("ROLLBACK");
-    Press("Form5", "ssCommand2");
-    EXPECT_EQ(Find("Form5"), nullptr);
-    EXPECT_EQ(Mark(0), "8");
-}
-
-TEST_F(Form5Test, AnotherMarkBeginsOnlyWhenTheRefusedOneIsStored)
-{
-    RawDatabase raw(survey.databasePath);
-    raw.Run("BEGIN IMMEDIATE");
-    Type("8");
-    DoubleClick(1, "b");
-    EXPECT_EQ(EditedText(), "8");
-    raw.Run("ROLLBACK");
-    DoubleClick(1, "b");
-    Type("9");
-    Type(Qt::Key_Return);
-    EXPECT_THAT((std::vector{Mark(0), Mark(1)}), ElementsAre("8", "9"));
-}
-
-TEST_F(Form5Test, AMarkForAFileThatIsGoneIsReportedAndTheRowsGo)
-{
-    Type("8");
-    std::filesystem::rename(survey.databasePath, folder / "away.mdb");
-    Type(Qt::Key_Return);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Notice(), "The mark \"8\" is not stored: the database has changed or cannot be "
-                        "written. Look at its rows and type the mark again.");
-    EXPECT_EQ(Grid().model()->rowCount(), 0);
-    EXPECT_FALSE(IsEditing());
-    EXPECT_FALSE(std::filesystem::exists(survey.databasePath));
-    EXPECT_THAT(RawDatabase(folder / "away.mdb").Run("SELECT count(b) FROM tar_vex"),
-                ElementsAre("0"));
-}
-
-TEST_F(Form5Test, AMarkIsNotWrittenToATubeThatWasNotShown)
-{
-    Type("8");
-    std::filesystem::copy(survey.databasePath, folder / "new.mdb");
-    RawDatabase(folder / "new.mdb").Run("UPDATE tar_vex SET tubo = 'NEW '");
-    std::filesystem::rename(folder / "new.mdb", survey.databasePath);
-    Type(Qt::Key_Return);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(Mark(0), Value());
-    EXPECT_EQ(Cell(0, "tubo"), "NEW ");
-    EXPECT_NE(Notice(), "");
 }
 
 TEST_F(Form5Test, ReadHeadersShowsTheFileThatIsInPlace)
