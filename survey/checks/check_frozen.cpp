@@ -1,7 +1,6 @@
 #include "survey/checks/checks.h"
+#include "survey/checks/runs.h"
 
-#include <algorithm>
-#include <functional>
 
 namespace tarvex::survey
 {
@@ -19,38 +18,13 @@ constexpr std::array<Guide, 4> kGuides{{{Column::A1, Column::B1, '1'},
                                         {Column::A2, Column::B2, '2'},
                                         {Column::A4, Column::B4, '4'}}};
 
-/// Runs of `length` and more neighbouring rows, each the same as the one before.
-std::vector<std::vector<int>> Runs(const std::vector<Row>& rows, int step, double length,
-                                   const std::function<bool(const Row&, const Row&)>& same)
-{
-    std::vector<std::vector<int>> runs;
-    std::vector<int> run;
-    const auto close = [&] {
-        if (run.size() > 1 && static_cast<double>(run.size()) >= length) runs.push_back(run);
-        run.clear();
-    };
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (i > 0 && (rows[i].depth != rows[i - 1].depth + step || !same(rows[i - 1], rows[i])))
-            close();
-        run.push_back(rows[i].depth);
-    }
-    close();
-    return runs;
-}
-
 bool Same(const Row& one, const Row& other, Column column)
 {
     return one.At(column) && one.At(column) == other.At(column);
 }
 
-bool Covers(const std::vector<std::vector<int>>& runs, const std::vector<int>& run)
-{
-    return std::ranges::any_of(
-        runs, [&](const std::vector<int>& other) { return std::ranges::includes(other, run); });
-}
-
 void CheckChannel(const CheckedSurvey& checked, Column column,
-                  const std::vector<std::vector<int>>& reported)
+                  const std::vector<Run>& reported)
 {
     const std::string name(kColumnNames[static_cast<std::size_t>(column)]);
     const auto runs =

@@ -1,5 +1,6 @@
 #include "survey/comparison/compare.h"
 
+#include "survey/comparison/doubts.h"
 #include "survey/comparison/same_tube.h"
 
 #include <algorithm>

@@ -1,7 +1,5 @@
 #include "survey/comparison/same_tube.h"
 
-#include "survey/model/depths.h"
-
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -19,42 +17,6 @@ std::string Unlike(std::string_view name, const std::string& is, const std::stri
     return "the " + std::string(name) + " is \"" + is + "\", that of the base \"" + was + "\"";
 }
 
-/// Without a head nothing says which tube it is.
-void NoteHeads(const Survey& base, const Survey& now, Comparison& comparison)
-{
-    if (!base.head || !now.head)
-        comparison.notes.push_back("a head report is missing: that it is the same tube is taken on "
-                                   "trust");
-}
-
-void NoteDepth(const Survey& base, const Survey& now, Comparison& comparison)
-{
-    if (comparison.deeper != 0)
-        comparison.notes.push_back("the tube is " + Metres(DepthOf(now)) + " m deep, in the base " +
-                                   Metres(DepthOf(base)) +
-                                   " m: they are held together at the bottom");
-}
-
-/// Depths that only one of the two has; the sum takes no difference there.
-void NoteGaps(const Survey& base, const Survey& now, Comparison& comparison)
-{
-    std::vector<int> bare;
-    for (const auto& row : now.rows)
-        if (std::ranges::find(base.rows, row.depth - comparison.deeper, &Row::depth) ==
-            base.rows.end())
-            bare.push_back(row.depth);
-    if (!bare.empty())
-        comparison.notes.push_back("the base has no readings for " + DepthList(bare, StepOf(now)) +
-                                   " m");
-    std::vector<int> lost;
-    for (const auto& row : base.rows)
-        if (std::ranges::find(now.rows, row.depth + comparison.deeper, &Row::depth) ==
-            now.rows.end())
-            lost.push_back(row.depth + comparison.deeper);
-    if (!lost.empty())
-        comparison.notes.push_back("only the base has readings for " +
-                                   DepthList(lost, StepOf(now)) + " m");
-}
 } // namespace
 
 std::string OtherTube(const Survey& base, const Survey& now)
@@ -69,13 +31,6 @@ std::string OtherTube(const Survey& base, const Survey& now)
     if (HasFourGuides(base) != HasFourGuides(now)) return "the number of guides is not the base's";
     if (StepOf(base) != StepOf(now)) return "the step is not the base's";
     return "";
-}
-
-void NoteDoubts(const Survey& base, const Survey& now, Comparison& comparison)
-{
-    NoteHeads(base, now, comparison);
-    NoteDepth(base, now, comparison);
-    NoteGaps(base, now, comparison);
 }
 
 } // namespace tarvex::survey

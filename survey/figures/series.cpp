@@ -7,11 +7,6 @@ namespace tarvex::survey
 
 namespace
 {
-std::string_view NameOf(Column column)
-{
-    return kColumnNames[static_cast<std::size_t>(column)];
-}
-
 template <typename Combine>
 Series Combined(const Survey& survey, const Pair& pair, Combine combine)
 {
@@ -24,21 +19,6 @@ Series Combined(const Survey& survey, const Pair& pair, Combine combine)
     return series;
 }
 } // namespace
-
-std::string Pair::Sum() const
-{
-    return std::string(NameOf(first)) + "+" + std::string(NameOf(second));
-}
-
-std::string Pair::Difference() const
-{
-    return "(" + std::string(NameOf(first)) + "-" + std::string(NameOf(second)) + ")/2";
-}
-
-std::vector<Pair> PairsOf(const Survey& survey)
-{
-    return {kPairs.begin(), HasFourGuides(survey) ? kPairs.end() : kPairs.begin() + 2};
-}
 
 Series ReadingsOf(const Survey& survey, Column column)
 {

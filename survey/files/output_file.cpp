@@ -1,14 +1,9 @@
 #include "survey/files/output_file.h"
 
-#include "survey/files/load.h"
-#include "survey/reports/reader.h"
-#include "survey/files/report_file.h"
-#include "survey/model/text.h"
+#include "survey/files/output_check.h"
 #include "survey/files/report_names.h"
 #include "survey/files/refusal.h"
 
-#include <algorithm>
-#include <array>
 #include <fstream>
 #include <stdexcept>
 #include <system_error>
@@ -19,31 +14,6 @@ namespace tarvex::survey
 namespace
 {
 namespace fs = std::filesystem;
-
-/// Names under which the manager writes.
-bool IsNameOfTheManager(const fs::path& path)
-{
-    static constexpr std::array<std::string_view, 3> kNames{"datiram.dat", "intestazione",
-                                                            "tar_vex.mdb"};
-    const auto name = Lower(path.filename().string());
-    return name.ends_with("-dat.dat") || name.ends_with("-num.dat") ||
-           std::ranges::find(kNames, name) != kNames.end();
-}
-
-void RequireSafe(const fs::path& path, const std::vector<fs::path>& inputs)
-{
-    const auto refuse = [&](const std::string& reason) {
-        throw Refusal(Shown(path) + " is not written: " + reason);
-    };
-    if (IsNameOfTheManager(path)) refuse("the manager writes files of that name");
-    std::error_code error;
-    const auto state = fs::status(path, error);
-    if (!fs::exists(state)) return;
-    if (!fs::is_regular_file(state)) refuse("it is no ordinary file");
-    for (const auto& input : inputs)
-        if (fs::equivalent(path, input, error)) refuse("it is the report itself");
-    if (Read(ReadBytes(path).bytes).kind != FileKind::None) refuse("it holds a report");
-}
 
 /// A name beside a path that nobody else has.
 fs::path NameBeside(const fs::path& path)
