@@ -1,5 +1,6 @@
 #include "panel/window/layouts.h"
 
+#include "core/header_boxes.h"
 #include "panel/widgets/box_edit.h"
 #include "panel/widgets/fit_screen.h"
 #include "panel/widgets/look.h"
@@ -13,6 +14,7 @@
 #include <QScrollBar>
 
 #include <initializer_list>
+#include <string_view>
 
 namespace tarvex::panel
 {
@@ -25,13 +27,13 @@ constexpr int kNear = 6;                                      // between what be
 constexpr int kWide = 16;                                     // between groups
 constexpr int kAroundMark = 4; // the focus mark reaches outside its button
 
-using Names = std::initializer_list<const char*>;
+using Names = std::initializer_list<std::string_view>;
 
 QHBoxLayout* Beside(QWidget& window, Names names)
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(kNear);
-    for (const char* name : names)
+    for (const std::string_view name : names)
         row->addWidget(&ControlNamed(window, name));
     return row;
 }
@@ -99,7 +101,7 @@ private:
 
 void UseFixedWidth(QWidget& window, Names boxes)
 {
-    for (const char* name : boxes)
+    for (const std::string_view name : boxes)
         ControlNamed(window, name).setFont(FixedWidthFont());
 }
 
@@ -122,8 +124,9 @@ void LayOutHeader(QWidget& window)
     grid.WideField("LabelText15", "Text15");
     grid.Below({"sscommand1", "sscommand5"});
     grid.Fill();
-    UseFixedWidth(window, {"Text2", "Text3", "Text4", "Text5", "Text6", "Text13", "Text7", "Text8",
-                           "Text9", "Text10", "Text11", "Text12"});
+    UseFixedWidth(window, {"Text2"});
+    for (const auto& row : kHeaderBoxes)
+        UseFixedWidth(window, {row.control});
 }
 
 void LayOutDownload(QWidget& window)
@@ -159,7 +162,7 @@ void LayOutGainZero(QWidget& window)
 void LayOutClockRow(QWidget& window, QGridLayout& grid, int row, Names names)
 {
     int column = 0;
-    for (const char* name : names)
+    for (const std::string_view name : names)
         grid.addWidget(&ControlNamed(window, name), row, column++);
 }
 
@@ -189,7 +192,7 @@ QWidget* LeftColumn(QWidget& window)
     column->setSpacing(kNear);
     column->addWidget(&ControlNamed(window, "HeadingControlPanel"));
     const auto group = [&](Names names) {
-        for (const char* name : names)
+        for (const std::string_view name : names)
             column->addWidget(&ControlNamed(window, name));
         column->addSpacing(kWide);
     };
