@@ -172,8 +172,9 @@ std::string Line(std::initializer_list<std::string> cells)
 std::string ControlLine(const ControlRow& row)
 {
     return Line({Code(row.name), std::string(KindName(row.kind)), Code(row.parent),
-                 Quoted(row.caption), std::string(AccessibleNameOf(row)), Quoted(row.toolTip),
-                 Length(row), AtStart(row), CommandCell(row), SourceCell(row)});
+                 Quoted(row.caption), std::string(AccessibleNameOf(row)),
+                 AccessibleDescriptionOf(row), Quoted(row.toolTip), Length(row), AtStart(row),
+                 CommandCell(row), SourceCell(row)});
 }
 
 std::string RuleLine(const FieldRuleRow& row)
@@ -202,9 +203,9 @@ const CommandEntry& EntryOf(Command command)
 std::string ControlPage()
 {
     std::string page(kIntroduction);
-    page += Line({"Control", "Kind", "On", "Caption", "What it is", "Tool tip", "Longest text",
-                  "At the start", "Command", "Source"});
-    page += "|---|---|---|---|---|---|---|---|---|---|\n";
+    page += Line({"Control", "Kind", "On", "Caption", "Name", "What it is", "Tool tip",
+                  "Longest text", "At the start", "Command", "Source"});
+    page += "|---|---|---|---|---|---|---|---|---|---|---|\n";
     for (const ControlRow& row : ControlTable())
         page += ControlLine(row);
     page += "\n## What happens when a field is left\n\n";

@@ -238,6 +238,28 @@ TEST(ControlTable, GivesEveryControlANameThatAPersonUnderstands)
         EXPECT_GE(AccessibleNameOf(row).size(), 2U) << row.name;
 }
 
+/// Who hears the name must find the control by what another reads on the screen.
+TEST(ControlTable, BeginsEachNameWithTheCaptionAndSaysMoreInTheDescription)
+{
+    int captions = 0;
+    for (const ControlRow& row : ControlTable()) {
+        const std::string caption = row.kind == ControlKind::TextBox
+                                        ? CaptionOf(ControlKind::Label, row.name)
+                                        : std::string(row.caption);
+        const std::size_t first = caption.find_first_not_of(' ');
+        if (first == std::string::npos) continue;
+        const std::size_t last = caption.find_last_not_of(" :");
+        EXPECT_TRUE(AccessibleNameOf(row).starts_with(caption.substr(first, last - first + 1)))
+            << row.name << ": " << AccessibleNameOf(row);
+        ++captions;
+    }
+    EXPECT_GE(captions, 80);
+    EXPECT_EQ(AccessibleNameOf(RowNamed("Text2")), "Block Number (01-30)");
+    EXPECT_EQ(AccessibleNameOf(RowNamed("Command8")), "Read All Blocks");
+    EXPECT_EQ(AccessibleDescriptionOf(RowNamed("Command8")),
+              "Read the headers of all blocks from the unit");
+}
+
 TEST(ControlTable, FailsForAnUnknownName)
 {
     EXPECT_THROW(RowNamed("Text99"), std::out_of_range);

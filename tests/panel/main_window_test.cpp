@@ -84,7 +84,8 @@ TEST_F(MainForm, HasItsThreeTabs)
 
 TEST_F(MainForm, TellsAssistiveToolsWhatABoxMayHold)
 {
-    EXPECT_EQ(Edit("Text8").accessibleDescription(), "2 - 4");
+    EXPECT_EQ(Edit("Text8").accessibleDescription(), "Number of guides: 2 - 4");
+    EXPECT_EQ(Edit("Text16rt").accessibleDescription(), "From 3 to 9");
     EXPECT_EQ(Named<QLabel>("LabelText3").buddy(), &Edit("Text3"));
 }
 

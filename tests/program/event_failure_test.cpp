@@ -79,6 +79,7 @@ TEST_F(EventFailureTest, OutOfAClick)
     StartAlone();
     QPushButton button;
     QObject::connect(&button, &QPushButton::clicked, &button, Fail);
+    button.setObjectName(kForeignWindow);
     button.show();
     QTest::mouseClick(&button, Qt::LeftButton);
     ExpectRunTimeError();
@@ -114,6 +115,7 @@ TEST_F(EventFailureTest, OutOfAPaint)
 {
     StartAlone();
     FailingPaint widget;
+    widget.setObjectName(kForeignWindow);
     widget.show();
     ExpectRunTimeError();
 }
@@ -139,6 +141,7 @@ TEST_F(EventFailureTest, OutOfAModel)
     OneRow model(true);
     QListView view;
     view.setModel(&model);
+    view.setObjectName(kForeignWindow);
     view.show();
     ExpectRunTimeError();
 }
@@ -160,6 +163,7 @@ TEST_F(EventFailureTest, OutOfADelegate)
     QListView view;
     view.setItemDelegate(&delegate);
     view.setModel(&model);
+    view.setObjectName(kForeignWindow);
     view.show();
     ExpectRunTimeError();
 }

@@ -44,7 +44,8 @@ constexpr std::array kWindows = {
 };
 
 /// Boxes with keys of the toolkit's, and the splash, which takes none.
-constexpr std::array kOthers = {"messageBox", "CommonDialog1", "NewFolderName", "preloader"};
+constexpr std::array kOthers = {"messageBox", "CommonDialog1", "NewFolderName", "preloader",
+                                kForeignWindow};
 
 bool IsListed(const QString& name)
 {

@@ -20,6 +20,9 @@ struct ProgramWindow {
 /// All of them, the main form first.
 std::span<const ProgramWindow> ProgramWindows();
 
+/// The name of a window that a test makes itself.
+constexpr const char* kForeignWindow = "ofTheTest";
+
 /// Remembers every window and box that comes up while it lives.
 class SeenWindows : public QObject
 {

@@ -102,8 +102,10 @@ QLayout* AboutUs::Rows()
         const QString name = QString::fromLatin1(row.name);
         auto* text = Label(name, row.text, this);
         text->setTextInteractionFlags(Qt::TextSelectableByMouse); // to copy a telephone number
-        text->setAccessibleName(Literal(row.caption));
-        rows->addWidget(Label("Label" + name, row.caption, this), line, 0, Qt::AlignRight);
+        text->setAccessibleDescription(Literal(row.caption));
+        auto* caption = Label("Label" + name, row.caption, this);
+        caption->setBuddy(text);
+        rows->addWidget(caption, line, 0, Qt::AlignRight);
         rows->addWidget(text, line, 1);
         ++line;
     }

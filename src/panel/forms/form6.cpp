@@ -54,7 +54,6 @@ void Form6::Build()
     Dir1->setObjectName("Dir1");
     Dir1->setAccessibleName("Folder for the reports");
     path_->setObjectName("LabelPath");
-    path_->setAccessibleName("Path of the folder");
     reason_->setObjectName("LabelReason");
     reason_->setWordWrap(true);
     QFont strong = reason_->font();

@@ -15,7 +15,6 @@ void PathLabel::ShowPath(const QString& path)
 {
     setText(path);
     setToolTip(path.toHtmlEscaped());
-    setAccessibleDescription(path);
 }
 
 // The window's width never depends on the path.

@@ -66,7 +66,7 @@ void Preloader::Build()
     auto* description = NamedLabel("Label2", this);
     Enlarge(description, 2);
     auto* version = NamedLabel("Label1", this);
-    version->setAccessibleName("Version");
+    version->setAccessibleDescription("Version");
 
     auto* texts = new QHBoxLayout;
     texts->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

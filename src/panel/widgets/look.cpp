@@ -1,5 +1,6 @@
 #include "panel/widgets/look.h"
 
+#include "panel/widgets/accessible.h"
 #include "panel/widgets/focus_mark.h"
 #include "panel/widgets/look_palette.h"
 #include "panel/widgets/look_style.h"
@@ -72,6 +73,7 @@ void DressProgram()
         QApplication::setFont(font, windowClass);
     new PaletteKeeper(*qApp);
     MarkFocusEverywhere();
+    DescribeToAssistiveTools();
 }
 
 void ApplyLook(QWidget&)

@@ -3,6 +3,7 @@
 #include "platform/text/qt_text.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QEvent>
 #include <QTextDocument>
 #include <QWidget>
@@ -40,11 +41,13 @@ void PortOptions::ShowSelected()
     if (QAbstractButton* button = buttons_.button(group_.Selected())) button->setChecked(true);
 }
 
+/// Asked for anew whenever somebody looks: adapters come and go.
 bool PortOptions::eventFilter(QObject* watched, QEvent* event)
 {
     auto* button = qobject_cast<QAbstractButton*>(watched);
+    const bool heard = event->type() == QEvent::Show && QAccessible::isActive();
     const bool asked = event->type() == QEvent::ToolTip || event->type() == QEvent::FocusIn;
-    if (button != nullptr && asked) Describe(*button);
+    if (button != nullptr && (asked || heard)) Describe(*button);
     return false;
 }
 

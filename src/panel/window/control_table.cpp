@@ -42,31 +42,31 @@ constexpr Row Tab(std::string_view name, std::string_view caption, std::string_v
         .name = name, .kind = Kind::Tab, .parent = "TabStrip1", .caption = caption, .of = frame};
 }
 
-constexpr Row Box(std::string_view name, std::string_view parent, std::string_view accessibleName,
+constexpr Row Box(std::string_view name, std::string_view parent, std::string_view description,
                   ModelOf model)
 {
     return {.name = name,
             .kind = Kind::TextBox,
             .parent = parent,
-            .accessibleName = accessibleName,
+            .description = description,
             .model = model};
 }
 
 /// A box that core/header_boxes.h names.
 template <class HeaderOrCalibration>
-constexpr Row Box(HeaderOrCalibration box, std::string_view parent, std::string_view accessibleName)
+constexpr Row Box(HeaderOrCalibration box, std::string_view parent, std::string_view description)
 {
-    return Box(RowOf(box).control, parent, accessibleName, box);
+    return Box(RowOf(box).control, parent, description, box);
 }
 
 constexpr Row Button(std::string_view name, std::string_view parent, std::string_view caption,
-                     std::string_view accessibleName, Command command, ModelOf model = {})
+                     std::string_view description, Command command, ModelOf model = {})
 {
     return {.name = name,
             .kind = Kind::Button,
             .parent = parent,
             .caption = caption,
-            .accessibleName = accessibleName,
+            .description = description,
             .model = model,
             .command = command};
 }
@@ -85,6 +85,12 @@ constexpr Row Option(std::string_view name, std::string_view parent, std::string
 constexpr Row Locked(Row row)
 {
     row.locked = true;
+    return row;
+}
+
+constexpr Row Called(std::string_view accessibleName, Row row)
+{
+    row.accessibleName = accessibleName;
     return row;
 }
 
@@ -113,41 +119,42 @@ constexpr std::array kControls = {
         .model = &ControlPanel::headerFrame},
     Heading("HeadingFrame1", "Frame1", "Blocks Header"),
     Label("LabelText2", "Frame1", "Block Number (01-30)  :", "Text2"),
-    Box("Text2", "Frame1", "Block number, 01 to 30", &ControlPanel::blockNumber),
-    Button("sscommand9", "Frame1", "-", "Store this header and show the previous block",
-           Command::StepRecordDown, &ControlPanel::previousRecordButton),
-    Button("sscommand10", "Frame1", "+", "Store this header and show the next block",
-           Command::StepRecordUp, &ControlPanel::nextRecordButton),
+    Box("Text2", "Frame1", "Block of this header", &ControlPanel::blockNumber),
+    Called("- Previous block",
+           Button("sscommand9", "Frame1", "-", "Store this header and show the previous block",
+                  Command::StepRecordDown, &ControlPanel::previousRecordButton)),
+    Called("+ Next block",
+           Button("sscommand10", "Frame1", "+", "Store this header and show the next block",
+                  Command::StepRecordUp, &ControlPanel::nextRecordButton)),
     Button("sscommand11", "Frame1", " Copy Data", "Store this header and go on with a copy of it",
            Command::CopyHeaderForward),
     Label("LabelText3", "Frame1", "Client  :", RowOf(Client).control),
-    Box(Client, "Frame1", "Client"),
+    Box(Client, "Frame1", "Client of the survey"),
     Label("LabelText4", "Frame1", "Site :", RowOf(Site).control),
-    Box(Site, "Frame1", "Site"),
+    Box(Site, "Frame1", "Site of the survey"),
     Label("LabelText5", "Frame1", "Tube Number  :", RowOf(Tube).control),
-    Box(Tube, "Frame1", "Tube number"),
+    Box(Tube, "Frame1", "Tube of the survey"),
     Label("LabelText6", "Frame1", "Depth  :", RowOf(DepthMetres).control),
-    WithTip("Inserire cifre senza punto decimale",
-            Box(DepthMetres, "Frame1", "Depth, whole metres")),
-    Box(DepthTenths, "Frame1", "Depth, tenths of a metre, 0 or 5"),
+    WithTip("Inserire cifre senza punto decimale", Box(DepthMetres, "Frame1", "Whole metres")),
+    Called("Depth, tenths", Box(DepthTenths, "Frame1", "Tenths of a metre, 0 or 5")),
     Hint("HintText6", "Frame1", "Max.  100.0 mt.     Max.  200.0 mt.  ",
          RowOf(DepthMetres).control),
     Label("LabelText7", "Frame1", "Step  :", RowOf(Step).control),
-    Box(Step, "Frame1", "Step, 0 for half a metre, 1 for a metre"),
+    Box(Step, "Frame1", "Half a metre or a metre"),
     Hint("HintText7", "Frame1", "0 = 0,5 mt.          1 = 1 mt", RowOf(Step).control),
     Label("LabelText8", "Frame1", "Guides no  :", RowOf(Guides).control),
-    Box(Guides, "Frame1", "Number of guides, 2 or 4"),
+    Box(Guides, "Frame1", "Number of guides"),
     Hint("HintText8", "Frame1", "2 - 4", RowOf(Guides).control),
     Label("LabelText9", "Frame1", "North  :", RowOf(North).control),
-    Box(North, "Frame1", "North, sign and three digits of degrees"),
+    Box(North, "Frame1", "Sign and three digits of degrees"),
     Hint("HintText9", "Frame1", "da ±000° a ±360°", RowOf(North).control),
     Label("LabelText10", "Frame1", "Readout no  :", RowOf(Readout).control),
-    Box(Readout, "Frame1", "Readout number"),
+    Box(Readout, "Frame1", "Number of the survey of this tube"),
     Label("LabelText11", "Frame1", "Date  :", RowOf(Date).control),
-    Locked(Box(Date, "Frame1", "Date of the readout, day, month, year")),
+    Locked(Box(Date, "Frame1", "Day, month, year of the readout")),
     Hint("HintText11", "Frame1", "DDMMYY", RowOf(Date).control),
     Label("LabelText12", "Frame1", "Time  :", RowOf(Time).control),
-    Locked(Box(Time, "Frame1", "Time of the readout, hours, minutes, seconds")),
+    Locked(Box(Time, "Frame1", "Hours, minutes, seconds of the readout")),
     Hint("HintText12", "Frame1", "HHMMSS", RowOf(Time).control),
     Label("LabelText15", "Frame1", "FILE NAME :", "Text15"),
     Locked(Box("Text15", "Frame1", "Header file", &ControlPanel::headerFile)),
@@ -164,15 +171,17 @@ constexpr std::array kControls = {
         .model = &ControlPanel::downloadFrame},
     Heading("HeadingFrame2", "Frame2", "Download Data"),
     Label("LabelNumblocco", "Frame2", "Block Number (01-30)  :", "numblocco"),
-    Box("numblocco", "Frame2", "Block to download, 01 to 30", &ControlPanel::downloadBlock),
-    Button("Command2", "Frame2", "-", "Previous block to download", Command::DownloadBlockDown),
-    Button("Command1", "Frame2", "+", "Next block to download", Command::DownloadBlockUp),
+    Box("numblocco", "Frame2", "Block to download", &ControlPanel::downloadBlock),
+    Called("- Previous block", Button("Command2", "Frame2", "-", "Previous block to download",
+                                      Command::DownloadBlockDown)),
+    Called("+ Next block",
+           Button("Command1", "Frame2", "+", "Next block to download", Command::DownloadBlockUp)),
     Button("Command10", "Frame2", "Folder", "Folder for the report files",
            Command::ShowFolderChooser),
     Button("command3d1", "Frame2", "Ok", "Download the block", Command::BlockDownload,
            &ControlPanel::downloadButton),
     Label("LabelText1", "Frame2", "FILE NAME :", "Text1"),
-    Locked(Box("Text1", "Frame2", "Report file in work", &ControlPanel::reportFile)),
+    Locked(Box("Text1", "Frame2", "Report file that is being written", &ControlPanel::reportFile)),
     Label("Label28", "Frame2", "RAM Address", "Text17"),
     Locked(Box("Text17", "Frame2", "Address of the page being read", &ControlPanel::readAddress)),
     Row{.name = "Picture1",
@@ -203,7 +212,7 @@ constexpr std::array kControls = {
     Label("Label32", "Frame4", "Zero 2° Canale", RowOf(Zero2).control),
     Box(Zero2, "Frame4", "Zero of channel 2"),
     Label("Label33", "Frame4", "Punto", RowOf(Point).control),
-    Box(Point, "Frame4", "Punto"),
+    Box(Point, "Frame4", "Number of the point"),
     Button("Command4", "Frame4", "Scrivi", "Without a function", Command::None,
            &ControlPanel::writeCalibrationButton),
     Button("Command5", "Frame4", "Calcola Gain", "Without a function", Command::None,
@@ -213,8 +222,7 @@ constexpr std::array kControls = {
         .parent = "Frame3",
         .caption = " Parameters"},
     Label("LabelText16rt", "Frame1parametri", "Delay for Automatic Cycle", "Text16rt"),
-    Box("Text16rt", "Frame1parametri", "Delay for the automatic cycle, 3 to 9",
-        &ControlPanel::cycleDelay),
+    Box("Text16rt", "Frame1parametri", {}, &ControlPanel::cycleDelay),
     Hint("HintText16rt", "Frame1parametri", "From 3 to 9", "Text16rt"),
     Button("Command6scrivi", "Frame1parametri", "Write", "Write the delay to the unit",
            Command::WriteCycleDelay),
@@ -272,15 +280,31 @@ constexpr std::array kControls = {
     Row{.name = "Shape1",
         .kind = Kind::Shape,
         .parent = kWindow,
-        .accessibleName = "Ground of the wait indicator",
+        .accessibleName = "Progress of the exchange",
         .model = &WaitIndicator::ground},
     Row{.name = "Label34",
         .kind = Kind::Label,
         .parent = kWindow,
         .caption = "WAIT DATA TRASMISSION ONGOING",
-        .accessibleName = "Wait, data transmission ongoing",
+        .description = "The program waits for the unit",
         .model = &WaitIndicator::label},
 };
+
+std::string_view WithoutBlanks(std::string_view caption)
+{
+    constexpr std::string_view kAround = " :";
+    const std::size_t first = caption.find_first_not_of(kAround);
+    if (first == std::string_view::npos) return {};
+    return caption.substr(first, caption.find_last_not_of(kAround) - first + 1);
+}
+
+/// The text of the label or the hint of that box.
+std::string_view CaptionBeside(std::string_view box, Kind kind)
+{
+    const auto* const beside = std::ranges::find_if(
+        kControls, [&](const Row& row) { return row.kind == kind && row.of == box; });
+    return beside == kControls.end() ? std::string_view() : WithoutBlanks(beside->caption);
+}
 
 } // namespace
 
@@ -328,7 +352,17 @@ bool StartsHidden(const ControlRow& row)
 
 std::string_view AccessibleNameOf(const ControlRow& row)
 {
-    return row.accessibleName.empty() ? row.caption : row.accessibleName;
+    if (!row.accessibleName.empty()) return row.accessibleName;
+    if (row.kind != Kind::TextBox) return WithoutBlanks(row.caption);
+    return CaptionBeside(row.name, Kind::Label);
+}
+
+std::string AccessibleDescriptionOf(const ControlRow& row)
+{
+    std::string description(row.description);
+    const std::string_view hint = CaptionBeside(row.name, Kind::Hint);
+    if (!description.empty() && !hint.empty()) description += ": ";
+    return description.append(hint);
 }
 
 } // namespace tarvex::panel

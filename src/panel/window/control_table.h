@@ -4,6 +4,7 @@
 #include "panel/window/commands.h"
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -37,9 +38,9 @@ struct ControlRow {
     std::string_view parent;    ///< the form or the frame that it is on; empty for the form itself
     std::string_view caption{}; ///< literal, blanks included; "&" would mark a mnemonic
     std::string_view toolTip{};
-    std::string_view
-        accessibleName{};  ///< what a person understands; empty where the caption is that
-    std::string_view of{}; ///< label and hint: the box they belong to; tab: its frame
+    std::string_view accessibleName{}; ///< where no caption says it
+    std::string_view description{};    ///< what a person understands, in more words
+    std::string_view of{};             ///< label and hint: the box they belong to; tab: its frame
     ModelOf model{};
     bool locked = false; ///< takes no typing: only the program sets it
     Command command = Command::None;
@@ -61,7 +62,11 @@ Control* ControlOf(const ControlRow& row, ControlPanel& panel);
 /// True when the control is hidden at the start; a label hides with its box.
 bool StartsHidden(const ControlRow& row);
 
-/// What a person, or a screen reader, calls the control.
+/// What a person, or a screen reader, calls the control. It begins with the caption that is seen
+/// on it, or beside it for a box, without blanks around and colon.
 std::string_view AccessibleNameOf(const ControlRow& row);
+
+/// What a screen reader says of the control besides, the hint beside a box included.
+std::string AccessibleDescriptionOf(const ControlRow& row);
 
 } // namespace tarvex::panel

@@ -118,13 +118,11 @@ void BindToModel(const ControlRow& row, ControlPanel& panel, QWidget& widget)
 
 void BindToBox(const ControlRow& row, QWidget& window, QWidget& widget)
 {
-    const QString accessibleName = Literal(AccessibleNameOf(row));
-    widget.setAccessibleName(accessibleName);
+    widget.setAccessibleName(Literal(AccessibleNameOf(row)));
+    widget.setAccessibleDescription(Literal(AccessibleDescriptionOf(row)).simplified());
     if (row.kind != ControlKind::TextBox) return;
     for (const ControlRow& other : ControlTable()) {
         if (other.of != row.name) continue;
-        if (other.kind == ControlKind::Hint)
-            widget.setAccessibleDescription(Literal(other.caption));
         if (auto* label = window.findChild<QLabel*>(Literal(other.name))) label->setBuddy(&widget);
     }
 }

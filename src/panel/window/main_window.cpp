@@ -1,11 +1,13 @@
 #include "panel/window/main_window.h"
 
 #include "panel/rules/field_rules.h"
+#include "panel/widgets/announcement.h"
 #include "panel/widgets/box_edit.h"
 #include "panel/widgets/field_leaving.h"
 #include "panel/widgets/fit_screen.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/port_options.h"
+#include "panel/widgets/wait_ground.h"
 #include "panel/window/control_table.h"
 #include "panel/window/controls.h"
 #include "panel/window/layouts.h"
@@ -46,6 +48,8 @@ public:
             std::make_unique<PortOptions>(window_, context_.panel.portOptions, portNames);
         auto* list = new ServiceList(&window_, [this](Command command) { RunFromList(command); });
         new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F12), &window_, [list] { list->PopUp(); });
+        new WaitAnnouncer(static_cast<WaitGround&>(ControlNamed(window_, "Shape1")),
+                          *new Announcement(window_));
         ControlNamed(window_, "Text2").setFocus();
         FitToScreen(window_, {920, 540});
     }
