@@ -23,7 +23,10 @@ public:
     /// The one of that window, or null.
     static Announcement* Of(const QWidget& window);
 
+    /// Has these words spoken, also when they are the same again.
     void Say(const QString& words);
+
+    /// What was said last.
     const QString& Words() const { return words_; }
 
 private:
