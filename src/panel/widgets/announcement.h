@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core/exchange_progress.h"
-
 #include <QObject>
 #include <QString>
 
@@ -9,8 +7,6 @@ class QWidget;
 
 namespace tarvex::panel
 {
-
-class WaitGround;
 
 /// What a window says to an operator who does not see it. Nothing of it is on the screen: assistive
 /// tools find it below the window as a notification, and speak its words when they change.
@@ -31,24 +27,6 @@ public:
 
 private:
     QString words_;
-};
-
-/// Says when a wait for the unit begins, stalls, goes on and ends, and how far its exchange came.
-class WaitAnnouncer final : public QObject
-{
-public:
-    /// Follows the ground of the wait indicator, as its only listener. Both outlive this object.
-    WaitAnnouncer(WaitGround& ground, Announcement& announcement);
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    void Follow();
-    QString HowFar() const;
-
-    WaitGround& ground_;
-    Announcement& announcement_;
-    bool stalled_ = false;
 };
 
 } // namespace tarvex::panel

@@ -7,6 +7,7 @@
 #include "panel/widgets/fit_screen.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/port_options.h"
+#include "panel/widgets/wait_announcer.h"
 #include "panel/widgets/wait_ground.h"
 #include "panel/window/control_table.h"
 #include "panel/window/controls.h"
