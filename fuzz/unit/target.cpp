@@ -121,8 +121,10 @@ void ReadFaultText(Choices& choices)
                                            "hangup@write9",
                                            "long@wake1:9",
                                            "garbled@page1:",
-                                           "stray@write1:"};
-    const std::string text = std::string(choices.OneOf(starts)) + choices.Bytes(kAll);
+                                           "short@page1:"};
+    const std::string start(choices.OneOf(starts));
+    const bool number = choices.Below(2) == 0;
+    const auto text = start + (number ? std::to_string(choices.Below(64)) : choices.Bytes(kAll));
     const auto fault = Given<std::invalid_argument>([&] { return ParseFault(text); });
     if (!fault) return;
     Require(fault->number >= 1, "moments are counted from 1");
@@ -165,8 +167,8 @@ void ReadMemoryFile(Choices& choices)
 std::string AnyLogText(Choices& choices)
 {
     if (choices.Below(2) == 0) return choices.Bytes(kAll);
-    constexpr std::string_view pieces[] = {"0.000001", "  unit     ", "  manager  ", "\\", "x", "4",
-                                           "F",        "r",           "(",           ")",  " "};
+    constexpr std::string_view pieces[] = {
+        "0.000001", "  unit     ", "  manager  ", "\\", "\\x4", "4", "F", "r", "(", ")", " "};
     std::string text = choices.Below(2) == 0 ? "     0.000001  manager  " : "";
     for (unsigned count = choices.Below(16); count > 0; --count)
         text += choices.OneOf(pieces);
