@@ -77,7 +77,6 @@ void DeviceLink::SettleWait(int ticks)
 
 void DeviceLink::RestartTick()
 {
-    watch_.BeginWait();
     tickCounter_ = 0;
     timer_.Enable();
     pump_.DoEvents();

@@ -25,14 +25,9 @@ void ExchangeWatch::Expect(int exchanges)
     }
 }
 
-void ExchangeWatch::BeginWait()
-{
-    received_ = 0;
-    heardAt_ = 0;
-}
-
-/// The tick goes back when a nested command has begun an exchange of its own, which the unit heard
-/// of, and after its last value, which a wait that has stalled long before does not notice.
+/// The tick goes back when a wait begins; when a nested command has begun an exchange of its own,
+/// which the unit heard of; and after its last value, which a wait that has stalled long before
+/// does not notice.
 void ExchangeWatch::Look(int received, int tick)
 {
     const bool heard = received > received_;

@@ -21,9 +21,6 @@ public:
     /// The operation consists of that many exchanges; the first call begins it.
     void Expect(int exchanges);
 
-    /// A wait begins, with the tick back at 0.
-    void BeginWait();
-
     /// The wait has looked at the port and found so many bytes at that tick. It stalls when no byte
     /// has come for 30 ticks, and goes on with the next one.
     void Look(int received, int tick);

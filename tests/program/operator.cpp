@@ -17,6 +17,7 @@ namespace tarvex::tests
 namespace
 {
 constexpr int kBoxInterval = 20; // milliseconds
+constexpr const char* kSeen = "seen by the watcher of boxes";
 } // namespace
 
 void Operator::Click(const char* name) const
@@ -99,8 +100,12 @@ void BoxWatcher::AnswerBox()
 {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr || !box->isVisible()) return;
-    texts.append(box->text());
-    if (beforeAnswer) beforeAnswer(box);
+    // On a busy machine a box may outlive the click; it is still the same box, and answered again.
+    if (!box->property(kSeen).toBool()) {
+        box->setProperty(kSeen, true);
+        texts.append(box->text());
+        if (beforeAnswer) beforeAnswer(box);
+    }
     QPushButton* answer = box->defaultButton();
     if (answer == nullptr) answer = qobject_cast<QPushButton*>(box->buttons().constFirst());
     QTest::mouseClick(answer, Qt::LeftButton);
