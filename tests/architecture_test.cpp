@@ -94,6 +94,7 @@ const std::vector<Door>& Doors()
 {
     static const std::vector<Door> doors = {
         {"survey/files/report_file.", kSystem},
+        {"survey/files/held_folder.", kSystem},
         {"survey/export/json", "nlohmann/json.hpp"},
         {"survey/export/xlsx", "xlsxwriter.h"},
     };

@@ -17,11 +17,13 @@ namespace
 
 /// The doors between paths, the program's text and the toolkit's: what a name looks like elsewhere
 /// is never turned into another form by hand, for a path may be no Unicode at all.
-constexpr std::array<std::string_view, 2> kDoors = {"src/core/path_text.cpp",
-                                                    "src/platform/text/qt_text.cpp"};
+constexpr std::array<std::string_view, 3> kDoors = {
+    "src/core/path_text.cpp", "src/platform/text/qt_text.cpp", "survey/window/path_text.cpp"};
 
-/// Conversions of texts that are never paths: what a device or the system says of itself.
-constexpr std::array<std::string_view, 1> kTextsOfOthers = {"src/platform/machine_ports.cpp"};
+/// Conversions of texts that are never paths: what a device or the system says of itself, and
+/// what a report holds.
+constexpr std::array<std::string_view, 2> kTextsOfOthers = {"src/platform/machine_ports.cpp",
+                                                            "survey/window/window_text.h"};
 
 /// What only exists where the system has drives.
 constexpr std::string_view kDrives = "src/panel/forms/machine_places.cpp";
@@ -60,18 +62,24 @@ bool Converts(std::string_view file, const std::string& line)
     return std::regex_search(code, TextConversion()) && !IsOneOf(file, kTextsOfOthers);
 }
 
+void AddConversions(const std::filesystem::path& top, const std::filesystem::path& source,
+                    std::vector<std::string>& found)
+{
+    const std::string file = source.lexically_relative(top).generic_string();
+    std::ifstream lines(source);
+    for (std::string line; std::getline(lines, line);)
+        if (Converts(file, line)) found.push_back(file + ": " + line);
+}
+
 std::vector<std::string> Conversions()
 {
     const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
     std::vector<std::string> found;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(top / "src")) {
-        const std::string ending = entry.path().extension().string();
-        if (ending != ".cpp" && ending != ".h") continue;
-        const std::string file = entry.path().lexically_relative(top).generic_string();
-        std::ifstream lines(entry.path());
-        for (std::string line; std::getline(lines, line);)
-            if (Converts(file, line)) found.push_back(file + ": " + line);
-    }
+    for (const std::string_view folder : {"src", "survey"})
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(top / folder)) {
+            const std::string ending = entry.path().extension().string();
+            if (ending == ".cpp" || ending == ".h") AddConversions(top, entry.path(), found);
+        }
     return found;
 }
 

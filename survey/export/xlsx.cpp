@@ -2,6 +2,7 @@
 
 #include "survey/export/sheet.h"
 #include "survey/export/xlsx_sheet.h"
+#include "survey/files/output_file.h"
 
 #include <xlsxwriter.h>
 
@@ -67,6 +68,7 @@ void WriteSurvey(XlsxSheet writer, const Survey& survey, const Verdict& verdict)
 
 void WriteXlsx(const Survey& survey, const Verdict& verdict, const std::filesystem::path& path)
 {
+    PutBytes(path, {}); // refuses in our words: the library prints its own
     lxw_workbook* const book = workbook_new(path.c_str());
     if (book == nullptr) throw std::runtime_error("the spreadsheet cannot be made");
     WriteReadings(XlsxSheet(book, "Readings"), survey);

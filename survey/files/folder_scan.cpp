@@ -18,12 +18,12 @@ constexpr int kDeepest = 16; // folders within each other
 
 void Take(FoundReports& found, const fs::path& path)
 {
-    const auto name = Lower(path.filename().string());
+    const auto name = Lower(path.filename().native());
     for (const auto& [ending, file] :
          {std::pair{kHeadEnding, &ReportPair::head}, std::pair{kDataEnding, &ReportPair::data}})
         if (name.ends_with(ending)) {
             const auto stem = name.substr(0, name.size() - ending.size());
-            found[(path.parent_path() / stem).string()].*file = path;
+            found[(path.parent_path() / stem).native()].*file = path;
         }
 }
 } // namespace

@@ -22,7 +22,7 @@ Head HeadFromName(const fs::path& path)
 {
     constexpr std::size_t kWidth = 8 + 1 + 8 + 1 + 4 + 1 + 2;
     Head head;
-    const auto name = path.filename().string();
+    const auto name = path.filename().native();
     if (name.size() != kWidth + kDataEnding.size()) return head;
     const auto part = [&](std::size_t at, std::size_t width) {
         return Readable(Trimmed(std::string_view(name).substr(at, width)), Encoding::Utf8);

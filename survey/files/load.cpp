@@ -29,12 +29,12 @@ void Merge(Survey& survey, const fs::path& path, Contents contents)
     }
     if (contents.kind == FileKind::HeadReport) {
         survey.head = std::move(contents.head);
-        survey.files.insert(survey.files.begin(), path.string());
+        survey.files.insert(survey.files.begin(), path.native());
         return;
     }
     survey.rows = std::move(contents.rows);
     survey.unfinished = contents.kind == FileKind::WorkFile;
-    survey.files.push_back(path.string());
+    survey.files.push_back(path.native());
 }
 
 void AddAnomaly(Survey& survey, const fs::path& path, std::string text)

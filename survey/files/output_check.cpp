@@ -24,7 +24,7 @@ bool IsNameOfTheManager(const fs::path& path)
 {
     static constexpr std::array<std::string_view, 3> kNames{"datiram.dat", "intestazione",
                                                             "tar_vex.mdb"};
-    const auto name = Lower(path.filename().string());
+    const auto name = Lower(path.filename().native());
     return name.ends_with("-dat.dat") || name.ends_with("-num.dat") ||
            std::ranges::find(kNames, name) != kNames.end();
 }

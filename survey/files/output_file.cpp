@@ -42,14 +42,17 @@ void WriteOutput(const fs::path& path, const std::vector<fs::path>& inputs,
     }
 }
 
+void PutBytes(const fs::path& path, std::string_view bytes)
+{
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) throw std::runtime_error("the file system refuses it");
+}
+
 void WriteText(const fs::path& path, const std::vector<fs::path>& inputs, std::string_view text)
 {
-    WriteOutput(path, inputs, [&](const fs::path& part) {
-        std::ofstream file(part, std::ios::binary);
-        file.write(text.data(), static_cast<std::streamsize>(text.size()));
-        file.close();
-        if (!file) throw std::runtime_error("the file system refuses it");
-    });
+    WriteOutput(path, inputs, [&](const fs::path& part) { PutBytes(part, text); });
 }
 
 } // namespace tarvex::survey

@@ -16,6 +16,9 @@ void WriteOutput(const std::filesystem::path& path,
                  const std::vector<std::filesystem::path>& inputs,
                  const std::function<void(const std::filesystem::path&)>& write);
 
+/// Puts bytes into a file. Throws std::runtime_error when they cannot all be written.
+void PutBytes(const std::filesystem::path& path, std::string_view bytes);
+
 /// Writes text by WriteOutput.
 void WriteText(const std::filesystem::path& path, const std::vector<std::filesystem::path>& inputs,
                std::string_view text);

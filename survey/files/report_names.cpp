@@ -45,12 +45,31 @@ bool Exists(const fs::path& path)
 
 std::string Shown(const fs::path& path)
 {
-    return Readable(path.string(), Encoding::Utf8);
+    return Readable(path.native(), Encoding::Utf8);
+}
+
+std::string StemOf(const fs::path& path)
+{
+    auto name = Lower(path.filename().native());
+    for (const auto& ending : {kHeadEnding, kDataEnding})
+        if (name.ends_with(ending)) name.resize(name.size() - ending.size());
+    return name;
+}
+
+bool AreOfOneSurvey(const fs::path& one, const fs::path& other)
+{
+    if (one == other) return true;
+    if (StemOf(one) != StemOf(other)) return false;
+    std::error_code error;
+    const auto folder = [](const fs::path& path) {
+        return path.has_parent_path() ? path.parent_path() : fs::path(".");
+    };
+    return fs::equivalent(folder(one), folder(other), error);
 }
 
 std::optional<fs::path> PartnerOf(const fs::path& path)
 {
-    const auto name = PartnerName(path.filename().string());
+    const auto name = PartnerName(path.filename().native());
     if (name.empty()) return std::nullopt;
     const auto folder = path.parent_path();
     for (const auto& candidate : {name, InCapitals(name)})
@@ -59,7 +78,7 @@ std::optional<fs::path> PartnerOf(const fs::path& path)
     std::error_code error;
     for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end;
          !error && entry != end; entry.increment(error))
-        if (Lower(entry->path().filename().string()) == Lower(name))
+        if (Lower(entry->path().filename().native()) == Lower(name))
             return folder / entry->path().filename();
     return std::nullopt;
 }

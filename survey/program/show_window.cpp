@@ -1,11 +1,10 @@
 #include "survey/program/show_window.h"
 
 #include "survey/files/load.h"
+#include "survey/window/application.h"
 #include "survey/window/main_window.h"
 #include "survey/files/report_names.h"
 #include "survey/files/refusal.h"
-
-#include <QApplication>
 
 #include <filesystem>
 
@@ -32,6 +31,15 @@ void Open(MainWindow& window, const fs::path& path)
     else
         window.OpenFile(path);
 }
+
+void OpenFirst(MainWindow& window, const Options& options)
+{
+    std::error_code error;
+    if (!options.files.empty())
+        Open(window, options.files.front());
+    else if (fs::is_directory("dati", error))
+        window.OpenFolder("dati");
+}
 } // namespace
 
 int ShowWindow(const Options& options)
@@ -44,16 +52,14 @@ int ShowWindow(const Options& options)
     int count = 1;
     char name[] = "tarvex-survey";
     char* arguments[] = {name, nullptr};
-    const QApplication application(count, arguments);
+    Application application(count, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("tarvex-survey"));
     QGuiApplication::setDesktopFileName(QStringLiteral("example.tarvex.Survey"));
     MainWindow window;
-    if (!options.files.empty())
-        Open(window, options.files.front());
-    else if (fs::is_directory("dati", error))
-        window.OpenFolder("dati");
+    application.OnFailure([&](const std::string& sentence) { window.Report(sentence); });
+    application.Try([&] { OpenFirst(window, options); });
     window.show();
-    return QApplication::exec();
+    return Application::exec();
 }
 
 } // namespace tarvex::survey

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 void WriteAs(const PictureSubject& subject, const fs::path& path)
 {
     const std::vector<fs::path> inputs(subject.survey.files.begin(), subject.survey.files.end());
-    const auto ending = path.extension().string();
+    const auto ending = path.extension().native();
     const auto write = [&](auto writer) {
         WriteOutput(path, inputs, [&](const fs::path& part) { writer(subject, part); });
     };

@@ -11,6 +11,7 @@
 #include <QSettings>
 #include <QStatusBar>
 
+#include <algorithm>
 #include <system_error>
 
 namespace tarvex::survey
@@ -20,17 +21,6 @@ namespace
 {
 namespace fs = std::filesystem;
 
-constexpr int kQuietTime = 300; // ms without a change before the folder is read again
-
-/// Whether a file is one of the two of a listed survey.
-bool IsOf(const ListedSurvey& listed, const fs::path& file)
-{
-    std::error_code error;
-    const auto partner = PartnerOf(listed.path);
-    return fs::equivalent(listed.path, file, error) ||
-           (partner && fs::equivalent(*partner, file, error));
-}
-
 /// The file dialogs would keep their history in a file of the operator's home; nothing can be
 /// written here.
 void KeepNoSettings()
@@ -39,7 +29,7 @@ void KeepNoSettings()
 }
 } // namespace
 
-MainWindow::MainWindow()
+MainWindow::MainWindow() : watch_([this] { Relist(); })
 {
     KeepNoSettings();
     setWindowTitle(QStringLiteral("Tar Vex Survey"));
@@ -47,18 +37,13 @@ MainWindow::MainWindow()
     setAcceptDrops(true);
     BuildCentre();
     BuildMenus();
+    BuildValues();
     resize(1100, 760);
-    relist_.setSingleShot(true);
-    relist_.setInterval(kQuietTime);
-    connect(&relist_, &QTimer::timeout, this, [this] { Relist(); });
-    connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { relist_.start(); });
 }
 
 void MainWindow::OpenFolder(const fs::path& folder)
 {
-    if (!watcher_.directories().isEmpty()) watcher_.removePaths(watcher_.directories());
     folder_ = folder;
-    watcher_.addPath(Text(folder.string()));
     Relist();
 }
 
@@ -72,12 +57,13 @@ void MainWindow::OpenFile(const fs::path& file)
     opened_ = file;
     const auto folder = file.parent_path();
     OpenFolder(folder.empty() ? "." : folder);
-    Choose(file);
+    Choose({file});
 }
 
 void MainWindow::Relist()
 {
     const auto before = ChosenPaths();
+    watch_.Follow(folder_);
     try {
         listed_ = ListFolder(folder_);
     } catch (const Refusal& refusal) {
@@ -87,9 +73,9 @@ void MainWindow::Relist()
     AddOpened();
     tree_->Show(listed_);
     if (!before.empty())
-        Choose(before.back());
+        Choose(before);
     else if (!listed_.empty())
-        Choose(listed_.back().path);
+        Choose({listed_.back().path});
 }
 
 /// A work file, or a report under another name, is listed by its name alone.
@@ -98,7 +84,7 @@ void MainWindow::AddOpened()
     std::error_code error;
     if (opened_.empty() || !fs::exists(opened_, error)) return;
     for (const auto& listed : listed_)
-        if (IsOf(listed, opened_)) return;
+        if (AreOfOneSurvey(listed.path, opened_)) return;
     Head head;
     head.client = "Other files";
     head.site = Shown(opened_.parent_path());
@@ -106,9 +92,14 @@ void MainWindow::AddOpened()
     listed_.push_back({opened_, head, false, true});
 }
 
-void MainWindow::Choose(const fs::path& path)
+void MainWindow::Choose(const std::vector<fs::path>& paths)
 {
-    tree_->ChooseFirst([&](std::size_t number) { return IsOf(listed_[number], path); });
+    std::vector<std::size_t> numbers;
+    for (std::size_t i = 0; i < listed_.size(); ++i)
+        if (std::ranges::any_of(
+                paths, [&](const auto& path) { return AreOfOneSurvey(listed_[i].path, path); }))
+            numbers.push_back(i);
+    tree_->Choose(numbers);
     ShowChosen(); // once: the tree says nothing of it
 }
 
@@ -122,7 +113,8 @@ std::vector<fs::path> MainWindow::ChosenPaths() const
 
 void MainWindow::Report(const std::string& sentence)
 {
-    statusBar()->showMessage(Text(sentence));
+    constexpr int kTimeToRead = 10'000; // ms
+    statusBar()->showMessage(Text(sentence), kTimeToRead);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
@@ -134,7 +126,7 @@ void MainWindow::dropEvent(QDropEvent* event)
 {
     for (const auto& url : event->mimeData()->urls()) {
         if (!url.isLocalFile()) continue;
-        const fs::path path(url.toLocalFile().toStdString());
+        const auto path = PathOf(url);
         std::error_code error;
         if (fs::is_directory(path, error))
             OpenFolder(path);

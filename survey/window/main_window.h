@@ -3,13 +3,12 @@
 #include "survey/checks/check_limits.h"
 #include "survey/checks/verdict.h"
 #include "survey/files/listed_survey.h"
+#include "survey/window/folder_watch.h"
 #include "survey/window/plot_view.h"
 #include "survey/window/row_model.h"
 #include "survey/window/survey_tree.h"
 
-#include <QFileSystemWatcher>
 #include <QMainWindow>
-#include <QTimer>
 
 #include <filesystem>
 #include <optional>
@@ -30,12 +29,15 @@ class MainWindow : public QMainWindow
 public:
     MainWindow();
 
-    /// Shows the surveys of a folder and watches it.
+    /// Shows the surveys of a folder and watches it, with the folders in it.
     void OpenFolder(const std::filesystem::path& folder);
 
     /// Shows the folder of a report and chooses that report; a file that is no report is named
     /// in the status line.
     void OpenFile(const std::filesystem::path& file);
+
+    /// Shows a sentence in the status line, for some seconds in place of the pointed values.
+    void Report(const std::string& sentence);
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -48,9 +50,10 @@ private:
     QWidget* BuildVerdict(QWidget* parent);
     QLayout* BuildChoices(QWidget* parent);
     void BuildTable(QWidget* parent);
+    void BuildValues();
     void Relist();
     void AddOpened();
-    void Choose(const std::filesystem::path& path);
+    void Choose(const std::vector<std::filesystem::path>& paths);
     void ShowChosen();
     void LoadChosen();
     void FillBases();
@@ -60,8 +63,8 @@ private:
     void AskForFolder();
     void AskForFile();
     void Export();
+    void ExportTo(const std::filesystem::path& path);
     void Print();
-    void Report(const std::string& sentence);
     std::vector<std::filesystem::path> ChosenPaths() const;
 
     std::filesystem::path folder_;
@@ -71,14 +74,14 @@ private:
     std::optional<Survey> base_;
     Verdict verdict_;
     Limits limits_;
-    QFileSystemWatcher watcher_;
-    QTimer relist_;
+    FolderWatch watch_;
     SurveyTree* tree_ = nullptr;
     QLabel* verdictLine_ = nullptr;
     QTabBar* kinds_ = nullptr;
     QComboBox* bases_ = nullptr;
     PlotView* plot_ = nullptr;
     QTableView* table_ = nullptr;
+    QLabel* values_ = nullptr; // of the depth that is pointed to
     RowModel rows_;
 };
 

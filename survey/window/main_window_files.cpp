@@ -2,6 +2,8 @@
 
 #include "survey/window/export_file.h"
 #include "survey/files/refusal.h"
+#include "survey/files/report_names.h"
+#include "survey/window/window_text.h"
 
 #include <QFileDialog>
 #include <QInputDialog>
@@ -39,37 +41,44 @@ void MainWindow::BuildMenus()
 
 void MainWindow::AskForFolder()
 {
-    const auto folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Open folder"));
-    if (!folder.isEmpty()) OpenFolder(folder.toStdString());
+    const NamedFolder start(folder_);
+    const auto folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Open folder"),
+                                                          start.Name());
+    if (!folder.isEmpty()) OpenFolder(start.PathOf(folder));
 }
 
 void MainWindow::AskForFile()
 {
+    const NamedFolder start(folder_);
     const auto file = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Open report"), {},
+        this, QStringLiteral("Open report"), start.Name(),
         QStringLiteral(
             "Reports (*-dat.dat *-num.dat *-DAT.DAT *-NUM.DAT datiram.dat);;All files (*)"));
-    if (!file.isEmpty()) OpenFile(file.toStdString());
+    if (!file.isEmpty()) OpenFile(start.PathOf(file));
 }
 
 void MainWindow::Export()
 {
     if (chosen_.empty()) return Report("No survey is chosen");
-    const auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"), {},
+    const NamedFolder start(folder_);
+    const auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"), start.Name(),
                                                    QString::fromLatin1(kExports));
-    if (path.isEmpty()) return;
+    if (!path.isEmpty()) ExportTo(start.PathOf(path));
+}
+
+void MainWindow::ExportTo(const std::filesystem::path& path)
+{
     bool goOn = true;
     std::string remark;
-    if (path.endsWith(QStringLiteral(".pdf")))
-        remark = QInputDialog::getText(this, QStringLiteral("Export"),
-                                       QStringLiteral("Remark for the sheet:"), QLineEdit::Normal,
-                                       {}, &goOn)
-                     .toStdString();
+    if (path.extension() == ".pdf")
+        remark = Bytes(QInputDialog::getText(this, QStringLiteral("Export"),
+                                             QStringLiteral("Remark for the sheet:"),
+                                             QLineEdit::Normal, {}, &goOn));
     if (!goOn) return;
     try {
         WriteAs({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, remark},
-                path.toStdString());
-        Report("Written: " + path.toStdString());
+                path);
+        Report("Written: " + Shown(path));
     } catch (const Refusal& refusal) {
         Report(refusal.what());
     }

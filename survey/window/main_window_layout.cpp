@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -86,6 +87,17 @@ void MainWindow::BuildTable(QWidget* parent)
     table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + kRoom);
     table_->horizontalHeader()->setResizeContentsPrecision(0);
     table_->horizontalHeader()->setStretchLastSection(true);
+}
+
+void MainWindow::BuildValues()
+{
+    values_ = new QLabel(this);
+    values_->setObjectName(QStringLiteral("values"));
+    values_->setAccessibleName(QStringLiteral("Values at the pointed depth"));
+    values_->setTextFormat(Qt::PlainText);
+    // A long line is cut off rather than widen the window.
+    values_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(values_, 1);
 }
 
 } // namespace tarvex::survey

@@ -7,7 +7,6 @@
 #include "survey/window/window_text.h"
 
 #include <QLabel>
-#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 
@@ -63,7 +62,7 @@ void MainWindow::PointToDepth(double tenths)
         const auto value = rows_.data(rows_.index(row, column), Qt::DisplayRole).toString();
         if (!value.isEmpty()) values += name + QLatin1Char(' ') + value;
     }
-    statusBar()->showMessage(values.join(QStringLiteral("   ")));
+    values_->setText(values.join(QStringLiteral("   ")));
 }
 
 } // namespace tarvex::survey

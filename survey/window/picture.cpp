@@ -1,8 +1,10 @@
 #include "survey/window/picture.h"
 
+#include "survey/files/output_file.h"
 #include "survey/window/plotter.h"
+#include "survey/window/window_text.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QSvgGenerator>
 
 #include <qcustomplot.h>
@@ -17,9 +19,9 @@ namespace
 constexpr int kHeight = 800;
 constexpr int kPageWidth = 480; // pixels of two plots side by side
 
-void RequireWritten(bool written)
+void RequireDrawn(bool drawn)
 {
-    if (!written) throw std::runtime_error("the file system refuses it");
+    if (!drawn) throw std::runtime_error("the picture cannot be drawn");
 }
 } // namespace
 
@@ -38,18 +40,19 @@ void WriteSvg(const PictureSubject& subject, const std::filesystem::path& path)
     const QSize size(kPageWidth * static_cast<int>(pages.size()), kHeight);
     QCustomPlot plot;
     Draw(plot, pages, {});
-    QFile file(path);
-    RequireWritten(file.open(QIODevice::WriteOnly));
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    device.open(QIODevice::WriteOnly);
     QSvgGenerator generator;
-    generator.setOutputDevice(&file);
+    generator.setOutputDevice(&device);
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(), size));
-    generator.setTitle(QString::fromStdString(subject.verdict.Line()));
+    generator.setTitle(Text(subject.verdict.Line()));
     QCPPainter painter;
-    RequireWritten(painter.begin(&generator));
+    RequireDrawn(painter.begin(&generator));
     plot.toPainter(&painter, size.width(), size.height());
     painter.end();
-    RequireWritten(file.flush() && file.error() == QFile::NoError);
+    PutBytes(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 void WritePng(const PictureSubject& subject, const std::filesystem::path& path)
@@ -60,8 +63,11 @@ void WritePng(const PictureSubject& subject, const std::filesystem::path& path)
     Draw(plot, pages, {});
     const auto picture =
         plot.toPixmap(kPageWidth * static_cast<int>(pages.size()), kHeight, kScale);
-    QFile file(path);
-    RequireWritten(file.open(QIODevice::WriteOnly) && picture.save(&file, "PNG") && file.flush());
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    device.open(QIODevice::WriteOnly);
+    RequireDrawn(picture.save(&device, "PNG"));
+    PutBytes(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 } // namespace tarvex::survey

@@ -1,6 +1,7 @@
 #include "survey/window/plot_graphs.h"
 
 #include "survey/window/plot_pen.h"
+#include "survey/window/window_text.h"
 
 #include <qcustomplot.h>
 
@@ -46,7 +47,7 @@ void AddOutliers(QCustomPlot& plot, QCPAxisRect& rect, const Curve& curve,
             marked.push_back(point);
     if (marked.empty()) return;
     auto& graph = AddGraph(plot, rect, marked);
-    graph.setName(QStringLiteral("out: %1").arg(QString::fromStdString(curve.name)));
+    graph.setName(QStringLiteral("out: %1").arg(Text(curve.name)));
     graph.setLineStyle(QCPGraph::lsNone);
     graph.setPen(QPen(colours.Dark() ? QColor(255, 130, 130) : QColor(190, 0, 0), 1.5));
     graph.setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssCrossCircle, 9));
@@ -57,7 +58,7 @@ QCPGraph& AddCurve(QCustomPlot& plot, QCPAxisRect& rect, const Curve& curve, std
                    const PlotColours& colours)
 {
     auto& graph = AddGraph(plot, rect, curve.points);
-    graph.setName(QString::fromStdString(curve.name));
+    graph.setName(Text(curve.name));
     graph.setPen(PenOf(curve, number, colours));
     AddOutliers(plot, rect, curve, colours);
     return graph;

@@ -2,6 +2,7 @@
 
 #include "survey/window/plot_graphs.h"
 #include "survey/window/plot_legend.h"
+#include "survey/window/window_text.h"
 
 #include <qcustomplot.h>
 
@@ -31,7 +32,7 @@ QCPAxisRect& AddRect(QCustomPlot& plot, const Place& place, const PlotHalf& half
     auto* const depth = rect->axis(QCPAxis::atLeft);
     depth->setRangeReversed(true);
     depth->setLabel(QStringLiteral("Depth, m"));
-    values->setLabel(QString::fromStdString(half.title));
+    values->setLabel(Text(half.title));
     values->ticker()->setTickCount(4);
     for (auto* const axis : rect->axes())
         Paint(*axis, colours);

@@ -1,10 +1,13 @@
 #include "survey/window/row_model.h"
 
+#include "survey/window/window_text.h"
+
 #include <QColor>
 #include <QGuiApplication>
 #include <QPalette>
 
 #include <cmath>
+#include <utility>
 
 namespace tarvex::survey
 {
@@ -14,6 +17,18 @@ namespace
 QString CellText(const SheetCell& cell)
 {
     return cell.value ? QString::number(*cell.value, 'f', cell.decimals) : QStringLiteral("-");
+}
+
+std::map<int, QString> FaultsOf(const Verdict& verdict)
+{
+    std::map<int, QString> faults;
+    for (const auto& finding : verdict.findings)
+        for (const int depth : finding.depths) {
+            auto& text = faults[depth];
+            if (!text.isEmpty()) text += QStringLiteral("; ");
+            text += Text(finding.check + ": " + finding.text);
+        }
+    return faults;
 }
 
 /// A background for a faulty row that keeps its text legible on light and on dark.
@@ -26,18 +41,16 @@ QColor FaultColour()
 
 void RowModel::Show(const Survey& survey, const Verdict& verdict)
 {
-    beginResetModel();
-    sheet_ = SheetOf(survey);
-    depths_.clear();
+    auto sheet = SheetOf(survey);
+    std::vector<int> depths;
     for (const auto& row : survey.rows)
-        depths_.push_back(row.depth);
-    faults_.clear();
-    for (const auto& finding : verdict.findings)
-        for (const int depth : finding.depths) {
-            auto& text = faults_[depth];
-            if (!text.isEmpty()) text += QStringLiteral("; ");
-            text += QString::fromStdString(finding.check + ": " + finding.text);
-        }
+        depths.push_back(row.depth);
+    auto faults = FaultsOf(verdict);
+    // What can fail has been done: a reset that has begun must end.
+    beginResetModel();
+    sheet_ = std::move(sheet);
+    depths_ = std::move(depths);
+    faults_ = std::move(faults);
     endResetModel();
 }
 
@@ -90,7 +103,7 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     const auto column = static_cast<std::size_t>(section);
-    return column < sheet_.titles.size() ? QString::fromStdString(sheet_.titles[column])
+    return column < sheet_.titles.size() ? Text(sheet_.titles[column])
                                          : QStringLiteral("Against it");
 }
 

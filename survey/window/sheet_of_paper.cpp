@@ -1,9 +1,10 @@
 #include "survey/window/picture.h"
 
+#include "survey/files/output_file.h"
 #include "survey/window/paper_parts.h"
 #include "survey/window/window_text.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QPdfWriter>
 
 #include <qcustomplot.h>
@@ -31,10 +32,11 @@ void PrintSheet(const PictureSubject& subject, QPagedPaintDevice& device)
 
 void WritePdf(const PictureSubject& subject, const std::filesystem::path& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) throw std::runtime_error("the file system refuses it");
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    device.open(QIODevice::WriteOnly);
     {
-        QPdfWriter pdf(&file);
+        QPdfWriter pdf(&device);
         pdf.setPageSize(QPageSize(QPageSize::A4));
         pdf.setPageMargins(QMarginsF(12, 10, 12, 10), QPageLayout::Millimeter);
         pdf.setResolution(300);
@@ -44,8 +46,7 @@ void WritePdf(const PictureSubject& subject, const std::filesystem::path& path)
                               : "Survey"));
         PrintSheet(subject, pdf);
     }
-    if (!file.flush() || file.error() != QFile::NoError)
-        throw std::runtime_error("the file system refuses it");
+    PutBytes(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 } // namespace tarvex::survey

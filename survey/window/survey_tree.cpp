@@ -3,6 +3,7 @@
 #include "survey/files/report_names.h"
 #include "survey/window/window_text.h"
 
+#include <QItemSelectionModel>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -50,14 +51,16 @@ void SurveyTree::Show(const std::vector<ListedSurvey>& listed)
     expandAll();
 }
 
-void SurveyTree::ChooseFirst(const std::function<bool(std::size_t)>& is)
+void SurveyTree::Choose(const std::vector<std::size_t>& numbers)
 {
     const QSignalBlocker quiet(this);
+    clearSelection();
     for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
         const auto number = (*item)->data(0, kNumberRole);
-        if (!number.isValid() || !is(static_cast<std::size_t>(number.toInt()))) continue;
-        setCurrentItem(*item);
-        return;
+        if (!number.isValid() ||
+            !std::ranges::binary_search(numbers, static_cast<std::size_t>(number.toInt())))
+            continue;
+        setCurrentItem(*item, 0, QItemSelectionModel::Select);
     }
 }
 

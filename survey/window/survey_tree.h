@@ -5,7 +5,6 @@
 #include <QTreeWidget>
 
 #include <cstddef>
-#include <functional>
 #include <vector>
 
 namespace tarvex::survey
@@ -21,8 +20,8 @@ public:
     /// Shows these surveys, with none chosen and without a signal.
     void Show(const std::vector<ListedSurvey>& listed);
 
-    /// Chooses the first survey, by its number in the list, that `is` says yes to; without a signal.
-    void ChooseFirst(const std::function<bool(std::size_t)>& is);
+    /// Chooses these surveys, by their numbers in the list, without a signal.
+    void Choose(const std::vector<std::size_t>& numbers);
 
     /// The numbers of the chosen surveys, in order of the list.
     std::vector<std::size_t> Chosen() const;

@@ -13,4 +13,10 @@ inline QString Text(const std::string& utf8)
     return QString::fromStdString(utf8);
 }
 
+/// The way back.
+inline std::string Bytes(const QString& text)
+{
+    return text.toStdString();
+}
+
 } // namespace tarvex::survey

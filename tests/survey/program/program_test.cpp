@@ -149,6 +149,42 @@ TEST_F(SurveyProgram, PutsOneSheetIntoAPdf)
     EXPECT_EQ(std::count(words.begin(), words.end(), '\f'), 1) << "one sheet";
 }
 
+TEST_F(SurveyProgram, TakesNamesThatAreNoUtf8)
+{
+    const auto nameless = folder_ / "Gef\xE4lle";
+    std::filesystem::create_directory(nameless);
+    const std::string report = Download(nameless, "1:depth=20");
+    const std::string base = nameless / "basis\xFC.dat";
+    std::filesystem::copy_file(DataReportOf(report), base);
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{"show", report},
+                                                      {"show", "--json", report},
+                                                      {"check", "--json", base},
+                                                      {"check", report, base},
+                                                      {"compare", report, report},
+                                                      {"compare", "--json", report, report},
+                                                      {"list", nameless},
+                                                      {"list", "--json", nameless}})
+        EXPECT_EQ(RunSurvey(arguments).status, 0) << arguments.front();
+    EXPECT_THAT(RunSurvey({"list", nameless}).output, HasSubstr("Gef\uFFFDlle/"));
+    for (const char* form : {"csv", "json", "xlsx", "svg", "png", "pdf"}) {
+        const std::string path = nameless / (std::string("\xE4.") + form);
+        const auto run = RunSurvey({"export", report, std::string("--") + form, path});
+        EXPECT_EQ(run.status, 0) << run.errors;
+        EXPECT_FALSE(FileBytes(path).empty()) << form;
+    }
+}
+
+TEST_F(SurveyProgram, RefusesAnExportIntoAFolderThatIsGone)
+{
+    for (const char* form : {"csv", "json", "xlsx", "svg", "png", "pdf"}) {
+        const auto run = RunSurvey({"export", head_, std::string("--") + form,
+                                    folder_ / (std::string("gone/out.") + form)});
+        EXPECT_EQ(run.status, 2) << form;
+        EXPECT_THAT(run.errors, HasSubstr("cannot be written: ")) << form;
+        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
+    }
+}
+
 TEST_F(SurveyProgram, RefusesABaseOfAnotherTube)
 {
     const std::string other = Download(folder_.Path(), "2:depth=20,tube=T9");

@@ -1,6 +1,9 @@
 #include "survey/window/main_window.h"
 
+#include "survey/checks/check.h"
 #include "survey/downloads.h"
+#include "survey/files/load.h"
+#include "survey/window/export_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -100,6 +103,126 @@ TEST_F(WindowTest, NoticesADownloadByItself)
     EXPECT_TRUE(tree.topLevelItem(0)->child(0)->child(0)->child(2)->isSelected());
 }
 
+TEST_F(WindowTest, NoticesADownloadIntoANewFolderWithinTheFolder)
+{
+    window_.OpenFolder(folder_.Path());
+    std::filesystem::create_directories(folder_ / "site/tube");
+    auto& tree = Find<QTreeWidget>("tree");
+    QTest::qWait(1000); // the folders have been seen by themselves
+    tests::Download(folder_ / "site/tube", "2:depth=20,client=NEW");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 2; }, 60'000));
+}
+
+TEST_F(WindowTest, NoticesWhatBecomesOfAFolderWithinTheFolder)
+{
+    std::filesystem::create_directory(folder_ / "old");
+    tests::Download(folder_ / "old", "2:depth=20,client=NEW");
+    window_.OpenFolder(folder_.Path());
+    auto& tree = Find<QTreeWidget>("tree");
+    ASSERT_EQ(tree.topLevelItemCount(), 2);
+    std::filesystem::rename(folder_ / "old", folder_ / "renamed");
+    const auto isRenamed = [&] {
+        const auto* const top = tree.topLevelItem(1);
+        return top != nullptr &&
+               top->child(0)->child(0)->child(0)->toolTip(0).contains(QStringLiteral("/renamed/"));
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isRenamed, 60'000));
+    tests::Download(folder_ / "renamed", "2:depth=20,client=LATER");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 3; }, 60'000));
+    std::filesystem::remove_all(folder_ / "renamed");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 1; }, 60'000));
+}
+
+TEST_F(WindowTest, FindsItsFolderAgainThatWasGone)
+{
+    const auto dati = folder_ / "dati";
+    std::filesystem::create_directory(dati);
+    tests::Download(dati, "2:depth=20,client=NEW");
+    window_.OpenFolder(dati);
+    auto& tree = Find<QTreeWidget>("tree");
+    ASSERT_EQ(tree.topLevelItemCount(), 1);
+    std::filesystem::rename(dati, folder_ / "away");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 0; }, 60'000));
+    std::filesystem::rename(folder_ / "away", dati);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 1; }, 60'000));
+}
+
+TEST_F(WindowTest, KeepsAllThatIsChosenWhenADownloadAppears)
+{
+    window_.OpenFolder(folder_.Path());
+    auto& tree = Find<QTreeWidget>("tree");
+    tree.topLevelItem(0)->child(0)->child(0)->child(0)->setSelected(true);
+    tests::Download(folder_.Path(), "2:depth=20,client=NEW");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 2; }, 60'000));
+    EXPECT_EQ(tree.selectedItems().size(), 2);
+}
+
+TEST(FolderWatch, WatchesABoundedNumberOfFolders)
+{
+    const tests::TemporaryFolder folder;
+    for (int number = 0; number < 300; ++number)
+        std::filesystem::create_directory(folder / std::to_string(number));
+    FolderWatch watch([] {});
+    watch.Follow(folder.Path());
+    EXPECT_EQ(watch.Count(), FolderWatch::kMostFolders);
+}
+
+class NamelessFolderTest : public WindowTest
+{
+protected:
+    NamelessFolderTest()
+    {
+        std::filesystem::create_directory(nameless_);
+        report_ = tests::Download(nameless_, "2:depth=20,client=NEW");
+    }
+
+    const std::filesystem::path nameless_ = folder_ / "Gef\xE4lle"; // no UTF-8
+    std::filesystem::path report_;
+};
+
+TEST_F(NamelessFolderTest, IsOpenedAndWatched)
+{
+    window_.OpenFolder(nameless_);
+    auto& tree = Find<QTreeWidget>("tree");
+    ASSERT_EQ(tree.topLevelItemCount(), 1);
+    EXPECT_THAT(tree.topLevelItem(0)->child(0)->child(0)->child(0)->toolTip(0).toStdString(),
+                HasSubstr("Gef\uFFFDlle/"));
+    tests::Download(nameless_, "2:depth=20,client=LATER");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 2; }, 60'000));
+}
+
+TEST_F(NamelessFolderTest, IsTakenWhenAReportInItIsDropped)
+{
+    QMimeData data;
+    data.setUrls(
+        {QUrl::fromEncoded(QByteArray("file://") +
+                           QByteArray::fromStdString(report_.native()).toPercentEncoding("/"))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window_, &enter);
+    QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&window_, &event);
+    EXPECT_EQ(Verdict(), "Verdict: good");
+    EXPECT_EQ(Find<QTreeWidget>("tree").topLevelItem(0)->text(0), "NEW");
+}
+
+TEST_F(NamelessFolderTest, HasANameForTheToolkitThatLeadsBack)
+{
+    const NamedFolder named(nameless_);
+    EXPECT_TRUE(QDir(named.Name()).exists(PathText(report_.filename())));
+    EXPECT_EQ(named.PathOf(named.Name() + QStringLiteral("/sheet.pdf")), nameless_ / "sheet.pdf");
+    EXPECT_EQ(named.PathOf(QStringLiteral("/tmp/sheet.pdf")), "/tmp/sheet.pdf");
+}
+
+TEST_F(NamelessFolderTest, TakesEveryExport)
+{
+    const auto survey = Load(report_);
+    const auto verdict = Check(survey, {});
+    for (const char* name : {"a.pdf", "a.svg", "a.png", "a.xlsx", "a.csv", "\xE4.json"}) {
+        WriteAs({survey, nullptr, verdict, {}, {}}, nameless_ / name);
+        EXPECT_FALSE(tests::FileBytes(nameless_ / name).empty()) << name;
+    }
+}
+
 TEST_F(WindowTest, DrawsEachKindForBothChannels)
 {
     window_.OpenFolder(folder_.Path());
@@ -146,7 +269,7 @@ TEST_F(WindowTest, MarksThePointedDepthInTheTableAndShowsItsValues)
     QTest::keyClick(&Plot(), Qt::Key_Down);
     QTest::keyClick(&Plot(), Qt::Key_Down);
     EXPECT_EQ(Find<QTableView>("table").currentIndex().row(), 1);
-    EXPECT_THAT(window_.statusBar()->currentMessage().toStdString(), HasSubstr("Depth 1.0   A1 "));
+    EXPECT_THAT(Find<QLabel>("values").text().toStdString(), HasSubstr("Depth 1.0   A1 "));
     QTest::keyClick(&Plot(), Qt::Key_Up);
     EXPECT_EQ(Find<QTableView>("table").currentIndex().row(), 0);
 }
@@ -169,7 +292,7 @@ TEST_F(WindowTest, ZoomsByKeysInBothChannelsAndShowsAllAgain)
 
 TEST_F(WindowTest, NamesEveryControlForThoseWhoDoNotSeeIt)
 {
-    for (const char* name : {"tree", "verdict", "kinds", "bases", "plot", "table"})
+    for (const char* name : {"tree", "verdict", "kinds", "bases", "plot", "table", "values"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
 }
 
