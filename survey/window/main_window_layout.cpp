@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTabBar>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -76,17 +77,21 @@ void MainWindow::BuildTable(QWidget* parent)
     table_ = new QTableView(parent);
     table_->setObjectName(QStringLiteral("table"));
     table_->setAccessibleName(QStringLiteral("Readings, sums and half differences by depth"));
-    table_->setModel(&rows_);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setWordWrap(false);
     table_->verticalHeader()->hide();
-    // One height for all rows and widths by the first of them: measuring each costs a visible
-    // pause.
+    // One height for all rows and one width for all numbers: measuring each costs a visible pause.
     constexpr int kRoom = 6;
-    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + kRoom);
-    table_->horizontalHeader()->setResizeContentsPrecision(0);
-    table_->horizontalHeader()->setStretchLastSection(true);
+    const auto metrics = table_->fontMetrics();
+    table_->verticalHeader()->setDefaultSectionSize(metrics.height() + kRoom);
+    auto& titles = *table_->horizontalHeader();
+    titles.setMinimumSectionSize(metrics.height());
+    titles.setDefaultSectionSize(
+        metrics.horizontalAdvance(QStringLiteral("(A1-A3)/2")) + 2 * kRoom +
+        2 * titles.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &titles));
+    titles.setStretchLastSection(true);
+    table_->setModel(&rows_);
 }
 
 void MainWindow::BuildValues()

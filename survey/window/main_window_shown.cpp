@@ -38,7 +38,6 @@ void MainWindow::ShowChosen()
         verdictLine_->setToolTip(Text(TextOf(verdict_)));
         rows_.Show(chosen_.back(), verdict_);
     }
-    table_->resizeColumnsToContents();
     ShowBase();
 }
 

@@ -3,6 +3,7 @@
 #include "survey/files/report_names.h"
 #include "survey/window/window_text.h"
 
+#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QSignalBlocker>
 
@@ -30,6 +31,7 @@ SurveyTree::SurveyTree(QWidget* parent) : QTreeWidget(parent)
 {
     setObjectName(QStringLiteral("tree"));
     setAccessibleName(QStringLiteral("Surveys by client, site, tube and readout"));
+    header()->setMinimumSectionSize(fontMetrics().height()); // else all letters are measured
     setHeaderLabels({QStringLiteral("Surveys")});
     setSelectionMode(QAbstractItemView::ExtendedSelection);
 }
