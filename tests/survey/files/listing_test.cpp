@@ -1,12 +1,15 @@
 #include "survey/files/listing.h"
 
 #include "survey/downloads.h"
+#include "survey/files/folder_scan.h"
 #include "survey/files/listing_text.h"
 #include "survey/files/load.h"
 #include "survey/files/refusal.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace tarvex::survey
 {
@@ -85,6 +88,20 @@ TEST_F(ListingTest, ListsOtherSpellingsAndPassesOverOtherFiles)
     ASSERT_THAT(listed, SizeIs(1));
     EXPECT_TRUE(listed[0].hasData);
     EXPECT_TRUE(listed[0].hasHead);
+}
+
+TEST_F(ListingTest, SaysHowFarItIsWhileItReadsManyFiles)
+{
+    const auto head = Download("nlet=01");
+    for (std::size_t number = 0; number < 2 * kProgressSteps; ++number)
+        fs::copy_file(head, folder_ / (std::to_string(number) + "-dat.dat"));
+    std::vector<std::size_t> counts;
+    const auto listed =
+        ListFolder(folder_.Path(), [&](std::size_t count) { counts.push_back(count); });
+    EXPECT_THAT(listed, SizeIs(2 * kProgressSteps + 1));
+    EXPECT_THAT(counts, ::testing::SizeIs(::testing::Ge(4U)))
+        << "while it looks and while it reads";
+    EXPECT_TRUE(std::ranges::is_sorted(counts));
 }
 
 TEST_F(ListingTest, RefusesAPathThatIsNoFolder)
