@@ -296,6 +296,24 @@ TEST_F(WindowTest, NamesEveryControlForThoseWhoDoNotSeeIt)
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
 }
 
+TEST_F(WindowTest, IsDarkWhereTheDesktopIs)
+{
+    window_.OpenFile(tests::Download(folder_.Path(), "4:depth=20,spike=12.5"));
+    const auto& table = *Find<QTableView>("table").model();
+    const auto lightness = [&] {
+        return std::pair(table.index(24, 0).data(Qt::BackgroundRole).value<QColor>().lightness(),
+                         Plot().axisRect(0)->axis(QCPAxis::atLeft)->tickLabelColor().lightness());
+    };
+    EXPECT_GT(lightness().first, 128);
+    EXPECT_LT(lightness().second, 128);
+    const QPalette before = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(40, 40, 40), QColor(40, 40, 40)));
+    QTest::qWait(10);
+    EXPECT_LT(lightness().first, 128) << "the ground of a row that is out";
+    EXPECT_GT(lightness().second, 128) << "the ink of the plot";
+    QApplication::setPalette(before);
+}
+
 TEST_F(WindowTest, FitsASmallScreen)
 {
     EXPECT_LE(window_.minimumSizeHint().width(), 800);
