@@ -110,6 +110,22 @@ TEST_F(SurveyProgram, ExportsTablesWithTheSignsThatAreChosen)
     EXPECT_EQ(RunSurvey({"export", head_}).status, 2);
 }
 
+TEST_F(SurveyProgram, ExportsTablesWithTheSignsOfTheDesktop)
+{
+    const std::string made =
+        "localedef -c -i de_DE -f UTF-8 '" + (folder_ / "de_DE.UTF-8").native() + "' 2>/dev/null";
+    ASSERT_EQ(std::system(made.c_str()), 0);
+    ::setenv("LOCPATH", folder_.Path().c_str(), 1);
+    ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+    const auto german = RunSurvey({"export", head_, "--csv", "-"});
+    ::setenv("LC_ALL", "xx_XX.UTF-8", 1); // one that is not installed
+    const auto unknown = RunSurvey({"export", head_, "--csv", "-"});
+    ::unsetenv("LC_ALL");
+    ::unsetenv("LOCPATH");
+    EXPECT_THAT(german.output, HasSubstr("\r\n20,0;"));
+    EXPECT_THAT(unknown.output, HasSubstr("\r\n20.0,"));
+}
+
 TEST_F(SurveyProgram, ExportsASpreadsheetWithNumbersAsNumbers)
 {
     const std::string path = folder_ / "out.xlsx";
