@@ -22,7 +22,7 @@ may_mount() {
 }
 
 # The system holds little beside apt, and its disk need not be safe. A place without mounts does for all but
-# what needs one, which says so itself.
+# what needs one, which is then left out and says so.
 make_clean_system() {
     local release unmounted=()
     release=$(. /etc/os-release && echo "$VERSION_CODENAME")
