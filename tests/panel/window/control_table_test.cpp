@@ -1,6 +1,6 @@
 #include "panel/window/control_table.h"
 
-#include "panel/control_page.h"
+#include "panel/window/control_page.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

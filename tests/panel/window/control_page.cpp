@@ -1,4 +1,4 @@
-#include "panel/control_page.h"
+#include "panel/window/control_page.h"
 
 #include "panel/rules/field_rules.h"
 #include "panel/window/control_table.h"

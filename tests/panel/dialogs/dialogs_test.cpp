@@ -1,5 +1,5 @@
 #include "core/start_up.h"
-#include "forms_test.h"
+#include "panel/forms/forms_test.h"
 
 #include <QGroupBox>
 #include <QLineEdit>
