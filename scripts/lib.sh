@@ -68,9 +68,9 @@ build() {
         cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
 }
 
-# in_virtual_display COMMAND...: runs it on a screen that nobody sees.
+# in_virtual_display COMMAND...: runs it on a screen that nobody sees, of SCREEN pixels.
 in_virtual_display() {
-    env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 1280x800x24" \
+    env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 ${SCREEN:-1280x800}x24" \
         "$root/scripts/under-window-manager" "$@"
 }
 

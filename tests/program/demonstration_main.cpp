@@ -1,3 +1,4 @@
+#include "panel/palettes.h"
 #include "program/demonstration.h"
 
 #include <QApplication>
@@ -17,7 +18,10 @@ int main(int argc, char* argv[])
     parser.addOption({QStringLiteral("block"), QStringLiteral("the block to download"),
                       QStringLiteral("NUMBER"), QStringLiteral("3")});
     parser.addOption({QStringLiteral("film"), QStringLiteral("picture all of the download")});
+    parser.addOption({QStringLiteral("dark"), QStringLiteral("as on a dark desktop")});
     parser.process(application);
+    if (parser.isSet(QStringLiteral("dark")))
+        QApplication::setPalette(tarvex::tests::DarkPalette());
 
     try {
         const std::filesystem::path folder =
