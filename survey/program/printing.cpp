@@ -8,10 +8,10 @@
 #include "survey/files/listing.h"
 #include "survey/files/listing_text.h"
 #include "survey/files/load.h"
-#include "survey/files/report_names.h"
+#include "survey/files/paced_progress.h"
 #include "survey/files/refusal.h"
+#include "survey/files/report_names.h"
 
-#include <chrono>
 #include <iostream>
 
 namespace tarvex::survey
@@ -64,13 +64,10 @@ int CompareAll(const Options& options)
 
 int List(const Options& options)
 {
-    using Clock = std::chrono::steady_clock;
-    auto due = Clock::now() + std::chrono::seconds(1);
-    const auto surveys = ListFolder(options.files.front(), [&](std::size_t count) {
-        if (Clock::now() < due) return;
-        due += std::chrono::seconds(1);
+    const auto say = [](std::size_t count) {
         std::cerr << "tarvex-survey: " << count << " files so far\n";
-    });
+    };
+    const auto surveys = ListFolder(options.files.front(), Paced(say));
     std::cout << (options.json ? JsonOf(surveys) : TextOf(surveys));
     return kGood;
 }
