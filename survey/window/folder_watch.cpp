@@ -9,8 +9,6 @@ namespace
 {
 namespace fs = std::filesystem;
 
-constexpr int kPause = 300; // ms without a change
-
 /// Puts the folders within a folder at the end of a list; a link to a folder is none.
 void AddFoldersWithin(const fs::path& folder, std::deque<fs::path>& list)
 {
@@ -34,19 +32,22 @@ fs::path Above(const fs::path& folder)
 }
 } // namespace
 
-FolderWatch::FolderWatch(const std::function<void()>& changed)
+FolderWatch::FolderWatch(const std::function<void()>& changed, std::chrono::milliseconds pause)
 {
     pause_.setSingleShot(true);
-    pause_.setInterval(kPause);
+    pause_.setInterval(pause);
     QObject::connect(&pause_, &QTimer::timeout, &pause_, changed);
     QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &pause_,
                      [this](const QString& name) { Notice(name); });
+    QObject::connect(&watcher_, &QFileSystemWatcher::fileChanged, &pause_,
+                     [this] { pause_.start(); });
 }
 
 void FolderWatch::Follow(const fs::path& folder)
 {
-    // All anew: a folder that was renamed would keep the watch under its old name.
-    if (const auto before = watcher_.directories(); !before.isEmpty()) watcher_.removePaths(before);
+    // All anew: what was renamed or replaced would keep the watch under its old name.
+    if (const auto before = watcher_.directories() + watcher_.files(); !before.isEmpty())
+        watcher_.removePaths(before);
     watched_.clear();
     folder_ = folder;
     held_.emplace(folder);
@@ -67,6 +68,30 @@ void FolderWatch::AddAllFrom(const fs::path& folder)
         Add(next.front());
         AddFoldersWithin(fs::path(next.front()), next);
     }
+}
+
+/// Those that stay are not touched: what was written to them meanwhile would be missed.
+void FolderWatch::FollowFiles(const std::vector<fs::path>& files)
+{
+    QStringList wanted;
+    for (std::size_t i = 0; i < files.size() && i < kMostFiles; ++i)
+        if (const auto name = NameOf(files[i]); !name.isEmpty()) wanted += name;
+    wanted.removeDuplicates();
+    auto dropped = watcher_.files();
+    for (const auto& name : wanted)
+        if (dropped.removeAll(name) == 0) watcher_.addPath(name);
+    if (!dropped.isEmpty()) watcher_.removePaths(dropped);
+}
+
+/// By the name of its watched folder where its own path is no text.
+QString FolderWatch::NameOf(const fs::path& file) const
+{
+    if (HasText(file)) return PathText(file);
+    if (HasText(file.filename()))
+        for (const auto& folder : watched_)
+            if (folder.Path() == file.parent_path())
+                return folder.Name() + QLatin1Char('/') + PathText(file.filename());
+    return {};
 }
 
 /// Of the folder above, only what becomes of the watched folder itself counts.

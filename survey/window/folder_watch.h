@@ -5,16 +5,18 @@
 #include <QFileSystemWatcher>
 #include <QTimer>
 
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace tarvex::survey
 {
 
-/// Says when something has changed in a folder or in one below it.
+/// Says when something has changed in a folder or in one below it, or was written to a file.
 class FolderWatch
 {
 public:
@@ -22,13 +24,25 @@ public:
     /// programs together.
     static constexpr std::size_t kMostFolders = 256;
 
-    /// `changed` is called once the changes have paused; it is to call Follow again and to read
-    /// the folder then.
-    explicit FolderWatch(const std::function<void()>& changed);
+    /// No more files than these are watched.
+    static constexpr std::size_t kMostFiles = 256;
 
-    /// Watches this folder and those below it in place of all others. While it is not there, the
-    /// nearest above it is watched.
+    /// Long enough for a report that is being written to be whole, short enough not to be noticed.
+    static constexpr std::chrono::milliseconds kPause{300};
+
+    /// `changed` is called once there was no change for `pause`; it is to call Follow and
+    /// FollowFiles again and to read the folder and the files then.
+    explicit FolderWatch(const std::function<void()>& changed,
+                         std::chrono::milliseconds pause = kPause);
+
+    /// Watches this folder and those below it in place of all folders and files before. While it
+    /// is not there, the nearest above it is watched.
     void Follow(const std::filesystem::path& folder);
+
+    /// Watches these files in place of those before, the first of them where they are too many: a
+    /// folder does not say that one of its files was written again. A file whose own name is no
+    /// UTF-8 is not watched.
+    void FollowFiles(const std::vector<std::filesystem::path>& files);
 
     /// How many folders are watched, the one above them too.
     std::size_t Count() const { return watched_.size(); }
@@ -37,11 +51,12 @@ private:
     void Add(const std::filesystem::path& folder);
     void AddAllFrom(const std::filesystem::path& folder);
     void Notice(const QString& name);
+    QString NameOf(const std::filesystem::path& file) const;
 
     QFileSystemWatcher watcher_;
     QTimer pause_;
     std::filesystem::path folder_;
-    std::optional<HeldFolder> held_;   // the folder itself, whatever has its name by now
+    std::optional<HeldFolder> held_;  // the folder itself, whatever has its name by now
     std::deque<NamedFolder> watched_; // the one above first
 };
 

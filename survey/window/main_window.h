@@ -55,6 +55,7 @@ private:
     void AddOpened();
     void Choose(const std::vector<std::filesystem::path>& paths);
     void ShowChosen();
+    void WatchFiles(std::vector<std::filesystem::path> first);
     void LoadChosen();
     void FillBases();
     void ShowPlots();

@@ -32,7 +32,10 @@ void MainWindow::ShowBase()
 {
     base_.reset();
     if (const auto number = bases_->currentData(); number.isValid() && !chosen_.empty()) try {
-            base_ = Load(listed_[static_cast<std::size_t>(number.toInt())].path);
+            auto onView = ChosenPaths();
+            onView.push_back(listed_[static_cast<std::size_t>(number.toInt())].path);
+            WatchFiles(onView);
+            base_ = Load(onView.back());
             const auto comparison = Compare(*base_, chosen_.back(), SumFrom::Bottom);
             if (!comparison.refusal.empty()) {
                 Report("The base is of another tube: " + comparison.refusal);

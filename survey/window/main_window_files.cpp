@@ -1,8 +1,8 @@
 #include "survey/window/main_window.h"
 
-#include "survey/window/export_file.h"
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
+#include "survey/window/export_file.h"
 #include "survey/window/window_text.h"
 
 #include <QFileDialog>
@@ -42,8 +42,8 @@ void MainWindow::BuildMenus()
 void MainWindow::AskForFolder()
 {
     const NamedFolder start(folder_);
-    const auto folder = QFileDialog::getExistingDirectory(this, QStringLiteral("Open folder"),
-                                                          start.Name());
+    const auto folder =
+        QFileDialog::getExistingDirectory(this, QStringLiteral("Open folder"), start.Name());
     if (!folder.isEmpty()) OpenFolder(start.PathOf(folder));
 }
 
@@ -76,8 +76,7 @@ void MainWindow::ExportTo(const std::filesystem::path& path)
                                              QLineEdit::Normal, {}, &goOn));
     if (!goOn) return;
     try {
-        WriteAs({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, remark},
-                path);
+        WriteAs({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, remark}, path);
         Report("Written: " + Shown(path));
     } catch (const Refusal& refusal) {
         Report(refusal.what());

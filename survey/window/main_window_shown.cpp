@@ -4,6 +4,7 @@
 #include "survey/checks/verdict_text.h"
 #include "survey/files/load.h"
 #include "survey/files/refusal.h"
+#include "survey/files/report_names.h"
 #include "survey/window/window_text.h"
 
 #include <QLabel>
@@ -12,6 +13,19 @@
 
 namespace tarvex::survey
 {
+
+/// The reports of these surveys, then of all that the tree lists.
+void MainWindow::WatchFiles(std::vector<std::filesystem::path> first)
+{
+    for (const auto& listed : listed_)
+        if (first.size() < FolderWatch::kMostFiles) first.push_back(listed.path);
+    std::vector<std::filesystem::path> files;
+    for (const auto& survey : first) {
+        files.push_back(survey);
+        if (const auto partner = PartnerOf(survey)) files.push_back(*partner);
+    }
+    watch_.FollowFiles(files);
+}
 
 void MainWindow::LoadChosen()
 {
@@ -26,6 +40,7 @@ void MainWindow::LoadChosen()
 
 void MainWindow::ShowChosen()
 {
+    WatchFiles(ChosenPaths()); // before they are read, so that nothing written meanwhile is missed
     LoadChosen();
     FillBases();
     if (chosen_.empty()) {

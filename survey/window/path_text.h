@@ -37,6 +37,9 @@ public:
     /// What the toolkit is to open.
     const QString& Name() const { return name_; }
 
+    /// Its own path.
+    const std::filesystem::path& Path() const { return folder_; }
+
     /// The path of a name that the toolkit gave, in the folder or anywhere else.
     std::filesystem::path PathOf(const QString& given) const;
 

@@ -1,7 +1,6 @@
-#include "survey/window/main_window.h"
+#include "survey/window/window_test.h"
 
 #include "survey/checks/check.h"
-#include "survey/downloads.h"
 #include "survey/files/load.h"
 #include "survey/window/export_file.h"
 
@@ -28,31 +27,6 @@ namespace
 {
 
 using ::testing::HasSubstr;
-
-class WindowTest : public ::testing::Test
-{
-protected:
-    WindowTest()
-    {
-        for (const int number : {0, 1, 2})
-            tests::Download(folder_.Path(), "1:depth=20,moved=" + std::to_string(number) +
-                                                ",nlet=0" + std::to_string(number));
-    }
-
-    template <class Widget>
-    Widget& Find(const char* name)
-    {
-        auto* const widget = window_.findChild<Widget*>(QLatin1String(name));
-        if (widget == nullptr) throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-
-    std::string Verdict() { return Find<QLabel>("verdict").text().toStdString(); }
-    PlotView& Plot() { return Find<PlotView>("plot"); }
-
-    tests::TemporaryFolder folder_;
-    MainWindow window_;
-};
 
 TEST_F(WindowTest, ShowsTheFoldersTreeAndItsLastReading)
 {
