@@ -27,7 +27,7 @@ std::unique_ptr<QMainWindow> EmptyWindow()
 std::unique_ptr<QMainWindow> SurveyWindow(const char* report)
 {
     auto window = std::make_unique<tarvex::survey::MainWindow>();
-    window->OpenFile(report);
+    window->Open({report});
     return window;
 }
 

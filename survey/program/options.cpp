@@ -53,8 +53,8 @@ CommandLine ReadCommandLine(int argc, const char* const* argv)
     CLI::App app{"Looks at surveys that Tar Vex Manager has downloaded", "tarvex-survey"};
     app.set_version_flag("--version", kVersion);
     app.require_subcommand(0, 1);
-    app.add_option("PATH", line.options.files, "a report or a folder to show in the window")
-        ->expected(0, 1);
+    app.add_option("PATH", line.options.files, "reports and folders to show in the window")
+        ->expected(0, -1);
     AddCommands(app, line.options, texts);
     try {
         app.parse(argc, argv);

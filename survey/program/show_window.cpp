@@ -1,10 +1,10 @@
 #include "survey/program/show_window.h"
 
 #include "survey/files/load.h"
+#include "survey/files/refusal.h"
+#include "survey/files/report_names.h"
 #include "survey/window/application.h"
 #include "survey/window/main_window.h"
-#include "survey/files/report_names.h"
-#include "survey/files/refusal.h"
 
 #include <filesystem>
 
@@ -23,22 +23,13 @@ void RequireDisplay()
     throw Refusal("there is no display for a window; --help lists the commands that need none");
 }
 
-void Open(MainWindow& window, const fs::path& path)
-{
-    std::error_code error;
-    if (fs::is_directory(path, error))
-        window.OpenFolder(path);
-    else
-        window.OpenFile(path);
-}
-
 void OpenFirst(MainWindow& window, const Options& options)
 {
     std::error_code error;
     if (!options.files.empty())
-        Open(window, options.files.front());
+        window.Open({options.files.begin(), options.files.end()});
     else if (fs::is_directory("dati", error))
-        window.OpenFolder("dati");
+        window.Open({"dati"});
 }
 } // namespace
 

@@ -43,16 +43,16 @@ FolderWatch::FolderWatch(const std::function<void()>& changed, std::chrono::mill
                      [this] { pause_.start(); });
 }
 
-void FolderWatch::Follow(const fs::path& folder)
+void FolderWatch::Follow(const std::vector<fs::path>& folders)
 {
     // All anew: what was renamed or replaced would keep the watch under its old name.
     if (const auto before = watcher_.directories() + watcher_.files(); !before.isEmpty())
         watcher_.removePaths(before);
     watched_.clear();
-    folder_ = folder;
-    held_.emplace(folder);
-    Add(Above(folder));
-    if (std::error_code error; fs::is_directory(folder, error)) AddAllFrom(folder);
+    tops_.clear();
+    for (const auto& folder : folders)
+        watcher_.addPath(tops_.emplace_back(folder).above.Name());
+    AddAllBelow();
 }
 
 void FolderWatch::Add(const fs::path& folder)
@@ -61,10 +61,12 @@ void FolderWatch::Add(const fs::path& folder)
 }
 
 /// Each is watched before it is read, so that what comes into it meanwhile is not missed.
-void FolderWatch::AddAllFrom(const fs::path& folder)
+void FolderWatch::AddAllBelow()
 {
-    for (std::deque<fs::path> next{folder}; !next.empty() && Count() < kMostFolders;
-         next.pop_front()) {
+    std::deque<fs::path> next;
+    for (const auto& top : tops_)
+        if (std::error_code error; fs::is_directory(top.folder, error)) next.push_back(top.folder);
+    for (; !next.empty() && Count() < kMostFolders; next.pop_front()) {
         Add(next.front());
         AddFoldersWithin(fs::path(next.front()), next);
     }
@@ -94,12 +96,25 @@ QString FolderWatch::NameOf(const fs::path& file) const
     return {};
 }
 
-/// Of the folder above, only what becomes of the watched folder itself counts.
+/// Of a folder above, only what becomes of the folder that Follow was given counts.
 void FolderWatch::Notice(const QString& name)
 {
+    bool isAbove = false;
+    bool isOther = false;
+    for (const auto& top : tops_)
+        if (name == top.above.Name()) {
+            isAbove = true;
+            isOther = isOther || !top.IsTheSame();
+        }
+    if (!isAbove || isOther) pause_.start();
+}
+
+FolderWatch::Top::Top(const fs::path& path) : folder(path), held(path), above(Above(path)) {}
+
+bool FolderWatch::Top::IsTheSame() const
+{
     std::error_code error;
-    if (name != watched_.front().Name() || !fs::equivalent(held_->Alias(), folder_, error))
-        pause_.start();
+    return fs::equivalent(held.Alias(), folder, error);
 }
 
 } // namespace tarvex::survey

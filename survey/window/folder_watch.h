@@ -10,7 +10,6 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <vector>
 
 namespace tarvex::survey
@@ -35,29 +34,38 @@ public:
     explicit FolderWatch(const std::function<void()>& changed,
                          std::chrono::milliseconds pause = kPause);
 
-    /// Watches this folder and those below it in place of all folders and files before. While it
-    /// is not there, the nearest above it is watched.
-    void Follow(const std::filesystem::path& folder);
+    /// Watches these folders, none of them within another, and those below them in place of all
+    /// folders and files before. While one is not there, the nearest above it is watched.
+    void Follow(const std::vector<std::filesystem::path>& folders);
 
     /// Watches these files in place of those before, the first of them where they are too many: a
     /// folder does not say that one of its files was written again. A file whose own name is no
     /// UTF-8 is not watched.
     void FollowFiles(const std::vector<std::filesystem::path>& files);
 
-    /// How many folders are watched, the one above them too.
-    std::size_t Count() const { return watched_.size(); }
+    /// How many folders are watched, those above them too.
+    std::size_t Count() const { return tops_.size() + watched_.size(); }
 
 private:
+    /// A folder that Follow was given.
+    struct Top {
+        explicit Top(const std::filesystem::path& path);
+        bool IsTheSame() const;
+
+        std::filesystem::path folder;
+        HeldFolder held; // the folder itself, whatever has its name by now
+        NamedFolder above;
+    };
+
     void Add(const std::filesystem::path& folder);
-    void AddAllFrom(const std::filesystem::path& folder);
+    void AddAllBelow();
     void Notice(const QString& name);
     QString NameOf(const std::filesystem::path& file) const;
 
     QFileSystemWatcher watcher_;
     QTimer pause_;
-    std::filesystem::path folder_;
-    std::optional<HeldFolder> held_;  // the folder itself, whatever has its name by now
-    std::deque<NamedFolder> watched_; // the one above first
+    std::deque<Top> tops_;
+    std::deque<NamedFolder> watched_; // those at and below the tops
 };
 
 } // namespace tarvex::survey

@@ -1,7 +1,7 @@
 #include "survey/window/main_window.h"
 
 #include "survey/files/listing.h"
-#include "survey/files/load.h"
+#include "survey/files/listing_order.h"
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 #include "survey/window/window_text.h"
@@ -12,6 +12,7 @@
 #include <QStatusBar>
 
 #include <algorithm>
+#include <iterator>
 #include <system_error>
 
 namespace tarvex::survey
@@ -41,55 +42,44 @@ MainWindow::MainWindow() : watch_([this] { Relist(); })
     resize(1100, 760);
 }
 
-void MainWindow::OpenFolder(const fs::path& folder)
-{
-    folder_ = folder;
-    Relist();
-}
-
-void MainWindow::OpenFile(const fs::path& file)
-{
-    try {
-        Load(file); // a refusal before the folder is changed
-    } catch (const Refusal& refusal) {
-        return Report(refusal.what());
-    }
-    opened_ = file;
-    const auto folder = file.parent_path();
-    OpenFolder(folder.empty() ? "." : folder);
-    Choose({file});
-}
-
 void MainWindow::Relist()
 {
     const auto before = ChosenPaths();
-    watch_.Follow(folder_);
-    try {
-        listed_ = ListFolder(folder_);
-    } catch (const Refusal& refusal) {
-        listed_.clear();
-        Report(refusal.what());
-    }
-    AddOpened();
-    tree_->Show(listed_);
+    List();
     if (!before.empty())
         Choose(before);
     else if (!listed_.empty())
         Choose({listed_.back().path});
 }
 
+void MainWindow::List()
+{
+    watch_.Follow(folders_);
+    listed_.clear();
+    for (const auto& folder : folders_)
+        try {
+            std::ranges::move(ListFolder(folder), std::back_inserter(listed_));
+        } catch (const Refusal& refusal) {
+            Report(refusal.what());
+        }
+    if (folders_.size() > 1) listed_ = Sorted(std::move(listed_));
+    for (const auto& report : opened_)
+        AddOpened(report);
+    tree_->Show(listed_);
+}
+
 /// A work file, or a report under another name, is listed by its name alone.
-void MainWindow::AddOpened()
+void MainWindow::AddOpened(const fs::path& report)
 {
     std::error_code error;
-    if (opened_.empty() || !fs::exists(opened_, error)) return;
+    if (!fs::exists(report, error)) return;
     for (const auto& listed : listed_)
-        if (AreOfOneSurvey(listed.path, opened_)) return;
+        if (AreOfOneSurvey(listed.path, report)) return;
     Head head;
     head.client = "Other files";
-    head.site = Shown(opened_.parent_path());
-    head.tube = Shown(opened_.filename());
-    listed_.push_back({opened_, head, false, true});
+    head.site = Shown(report.parent_path());
+    head.tube = Shown(report.filename());
+    listed_.push_back({report, head, false, true});
 }
 
 void MainWindow::Choose(const std::vector<fs::path>& paths)
@@ -124,17 +114,12 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    for (const auto& url : event->mimeData()->urls()) {
-        if (!url.isLocalFile()) continue;
-        const auto path = PathOf(url);
-        std::error_code error;
-        if (fs::is_directory(path, error))
-            OpenFolder(path);
-        else
-            OpenFile(path);
-        event->acceptProposedAction();
-        return;
-    }
+    std::vector<fs::path> paths;
+    for (const auto& url : event->mimeData()->urls())
+        if (url.isLocalFile()) paths.push_back(PathOf(url));
+    if (paths.empty()) return;
+    event->acceptProposedAction();
+    Open(paths);
 }
 
 } // namespace tarvex::survey

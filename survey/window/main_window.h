@@ -29,12 +29,10 @@ class MainWindow : public QMainWindow
 public:
     MainWindow();
 
-    /// Shows the surveys of a folder and watches it, with the folders in it.
-    void OpenFolder(const std::filesystem::path& folder);
-
-    /// Shows the folder of a report and chooses that report; a file that is no report is named
-    /// in the status line.
-    void OpenFile(const std::filesystem::path& file);
+    /// Shows the surveys of folders, and of the folders that reports lie in, and watches them with
+    /// all within. Chooses the reports, or the last survey where no report is among the paths. A
+    /// file that is no report is named in the status line; nothing else changes when all are such.
+    void Open(const std::vector<std::filesystem::path>& paths);
 
     /// Shows a sentence in the status line, for some seconds in place of the pointed values.
     void Report(const std::string& sentence);
@@ -52,7 +50,8 @@ private:
     void BuildTable(QWidget* parent);
     void BuildValues();
     void Relist();
-    void AddOpened();
+    void List();
+    void AddOpened(const std::filesystem::path& report);
     void Choose(const std::vector<std::filesystem::path>& paths);
     void ShowChosen();
     void WatchFiles(std::vector<std::filesystem::path> first);
@@ -66,10 +65,11 @@ private:
     void Export();
     void ExportTo(const std::filesystem::path& path);
     void Print();
+    std::filesystem::path FirstFolder() const;
     std::vector<std::filesystem::path> ChosenPaths() const;
 
-    std::filesystem::path folder_;
-    std::filesystem::path opened_; ///< a report that was asked for by itself
+    std::vector<std::filesystem::path> folders_;
+    std::vector<std::filesystem::path> opened_; ///< reports that were asked for by themselves
     std::vector<ListedSurvey> listed_;
     std::vector<Survey> chosen_; // the newest last
     std::optional<Survey> base_;

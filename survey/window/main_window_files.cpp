@@ -29,7 +29,7 @@ void MainWindow::BuildMenus()
         auto* const action = file->addAction(text, this, handler);
         action->setShortcut(keys);
     };
-    add(QStringLiteral("&Open report..."), QKeySequence::Open, [this] { AskForFile(); });
+    add(QStringLiteral("&Open reports..."), QKeySequence::Open, [this] { AskForFile(); });
     add(QStringLiteral("Open &folder..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
         [this] { AskForFolder(); });
     file->addSeparator();
@@ -39,28 +39,37 @@ void MainWindow::BuildMenus()
     add(QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
 }
 
+/// Where the file dialogs begin.
+std::filesystem::path MainWindow::FirstFolder() const
+{
+    return folders_.empty() ? std::filesystem::path() : folders_.front();
+}
+
 void MainWindow::AskForFolder()
 {
-    const NamedFolder start(folder_);
+    const NamedFolder start(FirstFolder());
     const auto folder =
         QFileDialog::getExistingDirectory(this, QStringLiteral("Open folder"), start.Name());
-    if (!folder.isEmpty()) OpenFolder(start.PathOf(folder));
+    if (!folder.isEmpty()) Open({start.PathOf(folder)});
 }
 
 void MainWindow::AskForFile()
 {
-    const NamedFolder start(folder_);
-    const auto file = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Open report"), start.Name(),
+    const NamedFolder start(FirstFolder());
+    const auto files = QFileDialog::getOpenFileNames(
+        this, QStringLiteral("Open reports"), start.Name(),
         QStringLiteral(
             "Reports (*-dat.dat *-num.dat *-DAT.DAT *-NUM.DAT datiram.dat);;All files (*)"));
-    if (!file.isEmpty()) OpenFile(start.PathOf(file));
+    std::vector<std::filesystem::path> paths;
+    for (const auto& file : files)
+        paths.push_back(start.PathOf(file));
+    if (!paths.empty()) Open(paths);
 }
 
 void MainWindow::Export()
 {
     if (chosen_.empty()) return Report("No survey is chosen");
-    const NamedFolder start(folder_);
+    const NamedFolder start(FirstFolder());
     const auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"), start.Name(),
                                                    QString::fromLatin1(kExports));
     if (!path.isEmpty()) ExportTo(start.PathOf(path));

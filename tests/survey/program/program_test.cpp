@@ -225,6 +225,15 @@ TEST_F(SurveyProgram, ListsTheSurveysOfAFolder)
     EXPECT_EQ(RunSurvey({"list", folder_ / "nothing"}).status, 2);
 }
 
+TEST_F(SurveyProgram, TakesSeveralPathsForItsWindow)
+{
+    const auto shown = RunSurvey({head_, DataReportOf(head_), folder_.Path()});
+    EXPECT_EQ(shown.status, 2);
+    EXPECT_THAT(shown.errors, HasSubstr("there is no display")) << "all else is as it is to be";
+    EXPECT_THAT(RunSurvey({head_, folder_ / "nothing"}).errors, HasSubstr("nothing is not there"));
+    EXPECT_THAT(RunSurvey({"--help"}).output, HasSubstr("PATH"));
+}
+
 TEST_F(SurveyProgram, PrintsItsVersion)
 {
     const auto run = RunSurvey({"--version"});

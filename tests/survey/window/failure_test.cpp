@@ -62,7 +62,7 @@ protected:
         TheApplication().OnFailure([this](const std::string& text) { window_.Report(text); });
         report_ = tests::Download(folder_.Path(), "1:depth=20");
         tests::Download(folder_.Path(), "2:depth=20,tube=T2");
-        window_.OpenFolder(folder_.Path());
+        window_.Open({folder_.Path()});
         window_.show();
         QTest::qWait(50);
     }

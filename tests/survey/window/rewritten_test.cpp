@@ -54,7 +54,7 @@ protected:
 
 TEST_F(RewrittenReport, IsReadAgain)
 {
-    window_.OpenFile(report_);
+    window_.Open({report_});
     ASSERT_EQ(Verdict(), "Verdict: good");
     const auto good = tests::FileBytes(data_);
     WriteAgain(data_, spoilt_);
@@ -65,7 +65,7 @@ TEST_F(RewrittenReport, IsReadAgain)
 
 TEST_F(RewrittenReport, IsReadAgainWhenAnotherFileTakesItsName)
 {
-    window_.OpenFile(report_);
+    window_.Open({report_});
     const auto good = tests::FileBytes(data_);
     WriteAgain(elsewhere_ / "part", spoilt_);
     fs::rename(elsewhere_ / "part", data_);
@@ -76,7 +76,7 @@ TEST_F(RewrittenReport, IsReadAgainWhenAnotherFileTakesItsName)
 
 TEST_F(RewrittenReport, IsShownWholeAfterItWasSeenUnfinished)
 {
-    window_.OpenFile(report_);
+    window_.Open({report_});
     const auto half = spoilt_.size() / 2;
     WriteAgain(data_, spoilt_.substr(0, half));
     ASSERT_TRUE(QTest::qWaitFor([&] { return Verdict() != "Verdict: good"; }, 60'000));
@@ -89,7 +89,7 @@ TEST_F(RewrittenReport, IsReadAgainWhereItsFolderHasNoName)
     const auto nameless = folder_ / "Gef\xE4lle"; // no UTF-8
     fs::create_directory(nameless);
     const auto report = tests::Download(nameless, "4:depth=20,nlet=07,client=NEW");
-    window_.OpenFile(report);
+    window_.Open({report});
     ASSERT_EQ(Verdict(), "Verdict: good");
     WriteAgain(tests::DataReportOf(report), spoilt_);
     EXPECT_TRUE(Becomes("Verdict: read again at 12.5 m (A)"));
@@ -97,8 +97,8 @@ TEST_F(RewrittenReport, IsReadAgainWhereItsFolderHasNoName)
 
 TEST_F(RewrittenReport, IsReadAgainAsTheBase)
 {
-    window_.OpenFolder(folder_.Path());
-    window_.OpenFile(folder_ / "COMUNE  -PENDIO 1-T1  -02-dat.dat");
+    window_.Open({folder_.Path()});
+    window_.Open({folder_ / "COMUNE  -PENDIO 1-T1  -02-dat.dat"});
     Find<QTabBar>("kinds").setCurrentIndex(3);
     const auto change = [&] { return Plot().Page().a.curves.at(0).points.front().value; };
     const double before = change();
@@ -115,7 +115,7 @@ TEST(FolderWatch, WaitsUntilAFileIsNoLongerBeingWritten)
     WriteAgain(file, "a");
     int calls = 0;
     FolderWatch watch([&] { ++calls; }, 3s);
-    watch.Follow(folder.Path());
+    watch.Follow({folder.Path()});
     watch.FollowFiles({file});
     for (int part = 0; part < 20; ++part) {
         WriteMore(file, "more");

@@ -28,7 +28,7 @@ public:
     /// The sum that is out, pointed to at its depth of 12.5 m.
     void SeeSpike()
     {
-        window_.OpenFile(reports_ / "SPIKE   -PENDIO 1-T4  -01-dat.dat");
+        window_.Open({reports_ / "SPIKE   -PENDIO 1-T4  -01-dat.dat"});
         Find<QTabBar>("kinds").setCurrentIndex(2);
         for (int depth = 0; depth < 25; ++depth)
             QTest::keyClick(&Find<QWidget>("plot"), Qt::Key_Down);
@@ -38,7 +38,7 @@ public:
     /// Four readings of one tube over each other, and how far the tube has moved.
     void SeeChange()
     {
-        window_.OpenFile(reports_ / "MOVES   -PENDIO 1-T10 -11-dat.dat");
+        window_.Open({reports_ / "MOVES   -PENDIO 1-T10 -11-dat.dat"});
         auto& tree = Find<QTreeWidget>("tree");
         auto* const tube = tree.currentItem()->parent();
         for (int reading = 0; reading < tube->childCount(); ++reading)

@@ -30,7 +30,7 @@ using ::testing::HasSubstr;
 
 TEST_F(WindowTest, ShowsTheFoldersTreeAndItsLastReading)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     auto& tree = Find<QTreeWidget>("tree");
     ASSERT_EQ(tree.topLevelItemCount(), 1);
     const auto* const tube = tree.topLevelItem(0)->child(0)->child(0);
@@ -44,7 +44,7 @@ TEST_F(WindowTest, ShowsTheFoldersTreeAndItsLastReading)
 TEST_F(WindowTest, ShowsTheReportThatItIsGiven)
 {
     const auto spike = tests::Download(folder_.Path(), "4:depth=20,spike=12.5");
-    window_.OpenFile(tests::DataReportOf(spike));
+    window_.Open({tests::DataReportOf(spike)});
     EXPECT_EQ(Verdict(), "Verdict: read again at 12.5 m (A)");
     const auto& table = *Find<QTableView>("table").model();
     EXPECT_THAT(table.index(24, table.columnCount() - 1).data().toString().toStdString(),
@@ -55,7 +55,7 @@ TEST_F(WindowTest, ShowsTheReportThatItIsGiven)
 
 TEST_F(WindowTest, ShowsAWorkFileByItsName)
 {
-    window_.OpenFile(folder_ / "datiram.dat");
+    window_.Open({folder_ / "datiram.dat"});
     EXPECT_EQ(Verdict(), "Verdict: good");
     EXPECT_EQ(Find<QTableView>("table").model()->rowCount(), 40);
 }
@@ -63,13 +63,13 @@ TEST_F(WindowTest, ShowsAWorkFileByItsName)
 TEST_F(WindowTest, RefusesAFileThatIsNoReportInOneSentence)
 {
     tests::WriteFile(folder_ / "notes.txt", "hello");
-    window_.OpenFile(folder_ / "notes.txt");
+    window_.Open({folder_ / "notes.txt"});
     EXPECT_THAT(window_.statusBar()->currentMessage().toStdString(), HasSubstr("is no report"));
 }
 
 TEST_F(WindowTest, NoticesADownloadByItself)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     tests::Download(folder_.Path(), "2:depth=20,client=NEW");
     auto& tree = Find<QTreeWidget>("tree");
     EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItemCount() == 2; }, 60'000));
@@ -79,7 +79,7 @@ TEST_F(WindowTest, NoticesADownloadByItself)
 
 TEST_F(WindowTest, NoticesADownloadIntoANewFolderWithinTheFolder)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     std::filesystem::create_directories(folder_ / "site/tube");
     auto& tree = Find<QTreeWidget>("tree");
     QTest::qWait(1000); // the folders have been seen by themselves
@@ -91,7 +91,7 @@ TEST_F(WindowTest, NoticesWhatBecomesOfAFolderWithinTheFolder)
 {
     std::filesystem::create_directory(folder_ / "old");
     tests::Download(folder_ / "old", "2:depth=20,client=NEW");
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     auto& tree = Find<QTreeWidget>("tree");
     ASSERT_EQ(tree.topLevelItemCount(), 2);
     std::filesystem::rename(folder_ / "old", folder_ / "renamed");
@@ -112,7 +112,7 @@ TEST_F(WindowTest, FindsItsFolderAgainThatWasGone)
     const auto dati = folder_ / "dati";
     std::filesystem::create_directory(dati);
     tests::Download(dati, "2:depth=20,client=NEW");
-    window_.OpenFolder(dati);
+    window_.Open({dati});
     auto& tree = Find<QTreeWidget>("tree");
     ASSERT_EQ(tree.topLevelItemCount(), 1);
     std::filesystem::rename(dati, folder_ / "away");
@@ -123,7 +123,7 @@ TEST_F(WindowTest, FindsItsFolderAgainThatWasGone)
 
 TEST_F(WindowTest, KeepsAllThatIsChosenWhenADownloadAppears)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     auto& tree = Find<QTreeWidget>("tree");
     tree.topLevelItem(0)->child(0)->child(0)->child(0)->setSelected(true);
     tests::Download(folder_.Path(), "2:depth=20,client=NEW");
@@ -137,7 +137,7 @@ TEST(FolderWatch, WatchesABoundedNumberOfFolders)
     for (int number = 0; number < 300; ++number)
         std::filesystem::create_directory(folder / std::to_string(number));
     FolderWatch watch([] {});
-    watch.Follow(folder.Path());
+    watch.Follow({folder.Path()});
     EXPECT_EQ(watch.Count(), FolderWatch::kMostFolders);
 }
 
@@ -156,7 +156,7 @@ protected:
 
 TEST_F(NamelessFolderTest, IsOpenedAndWatched)
 {
-    window_.OpenFolder(nameless_);
+    window_.Open({nameless_});
     auto& tree = Find<QTreeWidget>("tree");
     ASSERT_EQ(tree.topLevelItemCount(), 1);
     EXPECT_THAT(tree.topLevelItem(0)->child(0)->child(0)->child(0)->toolTip(0).toStdString(),
@@ -199,7 +199,7 @@ TEST_F(NamelessFolderTest, TakesEveryExport)
 
 TEST_F(WindowTest, DrawsEachKindForBothChannels)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     auto& kinds = Find<QTabBar>("kinds");
     ASSERT_EQ(kinds.count(), 4);
     const std::array<std::size_t, 4> curves{2, 1, 1, 1};
@@ -214,7 +214,7 @@ TEST_F(WindowTest, DrawsEachKindForBothChannels)
 
 TEST_F(WindowTest, ComparesWithTheBaseThatIsChosen)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     Find<QTabBar>("kinds").setCurrentIndex(3);
     auto& bases = Find<QComboBox>("bases");
     ASSERT_EQ(bases.count(), 3);
@@ -226,7 +226,7 @@ TEST_F(WindowTest, ComparesWithTheBaseThatIsChosen)
 
 TEST_F(WindowTest, DrawsReadingsOverEachOtherTheNewestStrongest)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     Find<QTreeWidget>("tree").topLevelItem(0)->child(0)->child(0)->child(0)->setSelected(true);
     const auto& curves = Plot().Page().a.curves;
     ASSERT_EQ(curves.size(), 4U);
@@ -238,7 +238,7 @@ TEST_F(WindowTest, DrawsReadingsOverEachOtherTheNewestStrongest)
 
 TEST_F(WindowTest, MarksThePointedDepthInTheTableAndShowsItsValues)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     Plot().PointTo(0);
     QTest::keyClick(&Plot(), Qt::Key_Down);
     QTest::keyClick(&Plot(), Qt::Key_Down);
@@ -250,7 +250,7 @@ TEST_F(WindowTest, MarksThePointedDepthInTheTableAndShowsItsValues)
 
 TEST_F(WindowTest, ZoomsByKeysInBothChannelsAndShowsAllAgain)
 {
-    window_.OpenFolder(folder_.Path());
+    window_.Open({folder_.Path()});
     const auto depth = [&](int rect) {
         return Plot().axisRect(rect)->axis(QCPAxis::atLeft)->range();
     };
@@ -272,7 +272,7 @@ TEST_F(WindowTest, NamesEveryControlForThoseWhoDoNotSeeIt)
 
 TEST_F(WindowTest, IsDarkWhereTheDesktopIs)
 {
-    window_.OpenFile(tests::Download(folder_.Path(), "4:depth=20,spike=12.5"));
+    window_.Open({tests::Download(folder_.Path(), "4:depth=20,spike=12.5")});
     const auto& table = *Find<QTableView>("table").model();
     const auto lightness = [&] {
         return std::pair(table.index(24, 0).data(Qt::BackgroundRole).value<QColor>().lightness(),
