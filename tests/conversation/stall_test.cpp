@@ -27,6 +27,16 @@ TEST_F(Stall, IsToldThirtyTicksAfterAFrameWithoutAReply)
     EXPECT_THAT(told, ElementsAre("0/10", "0/10 stalled at 3000", "0/10 alive at 60000"));
 }
 
+TEST_F(Stall, CountsFromTheBeginningOfItsOwnWait)
+{
+    MissRead(1);
+    MissWake(2);
+    world.At(2'000, [this] { port.Receive(ScriptedUnit::PageReply("CLIENT0 ")); });
+    world.EndProgramAt(60'000);
+    Read();
+    EXPECT_THAT(told, ElementsAre("0/10", "1/10", "1/10 stalled at 5000", "1/10 alive at 60000"));
+}
+
 TEST_F(Stall, EndsWithTheNextByte)
 {
     MissRead(2);

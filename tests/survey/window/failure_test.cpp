@@ -1,6 +1,7 @@
 #include "survey/window/application.h"
 #include "survey/window/main_window.h"
 
+#include "support/toolkit_leaks.h"
 #include "survey/downloads.h"
 
 #include <gmock/gmock.h>
@@ -110,6 +111,7 @@ protected:
         QTest::qWait(50);
     }
 
+    tests::ToolkitMayLeak acrossIt_; // the exceptions cross the toolkit; the other tests count
     tests::TemporaryFolder folder_;
     std::filesystem::path report_;
     MainWindow window_;
