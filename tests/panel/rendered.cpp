@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <utility>
 
 namespace tarvex::tests
 {
@@ -100,6 +101,41 @@ QColor Rendered::FrameChange(const QWidget& control, const Rendered& before) con
         }
     }
     return changed.empty() ? QColor() : QColor(MostOf(changed));
+}
+
+/// Whether something across the strip, which lies along its longer side, changes at every place.
+bool Rendered::ChangesAlong(const QRect& strip, const Rendered& before) const
+{
+    const bool level = strip.width() > strip.height();
+    const auto changes = [&](int along) {
+        for (int across = 0; across < (level ? strip.height() : strip.width()); ++across) {
+            const QPoint at =
+                strip.topLeft() + (level ? QPoint(along, across) : QPoint(across, along));
+            if (picture_.valid(at) && picture_.pixel(at) != before.picture_.pixel(at)) return true;
+        }
+        return false;
+    };
+    for (int along = 0; along < (level ? strip.width() : strip.height()); ++along)
+        if (!changes(along)) return false;
+    return true;
+}
+
+std::string Rendered::SidesWithoutChange(const QWidget& control, const Rendered& before) const
+{
+    constexpr int kDepth = 3; // of the border, from the control's edge outwards
+    constexpr int kCorner = 4;
+    const QRect place = Place(control);
+    const QRect beside = place.adjusted(0, kCorner, 0, -kCorner);
+    const QRect level = place.adjusted(kCorner, 0, -kCorner, 0);
+    const std::pair<const char*, QRect> sides[] = {
+        {"left ", {beside.left() - kDepth, beside.top(), kDepth, beside.height()}},
+        {"top ", {level.left(), level.top() - kDepth, level.width(), kDepth}},
+        {"right ", {beside.right() + 1, beside.top(), kDepth, beside.height()}},
+        {"bottom ", {level.left(), level.bottom() + 1, level.width(), kDepth}}};
+    std::string missing;
+    for (const auto& [name, strip] : sides)
+        if (!ChangesAlong(strip, before)) missing += name;
+    return missing;
 }
 
 } // namespace tarvex::tests

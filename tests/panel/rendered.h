@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QWidget>
 
+#include <string>
+
 namespace tarvex::tests
 {
 
@@ -27,9 +29,14 @@ public:
     /// `before`.
     QColor FrameChange(const QWidget& control, const Rendered& before) const;
 
+    /// Which of "left top right bottom" have a part of the control's border that is as it is in
+    /// `before`; empty when a whole frame has come. Round corners do not count.
+    std::string SidesWithoutChange(const QWidget& control, const Rendered& before) const;
+
 private:
     QRect Place(const QWidget& control) const;
     double SideContrast(QPoint edge, QPoint inwards) const;
+    bool ChangesAlong(const QRect& strip, const Rendered& before) const;
 
     QWidget& window_;
     QImage picture_;

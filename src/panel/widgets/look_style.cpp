@@ -196,4 +196,11 @@ int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     return std::max({usual, kSmallestIndicator, text});
 }
 
+int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* more) const
+{
+    if (hint == SH_FocusFrame_AboveWidget) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 } // namespace tarvex::panel

@@ -34,6 +34,9 @@ public:
     /// Option marks as tall as their text.
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
+    /// The focus mark belongs to the window: rows of buttons and the like would cut it off.
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override;
 };
 
 } // namespace tarvex::panel
