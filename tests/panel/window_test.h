@@ -34,9 +34,10 @@ class CountedPortNames : public PortNames
 {
 public:
     int asked = 0;
+    std::string more; // at the end of each answer
     std::string Describe(int number) override
     {
-        return "device " + std::to_string(number) + ", answer " + std::to_string(++asked);
+        return "device " + std::to_string(number) + ", answer " + std::to_string(++asked) + more;
     }
 };
 

@@ -1,11 +1,11 @@
 #include "panel/widgets/port_options.h"
 
+#include "panel/widgets/tip_text.h"
 #include "platform/text/qt_text.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QEvent>
-#include <QTextDocument>
 #include <QWidget>
 
 namespace tarvex::panel
@@ -51,12 +51,10 @@ bool PortOptions::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-/// The name comes from a device: it is text, whatever it looks like.
 void PortOptions::Describe(QAbstractButton& button)
 {
     const QString text = Literal(names_.Describe(buttons_.id(&button) + 1));
-    button.setToolTip(Qt::mightBeRichText(text) ? text.toHtmlEscaped().replace('\n', "<br>")
-                                                : text);
+    button.setToolTip(TipText(text));
     button.setAccessibleDescription(text);
 }
 

@@ -267,20 +267,33 @@ TEST_F(MainForm, ShowsAPortChosenByTheProgram)
     EXPECT_FALSE(Button("ssOption1_0").isChecked());
 }
 
+QString ShowTip(QWidget& widget)
+{
+    const QPoint at = widget.rect().center();
+    QHelpEvent help(QEvent::ToolTip, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &help);
+    const QString shown = QToolTip::text();
+    QToolTip::hideText();
+    return shown;
+}
+
 TEST_F(MainForm, AsksForTheNameOfAPortEachTimeItsTipShows)
 {
     ClickTab(3);
+    EXPECT_EQ(ShowTip(Button("ssOption1_1")), "device 2, answer 1");
+    EXPECT_EQ(ShowTip(Button("ssOption1_1")), "device 2, answer 2");
+}
+
+TEST_F(MainForm, BreaksALongTipOfAPortAndDescribesItInOneLine)
+{
+    portNames.more = ", in use by another program. End that program, then give the command again.";
+    ClickTab(3);
     QAbstractButton& option = Button("ssOption1_1");
-    const auto showTip = [&option] {
-        const QPoint at = option.rect().center();
-        QHelpEvent help(QEvent::ToolTip, at, option.mapToGlobal(at));
-        QApplication::sendEvent(&option, &help);
-        const QString shown = QToolTip::text();
-        QToolTip::hideText();
-        return shown;
-    };
-    EXPECT_EQ(showTip(), "device 2, answer 1");
-    EXPECT_EQ(showTip(), "device 2, answer 2");
+    const QString tip = ShowTip(option);
+    for (const QString& shown : tip.split('\n'))
+        EXPECT_LE(shown.size(), 60) << shown.toStdString();
+    EXPECT_EQ(option.accessibleDescription().toStdString(), "device 2, answer 1" + portNames.more);
+    EXPECT_EQ(QString(tip).replace('\n', ' '), option.accessibleDescription());
 }
 
 TEST_F(MainForm, DescribesAPortToAssistiveToolsWhenTheFocusComes)
