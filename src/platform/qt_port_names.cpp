@@ -72,13 +72,14 @@ std::string HolderText(const DeviceHolder& holder)
     if (holder.process == 0 && !holder.lockFile.empty()) {
         return text + ". End that program; if none is left, remove the lock file.";
     }
-    return text + ". End that program or wait for its end, then give the command again.";
+    return text +
+           ". End that program, or wait until it lets the port go, then give the command again.";
 }
 
 std::string FormerHolderText()
 {
-    return ", in use by another program when a command last tried it. End that program or wait for "
-           "its end, then give the command again.";
+    return ", in use by another program when a command last tried it. End that program, or wait "
+           "until it lets the port go, then give the command again.";
 }
 
 std::string LatencyText(const PortFacts& facts)

@@ -106,11 +106,11 @@ INSTANTIATE_TEST_SUITE_P(
             {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial,
              DeviceHolder{1234, "minicom"}},
             "Com 1: /dev/ttyUSB0, in use by another program: minicom (process 1234). End that "
-            "program or wait for its end, then give the command again."},
+            "program, or wait until it lets the port go, then give the command again."},
         Row{"HeldByAProgramOfNoKnownName",
             {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial, DeviceHolder{}},
-            "Com 1: /dev/ttyUSB0, in use by another program. End that program or wait for its end, "
-            "then give the command again."},
+            "Com 1: /dev/ttyUSB0, in use by another program. End that program, or wait until "
+            "it lets the port go, then give the command again."},
         Row{"HeldByALockFileOfNobody",
             {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial,
              DeviceHolder{0, {}, "/var/lock/LCK..ttyUSB0"}},
@@ -119,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"HeldWhenLastTried",
             {1, kAdapter, kNoProduct, kUsable, "/srv", DeviceKind::Serial, {}, {true, 0}},
             "Com 1: /dev/ttyUSB0, in use by another program when a command last tried it. End that "
-            "program or wait for its end, then give the command again."},
+            "program, or wait until it lets the port go, then give the command again."},
         Row{"SlowAdapter",
             {1,
              kAdapter,
@@ -213,7 +213,8 @@ protected:
     {
         return Free() + ", in use by another program: platform_test (process " +
                std::to_string(other.Process()) +
-               "). End that program or wait for its end, then give the command again.";
+               "). End that program, or wait until it lets the port go, then give the command "
+               "again.";
     }
 
     platform::PortSurroundings surroundings{.locks = {folder / "locks", {}},
@@ -280,11 +281,13 @@ TEST_F(HeldPortTip, RemembersTheLastOpeningThatWasRefused)
         EXPECT_NE(RefusalOf(ours), "");
         process = std::to_string(other.Process());
     }
-    EXPECT_EQ(Tip(), Free() +
-                         ", in use by another program when a command last tried it. End that "
-                         "program or wait for its end, then give the command again.\nnot opened "
-                         "14:02: in use by platform_test (process " +
-                         process + ")");
+    EXPECT_EQ(
+        Tip(),
+        Free() +
+            ", in use by another program when a command last tried it. End that "
+            "program, or wait until it lets the port go, then give the command again.\nnot opened "
+            "14:02: in use by platform_test (process " +
+            process + ")");
     ours.Open();
     ours.Close();
     EXPECT_EQ(Tip(), Free() + "\nopened 14:02");
