@@ -10,6 +10,7 @@ namespace tarvex::survey
 class HeldFolder
 {
 public:
+    /// Opens it; one that cannot be opened is no failure.
     explicit HeldFolder(const std::filesystem::path& folder);
     ~HeldFolder();
     HeldFolder(const HeldFolder&) = delete;

@@ -32,6 +32,7 @@ bool HasText(const std::filesystem::path& path);
 class NamedFolder
 {
 public:
+    /// Holds the folder open when its own name is no text.
     explicit NamedFolder(const std::filesystem::path& folder);
 
     /// What the toolkit is to open.
