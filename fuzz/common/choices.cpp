@@ -35,7 +35,7 @@ unsigned Choices::Below(unsigned bound)
 std::string Choices::Bytes(std::size_t most)
 {
     const auto wanted = Below(static_cast<unsigned>(most) + 1);
-    const std::string bytes(rest_.substr(0, wanted));
+    std::string bytes(rest_.substr(0, wanted));
     rest_.remove_prefix(bytes.size());
     return bytes;
 }

@@ -1,6 +1,7 @@
 // A fuzzing engine for any compiler: replays what is kept, and then tries changes of it without
 // end.
 
+#include "common/entry.h"
 #include "common/last_input.h"
 #include "common/mutator.h"
 
@@ -17,11 +18,6 @@
 #include <string>
 #include <unistd.h>
 #include <vector>
-
-extern "C" {
-int LLVMFuzzerInitialize(int* argc, char*** argv);
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-}
 
 namespace tarvex::fuzz
 {

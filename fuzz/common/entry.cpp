@@ -1,3 +1,4 @@
+#include "common/entry.h"
 #include "common/require.h"
 #include "common/target.h"
 
@@ -33,7 +34,6 @@ void RemoveScratch()
 
 } // namespace
 
-// The names by which libFuzzer, and the driver here, know a target.
 extern "C" {
 
 int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/)
