@@ -7,48 +7,18 @@ downloads block 1 from the unit on com1, and closes the window.
 import pathlib
 import subprocess
 import sys
-import time
 
-import gi
-
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
-
-PATIENCE = 120  # seconds, for a loaded machine
-
-
-def wait_for(what, find):
-    """What `find` returns, once that is something."""
-    end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
-        try:
-            found = find()
-        except GLib.Error:  # a window went while it was looked at
-            found = None
-        if found:
-            return found
-        time.sleep(0.2)
-    sys.exit(f"technician: no {what} within {PATIENCE} s")
-
-
-def children(accessible):
-    every = (accessible.get_child_at_index(i) for i in range(accessible.get_child_count()))
-    return [child for child in every if child is not None]
-
-
-def below(accessible):
-    for child in children(accessible):
-        yield child
-        yield from below(child)
+# The tests of the sources look at the program in the same way.
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tests" / "assistive"))
+from reader import PATIENCE, State, below, has, wait_for, windows  # noqa: E402
 
 
 def can_be_pressed(control, phrase):
     """Whether it can be seen and used, and the phrase is what it says of itself."""
-    states = control.get_state_set()
     return (
         phrase in (control.get_name(), control.get_description())
-        and states.contains(Atspi.StateType.SHOWING)
-        and states.contains(Atspi.StateType.ENABLED)
+        and has(control, State.SHOWING)
+        and has(control, State.ENABLED)
         and control.get_action_iface() is not None
     )
 
@@ -57,13 +27,8 @@ def press(title, phrase):
     """Presses the control that says the phrase, in the window of that title, once it can be pressed."""
 
     def find():
-        for application in children(Atspi.get_desktop(0)):
-            for window in children(application):
-                if window.get_name() == title:
-                    for control in below(window):
-                        if can_be_pressed(control, phrase):
-                            return control
-        return None
+        inside = (control for window in windows() if window.get_name() == title for control in below(window))
+        return next((control for control in inside if can_be_pressed(control, phrase)), None)
 
     control = wait_for(f'"{phrase}" in the window "{title}"', find)
     print(f"{title}: {phrase}", flush=True)
