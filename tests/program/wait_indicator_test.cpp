@@ -1,3 +1,4 @@
+#include "panel/paint_counter.h"
 #include "panel/widgets/wait_ground.h"
 #include "program/program_test.h"
 
@@ -21,19 +22,6 @@ protected:
     WaitGround& Ground() { return static_cast<WaitGround&>(*AtPanel().Find<QWidget>("Shape1")); }
 
     const ExchangeCount& Now() { return program->PanelModel().waitIndicator.progress.Now(); }
-
-    class PaintCounter : public QObject
-    {
-    public:
-        explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-        int paints = 0;
-
-        bool eventFilter(QObject*, QEvent* event) override
-        {
-            if (event->type() == QEvent::Paint) ++paints;
-            return false;
-        }
-    };
 };
 
 TEST_F(WaitIndicatorTest, IsPaintedAFewTimesASecondWhileTwoHundredPagesComeDown)

@@ -1,3 +1,4 @@
+#include "panel/paint_counter.h"
 #include "panel/palettes.h"
 #include "panel/rendered.h"
 #include "panel/widgets/wait_ground.h"
@@ -143,19 +144,6 @@ INSTANTIATE_TEST_SUITE_P(
                       Desktop{"YellowOnBlack", PlainPalette(Qt::black, Qt::yellow)},
                       Desktop{"BlackOnWhite", PlainPalette(Qt::white, Qt::black)}),
     RowName());
-
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int paints = 0;
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) ++paints;
-        return false;
-    }
-};
 
 class WaitGroundPaints : public WindowTest
 {
