@@ -1,11 +1,12 @@
+#include "architecture/sources.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <fstream>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,24 +63,16 @@ bool Converts(std::string_view file, const std::string& line)
     return std::regex_search(code, TextConversion()) && !IsOneOf(file, kTextsOfOthers);
 }
 
-void AddConversions(const std::filesystem::path& top, const std::filesystem::path& source,
-                    std::vector<std::string>& found)
-{
-    const std::string file = source.lexically_relative(top).generic_string();
-    std::ifstream lines(source);
-    for (std::string line; std::getline(lines, line);)
-        if (Converts(file, line)) found.push_back(file + ": " + line);
-}
-
+/// Every conversion below src/ and survey/. The unit takes its names from its command line alone.
 std::vector<std::string> Conversions()
 {
-    const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
     std::vector<std::string> found;
-    for (const std::string_view folder : {"src", "survey"})
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(top / folder)) {
-            const std::string ending = entry.path().extension().string();
-            if (ending == ".cpp" || ending == ".h") AddConversions(top, entry.path(), found);
-        }
+    for (const std::string& file : FilesOfTheProject({".cpp", ".h"})) {
+        if (file.starts_with("unit/")) continue;
+        std::istringstream lines(Read(file));
+        for (std::string line; std::getline(lines, line);)
+            if (Converts(file, line)) found.push_back(file + ": " + line);
+    }
     return found;
 }
 
@@ -90,12 +83,11 @@ TEST(PathDoor, NoSourceTurnsAPathIntoATextOrBackByItself)
 
 TEST(PathDoor, EveryDoorAndExceptionIsThere)
 {
-    const std::filesystem::path top = TARVEX_SOURCE_FOLDER;
     for (const std::string_view file : kDoors)
-        EXPECT_TRUE(std::filesystem::exists(top / file)) << file;
+        EXPECT_TRUE(IsThere(file)) << file;
     for (const std::string_view file : kTextsOfOthers)
-        EXPECT_TRUE(std::filesystem::exists(top / file)) << file;
-    EXPECT_TRUE(std::filesystem::exists(top / kDrives));
+        EXPECT_TRUE(IsThere(file)) << file;
+    EXPECT_TRUE(IsThere(kDrives));
 }
 
 TEST(PathDoor, AConversionByHandIsFound)
