@@ -87,8 +87,9 @@ void FtdiAdapter::Control()
     usb_functionfs_event event{};
     if (::poll(&file, 1, -1) <= 0 || ::read(file.fd, &event, sizeof event) <= 0) return Rest();
     if (event.type != FUNCTIONFS_SETUP) return;
-    ++requests_;
-    Obey(event.u.setup);
+    if (++requests_ != pullAt_) return Obey(event.u.setup);
+    pullAt_ = 0;
+    Pull();
 }
 
 /// A request that wants bytes and gets none is refused by reading where a write is due.

@@ -34,6 +34,7 @@ public:
     LineState State() const override;
     void Say(std::string_view bytes) override { SayMarked(bytes, Mark::None); }
     void Break() override { SayMarked({"\0", 1}, Mark::Break); }
+    int Requests() const override { return requests_; }
 
     /// As Say, with what the chip has noted of those characters.
     void SayMarked(std::string_view bytes, Mark mark);
@@ -47,11 +48,14 @@ public:
     /// Returns once the host has made a port of it, which may be another one than before.
     void Plug();
 
+    /// Pulls it when the chip gets its `number`-th request from now on, before it answers.
+    void PullAtRequest(int number) { pullAt_ = requests_ + number; }
+
+    /// True until then.
+    bool IsToBePulled() const { return pullAt_ > 0; }
+
     /// The chip's own timer, in milliseconds.
     int LatencyTimer() const;
-
-    /// How many requests the chip has had since it was made.
-    int Requests() const { return requests_; }
 
 private:
     void Control();
@@ -68,6 +72,7 @@ private:
     std::deque<std::string> packets_;   ///< to the host
     std::atomic<bool> sending_ = false; ///< one more is on its way
     std::atomic<int> requests_ = 0;
+    std::atomic<int> pullAt_ = 0; ///< at which of them; 0 for none
     InterruptibleThread sender_;
     InterruptibleThread receiver_;
     InterruptibleThread control_;

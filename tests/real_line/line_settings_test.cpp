@@ -1,3 +1,4 @@
+#include "real_line/open_files.h"
 #include "real_line/real_line_test.h"
 
 #include "platform/qt_serial_port.h"

@@ -49,6 +49,10 @@ public:
     /// Has the far end hold the line down for longer than a character takes.
     virtual void Break() = 0;
 
+    /// How many requests the chip has had from its driver since it was made, beside the characters;
+    /// 0 where nobody counts them.
+    virtual int Requests() const { return 0; }
+
     FarEnd farEnd;
 };
 

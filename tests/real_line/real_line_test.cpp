@@ -112,16 +112,6 @@ double RealLineTest::LoadOfWait(const char* button, std::function<bool()> begun,
     return used;
 }
 
-bool HasPortOpen()
-{
-    for (const auto& descriptor : fs::directory_iterator("/proc/self/fd")) {
-        std::error_code gone;
-        const std::string target = fs::read_symlink(descriptor, gone);
-        if (target.starts_with("/dev/ttyUSB") || target.starts_with("/dev/ttyS1")) return true;
-    }
-    return false;
-}
-
 std::vector<Driver> Drivers()
 {
     return {{"Uart", &Make<Uart>}, {"Ftdi", &Make<FtdiAdapter>}};

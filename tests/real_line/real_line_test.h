@@ -38,9 +38,6 @@ protected:
 /// What an idle program may use of a processor; a loop that does not sleep uses all of it.
 inline constexpr double kIdleLoad = 0.25;
 
-/// True while this process has a serial port open.
-bool HasPortOpen();
-
 /// A driver, and the line that is under it.
 struct Driver {
     const char* name;

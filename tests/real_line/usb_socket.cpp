@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 /// An empty name pulls the adapter out.
 bool BindTo(const std::string& socket)
 {
-    std::ofstream file("/sys/kernel/config/usb_gadget/adapter/UDC");
+    std::ofstream file(kSocket);
     file << socket << std::endl;
     return file.good();
 }

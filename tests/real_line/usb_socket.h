@@ -6,6 +6,9 @@
 namespace tarvex::tests
 {
 
+/// Where the gadget driver keeps what socket the adapter is in.
+inline constexpr const char* kSocket = "/sys/kernel/config/usb_gadget/adapter/UDC";
+
 /// Plugs the machine's USB adapter into its socket and returns the port that the host has made of
 /// it, once the port can be opened and the link by the adapter's identity leads to it.
 std::filesystem::path PlugIn();
