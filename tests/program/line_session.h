@@ -17,13 +17,8 @@ namespace tarvex::tests
 ///     ended 0
 ///
 /// "unit" lines are options of the simulated unit that was recorded, and say nothing to a replay.
-/// All others before the rule are steps, in order:
+/// All others before the rule are steps, in order, as in operator_steps.h, and:
 ///
-///     click NAME          presses a button
-///     type NAME TEXT      types over what a box holds
-///     tab N               shows that tab
-///     service ENTRY       chooses an entry of the service list
-///     folder              chooses the folder of the reports
 ///     close at the end    closes the panel once the record has been played, also inside a wait
 struct LineSession {
     /// Throws std::runtime_error when there is no such file, or no rule in it.

@@ -1,12 +1,12 @@
 #include "program/line_programs.h"
 #include "program/line_session.h"
+#include "program/operator_steps.h"
 #include "program/program_test.h"
 #include "program/session_outcome.h"
 
 #include <QCoreApplication>
 
-#include <sstream>
-#include <stdexcept>
+#include <optional>
 
 namespace tarvex::tests
 {
@@ -34,6 +34,7 @@ protected:
             line_ = std::make_unique<ReplayedLine>(session.Record(), folder / "com1");
         }
         StartAlone();
+        steps_.emplace(program->MainForm());
         CloseWhenItTakesTooLong();
         panelBefore_ = StateOf(*program->MainForm());
         folderBefore_ = StateOf(folder.Path());
@@ -41,21 +42,8 @@ protected:
 
     void TakeStep(const std::string& step)
     {
-        std::istringstream words(step);
-        std::string verb;
-        std::string name;
-        std::string text;
-        words >> verb >> name;
-        std::getline(words >> std::ws, text);
-        if (verb == "click") return AtPanel().Click(name.c_str());
-        if (verb == "type") return AtPanel().Type(name.c_str(), QString::fromStdString(text));
-        if (verb == "tab") return AtPanel().ShowTab(std::stoi(name));
-        if (verb == "folder") return ChooseFolderInItsForm();
-        if (verb == "service")
-            return AtPanel().ChooseService(
-                QString::fromStdString(name + (text.empty() ? "" : " ") + text));
         if (step == "close at the end") return CloseAtTheEnd();
-        throw std::runtime_error("no such step: " + step);
+        steps_->Take(step);
     }
 
     /// What came of it. The line is ended by then.
@@ -85,17 +73,6 @@ private:
         return text;
     }
 
-    void ChooseFolderInItsForm()
-    {
-        AtPanel().Click("Command10");
-        QWidget* chooser = ShownForm("Form6");
-        const auto isReady = [chooser] {
-            return chooser->findChild<QAbstractButton*>("command3d1")->isEnabled();
-        };
-        if (!WaitFor(isReady)) throw std::runtime_error("the folder cannot be chosen");
-        Operator(chooser).Click("command3d1");
-    }
-
     /// A wait that the record does not end has no limit of its own.
     void CloseWhenItTakesTooLong()
     {
@@ -118,6 +95,7 @@ private:
 
     TemporaryFolder farEnd_;
     std::unique_ptr<LinePrograms> line_;
+    std::optional<OperatorSteps> steps_;
     QTimer watch_;
     PanelState panelBefore_;
     FolderState folderBefore_;

@@ -1,17 +1,16 @@
 #pragma once
 
+#include "support/child_program.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <sys/types.h>
-
 namespace tarvex::unit
 {
 
-/// The program, started in a folder of its own and ended with its owner. Its waits have a limit far
-/// beyond what a healthy program needs; reaching it fails the test that asked.
+/// A program at the line, started in a folder of its own and ended with its owner.
 class RunningUnit
 {
 public:
@@ -19,26 +18,20 @@ public:
     /// unless another of its package is named.
     explicit RunningUnit(const std::vector<std::string>& arguments,
                          const char* program = TARVEX_UNIT_PROGRAM);
-    ~RunningUnit();
-    RunningUnit(const RunningUnit&) = delete;
-    RunningUnit& operator=(const RunningUnit&) = delete;
 
     /// The terminal's path, as printed; empty when the program ended without one.
     const std::string& Terminal() const { return terminal_; }
 
     /// What the program prints until its end, after the first line.
-    std::string RestOfOutput() const;
+    std::string RestOfOutput() { return program_.RestOfOutput(); }
 
-    void Signal(int number) const;
+    void Signal(int number) const { program_.Signal(number); }
 
     /// Waits for the end; the exit status, or 128 and the number of the signal that ended it.
-    int ExitStatus();
+    int ExitStatus() { return program_.ExitStatus(); }
 
 private:
-    std::string ReadLine() const;
-
-    pid_t process_ = -1;
-    int output_ = -1;
+    tests::ChildProgram program_;
     std::string terminal_;
 };
 

@@ -1,0 +1,180 @@
+#include "faults/fault_test.h"
+#include "faults/watched_process.h"
+
+#include <algorithm>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using ::testing::IsEmpty;
+using namespace std::chrono_literals;
+
+/// A command on the line.
+struct LineCommand {
+    const char* name;
+    std::vector<std::string> preparation;
+    std::string step;
+};
+
+void PrintTo(const LineCommand& command, std::ostream* stream)
+{
+    *stream << command.name;
+}
+
+const LineCommand kCommands[] = {
+    {"ReadBlock", {}, "click Command3"},
+    {"ReadAllBlocks", {}, "click Command8"},
+    {"SetBlock", {}, "click Command6"},
+    {"SetAll", {}, "click sscommand6"},
+    {"ResetBlock", {}, "click Command7"},
+    {"TotalReset", {}, "click ssCommand8"},
+    {"ResetGainZero", {"tab 3"}, "click Command13"},
+    {"ReadClock", {"tab 3"}, "click ssCommand3"},
+    {"WriteClock",
+     {"tab 3", "type Text13a 23", "type Text1a 04", "type Text2a 14", "type Text14a 10",
+      "type Text3a 15", "type Text4a 30"},
+     "click ssCommand4"},
+    {"StartClock", {}, "service Start Clock"},
+    {"CycleDelay", {"tab 3"}, "click Command6scrivi"},
+    {"Download", {"tab 2"}, "click command3d1"},
+};
+
+/// A moment of a conversation: the unit has said so many characters of an answer.
+struct Pull {
+    std::string answer; // by the name that the unit's faults have for it
+    int number;
+    int characters;
+
+    std::string Fault() const
+    {
+        return "hangup@" + answer + std::to_string(number) + ":" + std::to_string(characters);
+    }
+};
+
+/// The kind and the length of what a line of the unit's log shows to have been said; none for what
+/// has no answer that could be cut off.
+std::optional<std::pair<std::string, int>> AnswerOn(const std::string& line)
+{
+    std::istringstream fields(line);
+    std::string time;
+    std::string speaker;
+    std::string words;
+    fields >> time >> speaker >> words;
+    if (speaker == "unit") {
+        if (words == "!") return std::pair("wake", 1);
+        return words.size() == 2 ? std::pair("page", 50) : std::pair("clock", 14);
+    }
+    if (speaker != "manager" || std::string_view("CDGbc").find(words[0]) == std::string_view::npos)
+        return std::nullopt;
+    return std::pair("write", 0);
+}
+
+/// An adapter that goes away before, in or after one of the unit's answers to a command.
+class PulledAdapterTest : public FaultTest, public ::testing::WithParamInterface<LineCommand>
+{
+protected:
+    /// Runs the command undisturbed, and gives every moment at which it can be, in a random order.
+    std::vector<Pull> Moments()
+    {
+        const auto log = desk.top / "conversation";
+        StartUnit({"--log", log.string()});
+        Manager manager(desk);
+        Prepare(manager);
+        manager.Do(GetParam().step);
+        EXPECT_EQ(manager.Close(), 0);
+        unit->Signal(SIGTERM);
+        unit->ExitStatus();
+        auto moments = MomentsIn(log);
+        std::filesystem::remove(log);
+        std::shuffle(moments.begin(), moments.end(), chance);
+        return moments;
+    }
+
+    void Prepare(Manager& manager) const
+    {
+        manager.Do("reports " + desk.reports.string());
+        manager.DoAll(GetParam().preparation);
+    }
+
+    /// Pulls the adapter at that moment of the command.
+    void PullAt(const Pull& pull, const Files& clean)
+    {
+        StartUnit({"--fault", pull.Fault()});
+        Manager manager(desk);
+        Prepare(manager);
+        manager.Begin(GetParam().step);
+        EXPECT_EQ(unit->ExitStatus(), 0);
+        Note("pulls");
+
+        const bool ended = manager.Ends(2'000); // or it waits for what will never come
+        const WatchedProcess process(manager.Process());
+        EXPECT_LT(process.LoadWithin(200ms), 0.5);
+        EXPECT_THAT(OfHeaderTable(desk.HeaderTable(), DefaultTable(), DemoTable()) +
+                        OfReports(desk.reports, clean) + OfPlaces(desk, clean),
+                    IsEmpty());
+        if (ended) ExpectTheLineWorksAgain(manager, process);
+        EXPECT_EQ(manager.Close(), 0);
+        StartUnit();
+        ExpectNextStartWorks();
+    }
+
+private:
+    std::vector<Pull> MomentsIn(const std::filesystem::path& log)
+    {
+        std::vector<Pull> moments;
+        std::map<std::string, int> counts;
+        std::ifstream stream(log);
+        for (std::string line; std::getline(stream, line);) {
+            const auto answer = AnswerOn(line);
+            if (!answer) continue;
+            const auto& [kind, length] = *answer;
+            const int number = ++counts[kind];
+            moments.push_back({kind, number, 0});
+            if (length > 1) moments.push_back({kind, number, SomeOf(length)});
+            if (length > 0) moments.push_back({kind, number, length});
+        }
+        return moments;
+    }
+
+    int SomeOf(int length)
+    {
+        return 1 + static_cast<int>(chance.Below(static_cast<std::uint32_t>(length - 1)));
+    }
+
+    void ExpectTheLineWorksAgain(Manager& manager, const WatchedProcess& process)
+    {
+        EXPECT_THAT(process.Terminals(), IsEmpty());
+        StartUnit();
+        manager.DoAll({"tab 1", "type Text2 02"});
+        // Reset Block keeps its port when it has done its work; the next press finds it dead.
+        if (!manager.Do("click Command3").empty()) {
+            EXPECT_EQ(GetParam().name, std::string_view("ResetBlock"));
+            manager.Do("click Command3");
+        }
+        EXPECT_EQ(manager.Text("Text3"), "DELVALLE");
+        Note("returns");
+    }
+};
+
+TEST_P(PulledAdapterTest, LeavesTheManagerWholeAndAbleToGoOn)
+{
+    const auto moments = Moments();
+    ASSERT_FALSE(moments.empty());
+    const Files clean = FilesIn(desk.reports);
+    const auto count = std::min(moments.size(), static_cast<std::size_t>(Rounds(3)));
+    for (std::size_t index = 0; index < count; ++index) {
+        SCOPED_TRACE(moments[index].Fault());
+        PullAt(moments[index], clean);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, PulledAdapterTest, ::testing::ValuesIn(kCommands),
+                         [](const auto& command) { return std::string(command.param.name); });
+
+} // namespace
+} // namespace tarvex::tests
