@@ -55,11 +55,13 @@ function(tarvex_library name)
 endfunction()
 
 # tarvex_test_target(NAME [TOOLKIT]): what is tested is optimised as in the program, the tests
-# themselves are not; their common headers are compiled once (tests/headers). TOOLKIT for a program
+# themselves are not, unless the build is for the fuzz targets; their common headers are compiled once (tests/headers). TOOLKIT for a program
 # that links Qt.
 function(tarvex_test_target name)
     cmake_parse_arguments(ARG "TOOLKIT" "" "" ${ARGN})
-    target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+    if(NOT TARVEX_SANITIZE)
+        target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+    endif()
     if(ARG_TOOLKIT)
         target_precompile_headers(${name} REUSE_FROM tarvex_window_test_headers)
     else()

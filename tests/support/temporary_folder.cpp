@@ -31,7 +31,7 @@ std::filesystem::path FolderOfFolders()
 
 TemporaryFolder::TemporaryFolder()
 {
-    std::random_device random;
+    static std::mt19937_64 random(std::random_device{}());
     do {
         path_ = FolderOfFolders() / ("tarvex-" + std::to_string(random()));
     } while (!std::filesystem::create_directory(path_));
