@@ -42,6 +42,7 @@ public:
     void Open() override { port_.Open(); }
     void Close() override { port_.Close(); }
     void Output(std::string_view bytes) override;
+    void ExpectInput(int count) override { port_.ExpectInput(count); }
     int InBufferCount() override { return port_.InBufferCount(); }
     std::string Input() override;
 

@@ -26,6 +26,10 @@ public:
     /// Queues the bytes and returns at once. Fails only when not open.
     virtual void Output(std::string_view bytes) = 0;
 
+    /// Says that nothing needs be done before `count` bytes are there, until the next Output or
+    /// Input: the port may let the program sleep while they come. Never fails.
+    virtual void ExpectInput(int /*count*/) {}
+
     /// Received bytes not yet taken. Fails when not open.
     virtual int InBufferCount() = 0;
 

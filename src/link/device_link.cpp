@@ -63,6 +63,7 @@ void DeviceLink::SendFrame(std::string_view frame)
 
 void DeviceLink::AwaitReply(int count)
 {
+    port_.ExpectInput(count);
     RestartTick();
     WaitUntil([&] { return Received() >= count; });
     if (TakeReply()) watch_.EndExchange();

@@ -4,6 +4,7 @@
 #include "platform/device_lock.h"
 #include "platform/opening_refusal.h"
 #include "platform/qt_path.h"
+#include "platform/reply_pause.h"
 #include "platform/text/qt_text.h"
 
 #include <QSerialPort>
@@ -14,6 +15,7 @@
 
 #ifndef _WIN32
 #include <poll.h>
+#include <unistd.h>
 #endif
 
 namespace tarvex::platform
@@ -38,6 +40,21 @@ bool HasVanished(const QSerialPort& port, QSerialPort::SerialPortError error)
 #endif
 }
 
+/// Gives the line what it takes at once, without the toolkit's detour through its notifiers: the
+/// unit waits. Returns how many bytes that were.
+std::size_t PutAtOnce(const QSerialPort& port, std::string_view bytes)
+{
+#ifdef _WIN32
+    Q_UNUSED(port);
+    Q_UNUSED(bytes);
+    return 0;
+#else
+    if (port.bytesToWrite() > 0) return 0; // earlier ones go first
+    const ssize_t put = ::write(port.handle(), bytes.data(), bytes.size());
+    return put > 0 ? static_cast<std::size_t>(put) : 0;
+#endif
+}
+
 } // namespace
 
 /// One opening, from Open to Close: what its device has queued for later dies with it and can never
@@ -53,6 +70,7 @@ public:
     void Send(std::string_view bytes);
     int Count() const;
     std::string TakeAll();
+    void Expect(int count) { pause_.Expect(count); }
 
 private:
     void Configure();
@@ -64,6 +82,7 @@ private:
 
     DeviceLock lock_;
     QSerialPort port_;
+    ReplyPause pause_{port_};
     std::optional<LowLatency> lowLatency_;
     bool vanished_ = false;
 };
@@ -125,6 +144,9 @@ void QtSerialPort::Opening::ResumeReading()
 void QtSerialPort::Opening::Send(std::string_view bytes)
 {
     if (vanished_) return;
+    pause_.NoteOutput(static_cast<qint64>(bytes.size()));
+    bytes.remove_prefix(PutAtOnce(port_, bytes));
+    if (bytes.empty()) return;
     port_.write(bytes.data(), static_cast<qint64>(bytes.size()));
     // Now, not on the next pass of the event loop; what the line does not take yet follows there.
     port_.flush();
@@ -138,6 +160,7 @@ int QtSerialPort::Opening::Count() const
 std::string QtSerialPort::Opening::TakeAll()
 {
     if (vanished_) return {};
+    pause_.End();
     const QByteArray bytes = port_.readAll();
     return {bytes.begin(), bytes.end()};
 }
@@ -162,6 +185,7 @@ void QtSerialPort::Opening::Recover()
 void QtSerialPort::Opening::LetGo()
 {
     lowLatency_.reset();
+    pause_.End();
     port_.close();
     lock_.Release();
 }
@@ -223,6 +247,11 @@ void QtSerialPort::Close()
 void QtSerialPort::Output(std::string_view bytes)
 {
     RequireOpen().Send(bytes);
+}
+
+void QtSerialPort::ExpectInput(int count)
+{
+    if (opening_) opening_->Expect(count);
 }
 
 int QtSerialPort::InBufferCount()

@@ -27,6 +27,7 @@ public:
     void Open() override;
     void Close() override;
     void Output(std::string_view bytes) override;
+    void ExpectInput(int count) override;
     int InBufferCount() override;
     std::string Input() override;
 

@@ -1,0 +1,106 @@
+#include "platform/port_test.h"
+
+#include <thread>
+
+namespace tarvex::tests
+{
+namespace
+{
+
+using namespace std::chrono_literals;
+
+/// So many that the program would sleep for longer than any test waits.
+constexpr int kEndlessReply = 20'000;
+
+class ReplyPauseTest : public PortTest
+{
+protected:
+    ReplyPauseTest()
+    {
+        port.Open();
+        port.Output("a02100\r");
+    }
+
+    /// The first byte comes as late as on a line.
+    void BeginReply()
+    {
+        std::this_thread::sleep_for(12ms);
+        terminal.Send("x");
+        ASSERT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
+    }
+
+    /// How often the wait for that many bytes finds others than before.
+    int LooksUntil(int count)
+    {
+        int looks = 0;
+        int seen = port.InBufferCount();
+        while (seen < count) {
+            pump.WaitForEvents();
+            if (port.InBufferCount() != seen) ++looks;
+            seen = port.InBufferCount();
+        }
+        return looks;
+    }
+};
+
+TEST_F(ReplyPauseTest, SleepsWhileThePageComesDownTheLine)
+{
+    port.ExpectInput(50);
+    std::thread unit([&] {
+        std::this_thread::sleep_for(10ms);
+        for (int count = 0; count < 50; ++count) {
+            terminal.Send("x");
+            std::this_thread::sleep_for(1146us);
+        }
+    });
+    EXPECT_LE(LooksUntil(50), 25) << "and not one a character";
+    unit.join();
+    EXPECT_EQ(port.Input(), std::string(50, 'x'));
+}
+
+TEST_F(ReplyPauseTest, LooksAtEveryByteThatNobodyHasAnnounced)
+{
+    BeginReply();
+    terminal.Send("y");
+    EXPECT_EQ(InputOf(2), "xy");
+}
+
+TEST_F(ReplyPauseTest, LooksAtBytesThatComeFasterThanTheLineCarriesThem)
+{
+    port.ExpectInput(kEndlessReply);
+    terminal.Send(std::string(900, 'x')); // a second on a line
+    EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 900; }));
+    terminal.Send("y");
+    EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 901; }));
+}
+
+TEST_F(ReplyPauseTest, EndsWithTheNextOutput)
+{
+    port.ExpectInput(kEndlessReply);
+    BeginReply();
+    terminal.Send("y");
+    port.Output("}");
+    EXPECT_EQ(InputOf(2), "xy");
+}
+
+TEST_F(ReplyPauseTest, EndsWhenTheBytesAreTaken)
+{
+    port.ExpectInput(kEndlessReply);
+    BeginReply();
+    EXPECT_EQ(port.Input(), "x");
+    terminal.Send("y");
+    EXPECT_EQ(InputOf(1), "y");
+}
+
+TEST_F(ReplyPauseTest, EndsWithTheOpening)
+{
+    port.ExpectInput(kEndlessReply);
+    BeginReply();
+    port.Close();
+    port.Open();
+    terminal.Send("y");
+    EXPECT_EQ(InputOf(1), "y");
+}
+
+} // namespace
+} // namespace tarvex::tests
