@@ -76,9 +76,15 @@ void BoxEdit::Detach()
 void BoxEdit::ShowBox()
 {
     const QString shown = ToQString(box_.Text());
-    if (text() != shown) setText(shown);
+    if (text() != shown) ShowText(shown);
     setEnabled(box_.Enabled());
     if (isHidden() == box_.Visible()) setVisible(box_.Visible());
+}
+
+void BoxEdit::ShowText(const QString& text)
+{
+    if (!isReadOnly()) return setText(text);
+    pause_.Make([&] { setText(text); });
 }
 
 void BoxEdit::TakeTyped(const QString& text)

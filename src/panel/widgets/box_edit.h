@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/control_panel.h"
+#include "panel/widgets/paint_pause.h"
 
 #include <QLineEdit>
 
@@ -49,11 +50,13 @@ protected:
 
 private:
     void ShowBox();
+    void ShowText(const QString& text);
     void TakeTyped(const QString& text);
     void EnterWhole(Qt::FocusReason reason);
     void Leave(Qt::FocusReason reason);
 
     TextBox& box_;
+    PaintPause pause_{*this}; // of a box that only the program writes into
     std::function<void(Qt::FocusReason)> leave_;
     std::function<void()> doubleClick_;
     bool left_ = true;      // the focus is elsewhere in this window, and that has been noticed

@@ -68,7 +68,10 @@ QPalette Contrasting(QPalette palette)
     return palette;
 }
 
-QColor EdgeColour(const QPalette& palette)
+namespace
+{
+
+QColor MadeEdgeColour(const QPalette& palette)
 {
     const auto colour = [&](QPalette::ColorRole role) {
         return palette.color(QPalette::Active, role);
@@ -76,6 +79,20 @@ QColor EdgeColour(const QPalette& palette)
     const QColor window = colour(QPalette::Window);
     const QColor calm = Between(window, IsLight(palette) ? Qt::black : Qt::white, 0.5);
     return SetOff(calm, {window, colour(QPalette::Base), colour(QPalette::Button)}, kEdge);
+}
+
+} // namespace
+
+/// Kept, for it is asked for at every painting of every control, most of which have one palette.
+QColor EdgeColour(const QPalette& palette)
+{
+    static qint64 madeFor = 0;
+    static QColor edge;
+    if (palette.cacheKey() != madeFor) {
+        edge = MadeEdgeColour(palette);
+        madeFor = palette.cacheKey();
+    }
+    return edge;
 }
 
 QColor MarkColour(const QPalette& palette, const QColor& ground)
