@@ -74,6 +74,13 @@ std::string SelectRowSql()
     return "SELECT " + AllFields() + " FROM " + Table() + " WHERE rowid = ?";
 }
 
+std::string SelectExtentSql()
+{
+    const std::string from = " FROM " + Table() + ")";
+    return "SELECT (SELECT count(*)" + from + ", (SELECT min(rowid)" + from +
+           ", (SELECT max(rowid)" + from;
+}
+
 std::string SelectNumbersSql()
 {
     return "SELECT rowid FROM " + Table() + " ORDER BY rowid";

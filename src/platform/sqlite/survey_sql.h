@@ -28,6 +28,9 @@ std::string TubeIndexSql();
 /// All fields of the row with a given number: one value to bind.
 std::string SelectRowSql();
 
+/// How many rows there are, and the lowest and the highest of their numbers.
+std::string SelectExtentSql();
+
 /// The numbers of all rows, in order.
 std::string SelectNumbersSql();
 

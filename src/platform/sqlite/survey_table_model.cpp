@@ -47,7 +47,7 @@ SurveyTableModel::SurveyTableModel(DatabasePath path, QObject* parent)
 
 int SurveyTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(numbers_.size());
+    return parent.isValid() ? 0 : static_cast<int>(numbers_.Count());
 }
 
 int SurveyTableModel::columnCount(const QModelIndex& parent) const
@@ -126,26 +126,17 @@ std::unique_ptr<SqliteConnection> SurveyTableModel::Connect() const
 void SurveyTableModel::Load()
 {
     const auto connection = Connect();
-    Statement select(*connection, SelectNumbersSql());
-    bool more = select.Step(); // from here on nobody writes
+    Statement hold(*connection, SelectNumbersSql());
+    hold.Step(); // from here on nobody writes
     const FileVersion version(*connection);
-    if (version == version_) return;
-    std::vector<sqlite3_int64> numbers;
-    for (; more; more = select.Step()) {
-        const sqlite3_int64 number = select.Number(0);
-        if (!numbers.empty() && number <= numbers.back()) {
-            throw RunTimeFailure("The database is damaged");
-        }
-        numbers.push_back(number);
-    }
-    TakeNumbers(version, std::move(numbers));
+    if (version != version_) TakeNumbers(version, RowNumbers(*connection));
 }
 
 /// This program only ever adds rows: then the grid keeps what it shows and its current cell.
-void SurveyTableModel::TakeNumbers(const FileVersion& version, std::vector<sqlite3_int64> numbers)
+void SurveyTableModel::TakeNumbers(const FileVersion& version, RowNumbers numbers)
 {
-    const std::size_t before = numbers_.size();
-    const bool goesOn = version.IsOfSameFile(version_) && ShowsGrowing(numbers);
+    const std::size_t before = numbers_.Count();
+    const bool goesOn = version.IsOfSameFile(version_) && numbers_.GoOnIn(numbers);
     version_ = version;
     pages_.clear();
     if (!goesOn) {
@@ -153,8 +144,8 @@ void SurveyTableModel::TakeNumbers(const FileVersion& version, std::vector<sqlit
         Replace(std::move(numbers));
         return endResetModel();
     }
-    if (numbers.size() > before) {
-        beginInsertRows({}, static_cast<int>(before), static_cast<int>(numbers.size()) - 1);
+    if (numbers.Count() > before) {
+        beginInsertRows({}, static_cast<int>(before), static_cast<int>(numbers.Count()) - 1);
         Replace(std::move(numbers));
         endInsertRows();
     }
@@ -163,16 +154,10 @@ void SurveyTableModel::TakeNumbers(const FileVersion& version, std::vector<sqlit
     }
 }
 
-void SurveyTableModel::Replace(std::vector<sqlite3_int64> numbers)
+void SurveyTableModel::Replace(RowNumbers numbers)
 {
     numbers_ = std::move(numbers);
     pages_.clear(); // the last page may have been a shorter one
-}
-
-bool SurveyTableModel::ShowsGrowing(const std::vector<sqlite3_int64>& numbers) const
-{
-    return numbers.size() >= numbers_.size() &&
-           std::equal(numbers_.begin(), numbers_.end(), numbers.begin());
 }
 
 const SurveyTableModel::Page& SurveyTableModel::PageOf(int row) const
@@ -188,19 +173,17 @@ const SurveyTableModel::Page& SurveyTableModel::PageOf(int row) const
 /// another one; they are then looked for again at the next revert.
 std::unique_ptr<SurveyTableModel::Page> SurveyTableModel::ReadPage(std::size_t first) const
 {
-    const std::size_t count = std::min<std::size_t>(kRowsOfAPage, numbers_.size() - first);
+    const std::size_t count = std::min<std::size_t>(kRowsOfAPage, numbers_.Count() - first);
     auto page = std::make_unique<Page>(count);
-    const auto begin = numbers_.begin() + static_cast<std::ptrdiff_t>(first);
-    const auto end = begin + static_cast<std::ptrdiff_t>(count);
     try {
         const auto connection = Connect();
         Statement select(*connection, SelectRangeSql());
-        select.Bind(1, *begin).Bind(2, *(end - 1));
+        select.Bind(1, numbers_.At(first)).Bind(2, numbers_.At(first + count - 1));
         while (select.Step()) {
             if (!FileVersion(*connection).IsOfSameFile(version_)) break;
-            const auto number = std::lower_bound(begin, end, select.Number(0));
-            if (number == end || *number != select.Number(0)) continue;
-            QStringList& row = (*page)[static_cast<std::size_t>(number - begin)];
+            const auto place = numbers_.PlaceOf(select.Number(0));
+            if (!place) continue;
+            QStringList& row = page->at(*place - first);
             row.clear();
             for (int field = 1; field <= kColumns; ++field)
                 row += Shown(select.Text(field));
@@ -224,7 +207,7 @@ void SurveyTableModel::WriteMark(int row, const QString& mark)
         }
         const std::array<std::size_t, 1> fields{static_cast<std::size_t>(kMarkColumn)};
         Statement update(*connection, UpdateSql(fields));
-        update.Bind(1, StoredMark(mark)).Bind(2, numbers_[static_cast<std::size_t>(row)]).Run();
+        update.Bind(1, StoredMark(mark)).Bind(2, numbers_.At(static_cast<std::size_t>(row))).Run();
         transaction.Commit();
     }
     if (version == version_) version_ = FileVersion(*connection);
@@ -233,7 +216,7 @@ void SurveyTableModel::WriteMark(int row, const QString& mark)
 bool SurveyTableModel::ShowsTube(const SqliteConnection& connection, int row) const
 {
     Statement select(connection, SelectRowSql());
-    if (!select.Bind(1, numbers_[static_cast<std::size_t>(row)]).Step()) return false;
+    if (!select.Bind(1, numbers_.At(static_cast<std::size_t>(row))).Step()) return false;
     const Page& page = PageOf(row);
     const QStringList& shown = page[static_cast<std::size_t>(row % kRowsOfAPage)];
     for (int column = 0; column < kTubeColumns; ++column)

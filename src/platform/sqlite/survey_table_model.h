@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/sqlite/file_version.h"
+#include "platform/sqlite/row_numbers.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 #include <QAbstractTableModel>
@@ -50,17 +51,16 @@ private:
 
     std::unique_ptr<SqliteConnection> Connect() const;
     void Load();
-    void TakeNumbers(const FileVersion& version, std::vector<sqlite3_int64> numbers);
-    void Replace(std::vector<sqlite3_int64> numbers);
-    bool ShowsGrowing(const std::vector<sqlite3_int64>& numbers) const;
+    void TakeNumbers(const FileVersion& version, RowNumbers numbers);
+    void Replace(RowNumbers numbers);
     const Page& PageOf(int row) const;
     std::unique_ptr<Page> ReadPage(std::size_t first) const;
     void WriteMark(int row, const QString& mark);
     bool ShowsTube(const SqliteConnection& connection, int row) const;
 
     DatabasePath path_;
-    mutable FileVersion version_;        // of what has been read
-    std::vector<sqlite3_int64> numbers_; // of all rows
+    mutable FileVersion version_; // of what has been read
+    RowNumbers numbers_;
     mutable QCache<int, Page> pages_;
     QString refusal_; // of the last mark
 };

@@ -150,6 +150,38 @@ TEST_F(SurveyTableModelTest, RowsThatAreGoneGo)
     EXPECT_EQ(Cell(checked->model, 0, "tubo"), "T2  ");
 }
 
+TEST_F(SurveyTableModelTest, ShowsEachRowWhereverOthersHaveGone)
+{
+    AddRow({{"tubo", "T100"}});
+    RawDatabase raw(survey.databasePath);
+    raw.Run("INSERT INTO tar_vex (tubo) WITH RECURSIVE n(i) AS (SELECT 101 UNION ALL "
+            "SELECT i + 1 FROM n WHERE i < 699) SELECT 'T' || i FROM n");
+    raw.Run("DELETE FROM tar_vex WHERE rowid IN (1, 2, 300, 599)");
+    const auto checked = Make();
+    QAbstractItemModel& model = checked->model;
+    ASSERT_EQ(model.rowCount(), 596);
+    EXPECT_EQ(Cell(model, 0, "tubo"), "T102");
+    EXPECT_EQ(Cell(model, 296, "tubo"), "T398");
+    EXPECT_EQ(Cell(model, 297, "tubo"), "T400");
+    EXPECT_EQ(Cell(model, 595, "tubo"), "T699");
+    EXPECT_TRUE(SetMark(model, 297, "7"));
+    EXPECT_EQ(RowAt(297), (SurveyRow{{"tubo", "T400"}, {"b", "7"}}));
+}
+
+TEST_F(SurveyTableModelTest, GoesOnWithTheSameRowsWhenTheLastOnesAreReplaced)
+{
+    AddRow({{"tubo", "T1  "}});
+    AddRow({{"tubo", "T2  "}});
+    const auto checked = Make();
+    RawDatabase raw(survey.databasePath);
+    raw.Run("DELETE FROM tar_vex WHERE tubo = 'T1  '");
+    raw.Run("INSERT INTO tar_vex (rowid, tubo) VALUES (9, 'T9  ')");
+    checked->model.revert();
+    ASSERT_EQ(checked->model.rowCount(), 2);
+    EXPECT_EQ(Cell(checked->model, 0, "tubo"), "T2  ");
+    EXPECT_EQ(Cell(checked->model, 1, "tubo"), "T9  ");
+}
+
 TEST_F(SurveyTableModelTest, NothingIsReadAgainWhileNothingHasChanged)
 {
     AddRow({{"tubo", "T1  "}});
