@@ -1,10 +1,11 @@
 // The start and the memory of the manager against those of an empty window, on the X display of
 // DISPLAY.
 
+#include "row.h"
+
 #include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -136,11 +137,12 @@ int main(int argc, char* argv[])
     const double emptyStart = Median(empty, &Sample::seconds);
     const double memory = Median(manager, &Sample::megabytes);
     const double emptyMemory = Median(empty, &Sample::megabytes);
-    std::printf("| what (medians of %d) | manager | empty window | ratio | to reach |\n", runs);
-    std::printf("|---|---|---|---|---|\n");
-    std::printf("| start to the first window, s | %.3f | %.3f | %.2f | <= 1.50 |\n", start,
-                emptyStart, start / emptyStart);
-    std::printf("| resident at rest, MB | %.1f | %.1f | %.2f | <= 1.30 |\n", memory, emptyMemory,
-                memory / emptyMemory);
+    using tarvex::bench::Shown;
+    tarvex::bench::Print(
+        {"start to the first window, against " + Shown(1000 * emptyStart) + " ms of an empty one",
+         start / emptyStart, "x", "<= 1.25"});
+    tarvex::bench::Print(
+        {"resident at rest, against " + Shown(emptyMemory) + " MB of an empty window",
+         memory / emptyMemory, "x", "<= 1.25"});
     std::filesystem::remove_all(folder);
 }

@@ -1,13 +1,17 @@
-// Measures the survey commands on large tables: survey_bench [FOLDER]. The figures wait for the
-// disk that FOLDER lies on, or the folder for temporary files.
+// Measures the survey commands on large tables: survey_bench [RUNS [FOLDER]]. The figures wait for
+// the disk that FOLDER lies on, or the folder for temporary files.
 
 #include "database/survey_world.h"
+#include "row.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <functional>
+#include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace tarvex::bench
@@ -16,7 +20,8 @@ namespace tarvex::bench
 namespace
 {
 
-constexpr int kRuns = 7;
+constexpr int kSmall = 1000;
+constexpr int kLarge = 1'000'000;
 
 double Median(std::vector<double> values)
 {
@@ -24,65 +29,82 @@ double Median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-void PrintRow(const char* what, int rows, double seconds, double reference, double limit)
+/// A time beside another one, both in milliseconds.
+void PrintRatio(const std::string& what, double seconds, double reference, const char* toReach)
 {
-    const double ratio = seconds / reference;
-    std::printf("| %-44s | %9d | %10.2f | %10.2f | %5.2f | %5.1f | %-3s |\n", what, rows,
-                seconds * 1000, reference * 1000, ratio, limit, ratio <= limit ? "yes" : "NO");
-    (void)std::fflush(stdout);
+    Print(
+        {what + ", against " + Shown(1000 * reference) + " ms", seconds / reference, "x", toReach});
 }
 
-void MeasureReadHeaders(const std::filesystem::path& folder)
+/// Megabytes of this process that are in memory at this moment.
+double ResidentMegabytes()
 {
-    constexpr int kSmall = 1000;
-    constexpr int kLarge = 1'000'000;
-    SurveyWorld small(folder, kSmall, "''");
-    SurveyWorld large(folder, kLarge, "''");
-    const auto measure = [&](const char* what, void (SurveyWorld::*put)()) {
+    std::ifstream file("/proc/self/statm");
+    double size = 0;
+    double resident = 0;
+    file >> size >> resident;
+    return resident * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
+
+class SurveyBench
+{
+public:
+    SurveyBench(int runs, std::filesystem::path folder) : runs_(runs), folder_(std::move(folder)) {}
+
+    void Run()
+    {
+        SurveyWorld small(folder_, kSmall, "''");
+        SurveyWorld large(folder_, kLarge, "''");
+        ReadHeaders("Read Headers, 30 known tubes of 1,000,000 / of 1,000", small, large,
+                    &SurveyWorld::PutKnownHeaders);
+        ReadHeaders("Read Headers, 30 new tubes to 1,000,000 / to 1,000", small, large,
+                    &SurveyWorld::PutNewHeaders);
+        WriteHeaders("Write Headers, 1,000,000 rows, 29 marks / prepared pass", large,
+                     [](SurveyWorld& world) { world.MarkRows(); });
+        WriteHeaders("Write Headers, 1,000,000 rows, no mark / prepared pass", large,
+                     [](SurveyWorld&) {});
+        WriteHeaders("Write Headers, 1,000,000 rows, all marks Null / prepared pass", large,
+                     [](SurveyWorld& world) { world.Run("UPDATE tar_vex SET b = NULL"); });
+        Print({"memory that Write Headers has taken by then", taken_, "MB", "<= 16"});
+        Print(
+            {"files of the database at rest", static_cast<double>(large.FileCount()), "", "<= 1"});
+    }
+
+private:
+    void ReadHeaders(const char* what, SurveyWorld& small, SurveyWorld& large,
+                     void (SurveyWorld::*put)())
+    {
         std::vector<double> smallSeconds;
         std::vector<double> largeSeconds;
-        for (int run = 0; run < kRuns; ++run) {
+        for (int run = 0; run < runs_; ++run) {
             (small.*put)();
             smallSeconds.push_back(small.ReadHeadersSeconds());
             (large.*put)();
             largeSeconds.push_back(large.ReadHeadersSeconds());
         }
-        PrintRow(what, kLarge, Median(largeSeconds), Median(smallSeconds), 2);
-    };
-    measure("Read Headers, 30 known tubes / 1,000 rows", &SurveyWorld::PutKnownHeaders);
-    measure("Read Headers, 30 new tubes / 1,000 rows", &SurveyWorld::PutNewHeaders);
-}
-
-void MeasureWriteHeaders(const std::filesystem::path& folder, const char* what, int rows,
-                         const std::function<void(SurveyWorld&)>& prepare)
-{
-    SurveyWorld world(folder, rows, "''");
-    std::vector<double> command;
-    std::vector<double> plain;
-    for (int run = 0; run < kRuns; ++run) {
-        prepare(world);
-        command.push_back(world.WriteHeadersSeconds());
-        prepare(world);
-        plain.push_back(world.PlainPassSeconds());
+        PrintRatio(what, Median(largeSeconds), Median(smallSeconds), "<= 1.2");
     }
-    PrintRow(what, rows, Median(command), Median(plain), 3);
-}
 
-void MeasureAll(const std::filesystem::path& folder)
-{
-    std::printf("Medians of %d runs, in %s\n\n", kRuns, folder.c_str());
-    std::printf("| %-44s | %-9s | %-10s | %-10s | %-5s | %-5s | met |\n", "what / reference",
-                "rows", "ms", "ref. ms", "ratio", "limit");
-    std::printf("|---|---|---|---|---|---|---|\n");
-    MeasureReadHeaders(folder);
-    MeasureWriteHeaders(folder, "Write Headers, 29 marks / plain pass", 100'000,
-                        [](SurveyWorld& world) { world.MarkRows(); });
-    MeasureWriteHeaders(folder, "Write Headers, no mark / plain pass", 100'000,
-                        [](SurveyWorld&) {});
-    // Each of these rows is a commit of its own.
-    MeasureWriteHeaders(folder, "Write Headers, all marks Null / plain pass", 500,
-                        [](SurveyWorld& world) { world.Run("UPDATE tar_vex SET b = NULL"); });
-}
+    void WriteHeaders(const char* what, SurveyWorld& world,
+                      const std::function<void(SurveyWorld&)>& prepare)
+    {
+        std::vector<double> command;
+        std::vector<double> plain;
+        for (int run = 0; run < runs_; ++run) {
+            prepare(world);
+            const double before = ResidentMegabytes();
+            command.push_back(world.WriteHeadersSeconds());
+            taken_ = std::max(taken_, ResidentMegabytes() - before);
+            prepare(world);
+            plain.push_back(world.PlainPassSeconds());
+        }
+        PrintRatio(what, Median(command), Median(plain), "<= 1.2");
+    }
+
+    int runs_;
+    std::filesystem::path folder_;
+    double taken_ = 0;
+};
 
 } // namespace
 
@@ -91,7 +113,9 @@ void MeasureAll(const std::filesystem::path& folder)
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    tarvex::bench::MeasureAll(argc > 1 ? std::filesystem::path(argv[1])
-                                       : std::filesystem::temp_directory_path());
+    tarvex::bench::SurveyBench(argc > 1 ? std::stoi(argv[1]) : 5,
+                               argc > 2 ? std::filesystem::path(argv[2])
+                                        : std::filesystem::temp_directory_path())
+        .Run();
     return 0;
 }

@@ -5,6 +5,7 @@
 #include "database/read_headers.h"
 #include "database/write_headers.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -165,29 +166,49 @@ double SurveyWorld::WriteHeadersSeconds()
     return seconds;
 }
 
+/// Rows with a mark are committed one by one, for their headers are written one by one; the others
+/// together.
 double SurveyWorld::PlainPassSeconds()
 {
     const double seconds = Seconds([&] {
         const Database database = Open();
         Prepared select(database.get(), "SELECT rowid, b FROM tar_vex ORDER BY rowid");
         Prepared update(database.get(), "UPDATE tar_vex SET b = '' WHERE rowid = ?");
+        bool open = false;
+        const auto commit = [&] {
+            if (open) Execute(database.get(), "COMMIT");
+            open = false;
+        };
         while (select.Step()) {
             const auto* mark = sqlite3_column_text(select, 1);
             if (mark != nullptr && *mark == 0) continue;
+            if (mark == nullptr && !open) Execute(database.get(), "BEGIN");
+            open = open || mark == nullptr;
+            if (mark != nullptr) commit();
             sqlite3_bind_int64(update, 1, sqlite3_column_int64(select, 0));
             update.Step();
             sqlite3_reset(update);
         }
+        commit();
     });
     RequireEmptyMarks();
     return seconds;
 }
 
+std::ptrdiff_t SurveyWorld::FileCount() const
+{
+    const std::string name = survey_.databasePath.filename().string();
+    return std::ranges::count_if(std::filesystem::directory_iterator(folder_),
+                                 [&](const std::filesystem::directory_entry& entry) {
+                                     return entry.path().filename().string().starts_with(name);
+                                 });
+}
+
 void SurveyWorld::RequireEmptyMarks()
 {
     const Database database = Open();
-    Prepared count(database.get(), "SELECT count(*) FROM tar_vex WHERE b = ''");
-    if (!count.Step() || sqlite3_column_int(count, 0) != rows_) GiveUp("a mark was left");
+    Prepared left(database.get(), "SELECT count(*) FROM tar_vex WHERE b IS NOT ''");
+    if (!left.Step() || sqlite3_column_int(left, 0) != 0) GiveUp("a mark was left");
 }
 
 } // namespace tarvex::bench

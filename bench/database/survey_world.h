@@ -8,6 +8,7 @@
 
 #include <sqlite3.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -45,8 +46,11 @@ public:
     double WriteHeadersSeconds();
 
     /// A walk over all rows with one prepared statement, and an update of each row whose mark is
-    /// not empty with another, each committed by itself.
+    /// not empty with another: what a program of nothing but SQLite does.
     double PlainPassSeconds();
+
+    /// The database and what lies beside it under its name.
+    std::ptrdiff_t FileCount() const;
 
 private:
     struct Close {
@@ -74,7 +78,7 @@ private:
     };
 
     std::filesystem::path folder_;
-    int rows_;
+    int rows_; // as made; Read Headers adds to them
     int reading_ = 0;
     WorkingState state_;
     ControlPanel panel_;
