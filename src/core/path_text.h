@@ -14,7 +14,7 @@ namespace tarvex::path_text
 /// IsUnicode is found again by this text.
 std::u16string Unicode(const std::filesystem::path& path);
 
-/// The path that a text names, with U+FFFD for half a surrogate pair.
+/// The path that a text names, with U+FFFD for half a surrogate pair where paths are bytes.
 std::filesystem::path FromUnicode(std::u16string_view text);
 
 /// True when the path's text leads back to the same path.

@@ -3,6 +3,7 @@
 #include "core/code_page.h"
 #include "core/failure.h"
 #include "core/path_text.h"
+#include "download/device_names.h"
 
 namespace tarvex
 {
@@ -17,6 +18,12 @@ bool ReachesOutside(std::string_view name)
     constexpr auto separator = std::filesystem::path::preferred_separator;
     return name.find('\0') != std::string_view::npos || name.find('/') != std::string_view::npos ||
            name.find(static_cast<char>(separator)) != std::string_view::npos;
+}
+
+/// A name that Windows takes for a device, or for a part of another file after a colon.
+bool IsNoFileOfWindows(std::string_view name)
+{
+    return name.find(':') != std::string_view::npos || NamesADevice(name);
 }
 
 std::string NameOf(const HeaderTexts& header, std::string_view ending)
@@ -35,7 +42,9 @@ std::string ReportFile::Shown() const
 
 std::filesystem::path ReportFile::Path() const
 {
-    if (ReachesOutside(name)) throw RunTimeFailure("Bad file name");
+    constexpr bool windows = std::filesystem::path::preferred_separator == '\\';
+    if (ReachesOutside(name) || (windows && IsNoFileOfWindows(name)))
+        throw RunTimeFailure("Bad file name");
     std::filesystem::path path = folder;
     path += std::filesystem::path::preferred_separator;
     path += path_text::FromUnicode(code_page::ToUtf16(name));

@@ -17,7 +17,8 @@ struct ReportFile {
     /// Folder, separator and name, as the panel shows them.
     std::string Shown() const;
 
-    /// Where the file lies. Fails when the name holds a path separator or a NUL.
+    /// Where the file lies. Fails when the name holds a path separator or a NUL, and on Windows
+    /// when it is that of a device, or a colon makes it a part of another file.
     std::filesystem::path Path() const;
 };
 

@@ -21,7 +21,9 @@ void RequireNoLink(const std::filesystem::path& path)
 void MakeWhenNothingIsThere(const std::filesystem::path& path)
 {
 #ifdef _WIN32
-    std::FILE* const made = ::_wfopen(path.c_str(), L"wbx");
+    // Its fopen knows no mode "x" and would empty the file; only an administrator makes links
+    // there.
+    std::FILE* const made = ::_wfopen(path.c_str(), L"ab");
 #else
     std::FILE* const made = std::fopen(path.c_str(), "wbx");
 #endif
