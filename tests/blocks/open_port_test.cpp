@@ -5,6 +5,7 @@
 #include "support/logic_test.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tarvex::tests
 {
@@ -28,7 +29,7 @@ protected:
         port.sent.clear();
     }
 
-    long Times(const std::string& step) const
+    std::ptrdiff_t Times(const std::string& step) const
     {
         return std::count(port.history.begin(), port.history.end(), step);
     }

@@ -57,8 +57,9 @@ std::size_t RowsIn(const std::filesystem::path& folder)
 
 void ExpectSoundReports(const std::filesystem::path& folder)
 {
-    for (const std::string& name : NamesIn(folder)) {
-        const std::string bytes = FileBytes(folder / name);
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        const std::string name = entry.path().filename().string();
+        const std::string bytes = FileBytes(entry.path());
         if (name.ends_with("-dat.dat")) {
             EXPECT_EQ(RecordsOf(bytes, kReportRecord).size(), 19U);
         } else if (name == "datiram.dat") {

@@ -161,6 +161,7 @@ TEST_F(DownloadTest, WithoutItsFolderItReadsTheUnitAndThenWaitsForEver)
 
 TEST_F(DownloadTest, AFolderThatMayNotBeWrittenEndsInTheSameWait)
 {
+    SKIP_WHERE_FOLDERS_HAVE_NO_MODE();
     SetSmallSurvey(unit, 0);
     std::filesystem::permissions(state.reportFolder, std::filesystem::perms::owner_read |
                                                          std::filesystem::perms::owner_exec |
@@ -211,6 +212,7 @@ class FullDiskDownloadTest : public DownloadTest, public ::testing::WithParamInt
 
 TEST_P(FullDiskDownloadTest, WritesWholeRecordsAndRunsToItsEnd)
 {
+    SKIP_WHERE_NO_DISK_FILLS();
     SetSmallSurvey(unit, 0);
     {
         const FullDisk full(GetParam().room);

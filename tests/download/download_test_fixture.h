@@ -35,7 +35,7 @@ protected:
     }
 
     /// The bytes of a file in the folder of the reports.
-    std::string Report(const std::string& name) const
+    std::string Report(const std::filesystem::path& name) const
     {
         return FileBytes(state.reportFolder / name);
     }

@@ -186,7 +186,7 @@ TEST_F(FileDialogTest, ShowsAPathInThePanelsOwnCharacters)
     dialog.choice = folder.Path() / std::filesystem::path(u8"citt\u00E0 \u4E2D");
     Choose();
 
-    EXPECT_EQ(panel.headerFile.Text(), folder.Path().string() + "/citt\xE0 ?");
+    EXPECT_EQ(panel.headerFile.Text(), (folder.Path() / "citt").string() + "\xE0 ?");
     EXPECT_TRUE(std::filesystem::exists(*dialog.choice));
 }
 
@@ -290,6 +290,7 @@ TEST_F(FileDialogTest, CreatingWhereNoFileCanBeEndsTheProgram)
 
 TEST_F(FileDialogTest, CreatingOnADiskThatBecomesFullEndsTheProgramWithWholeRecords)
 {
+    SKIP_WHERE_NO_DISK_FILLS();
     dialog.choice = folder / "new";
     {
         const FullDisk full(385 + 10);

@@ -32,7 +32,7 @@ protected:
     {
         std::vector<std::string> all;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path()))
-            all.push_back(entry.path().lexically_relative(folder.Path()).string());
+            all.push_back(entry.path().lexically_relative(folder.Path()).generic_string());
         std::sort(all.begin(), all.end());
         return all;
     }
@@ -107,22 +107,43 @@ TEST_P(AcceptedNameTest, IsTakenLiterally)
 INSTANTIATE_TEST_SUITE_P(
     Table, AcceptedNameTest,
     ::testing::Values(NameRow{"AllBlanks", {"        ", "        ", "    ", "  "}},
-                      NameRow{"TwoDots", {"..      ", "..      ", "..  ", ".."}},
+                      NameRow{"TwoDots", {"..      ", "..      ", "..  ", ".."}}),
+    RowName());
+
+// Letters that Windows has in no name, or that make it another file's or a device's there.
+#ifdef _WIN32
+INSTANTIATE_TEST_SUITE_P(
+    RefusedByWindows, RefusedNameTest,
+    ::testing::Values(NameRow{"BackwardSeparator", {"..\\abcde", "SITE0000", "T12 ", "03"}},
+                      NameRow{"Drive", {"C:\\abcde", "SITE0000", "T12 ", "03"}},
+                      NameRow{"PartOfAFile", {"CLIENT0:", "SITE0000", "T12 ", "03"}},
+                      NameRow{"Device", {"NUL .   ", "SITE0000", "T12 ", "03"}},
+                      NameRow{"Port", {"com1.   ", "SITE0000", "T12 ", "03"}},
+                      NameRow{"Wildcards", {"*       ", "????????", "*?  ", "**"}},
+                      NameRow{"Controls", {"A\rB\nC\tD ", "\x01\x7F      ", "\x1B   ", "  "}},
+                      NameRow{"Quotes", {"A'\"`;$ &", "<>|     ", "~#  ", "!!"}}),
+    RowName());
+#else
+INSTANTIATE_TEST_SUITE_P(
+    AlsoElsewhere, AcceptedNameTest,
+    ::testing::Values(NameRow{"Device", {"NUL .   ", "SITE0000", "T12 ", "03"}},
                       NameRow{"Wildcards", {"*       ", "????????", "*?  ", "**"}},
                       NameRow{"Controls", {"A\rB\nC\tD ", "\x01\x7F      ", "\x1B   ", "  "}},
                       NameRow{"Quotes", {"A'\"`;$ &", "<>|:    ", "~#  ", "!!"}}),
     RowName());
+#endif
 
 TEST_F(DownloadTest, BytesAbove127BecomeUnicodeInTheNamesAndStayBytesInTheReport)
 {
     SetSmallSurvey(unit, 0);
     unit.SetHeader(0, HeaderNamed({"CITT\xC0   ", "\x80 \x93L\xECri ", "n\xB0 1", "\x9F "}));
     Download();
-    const std::string begin = "CITTÀ   -€ “Lìri -n° 1-Ÿ -";
-    EXPECT_EQ(Report(begin + "dat.dat").substr(0, 42), Padded("Client: ;CITT\xC0   ", 40) + "\r ");
-    EXPECT_EQ(Report(begin + "num.dat"), DataReportOf(SmallSurveyRows()));
-    EXPECT_EQ(state.reportFileName,
-              state.reportFolder.string() + "/CITT\xC0   -\x80 \x93L\xECri -n\xB0 1-\x9F -num.dat");
+    const std::u8string begin = u8"CITTÀ   -€ “Lìri -n° 1-Ÿ -";
+    EXPECT_EQ(Report(begin + u8"dat.dat").substr(0, 42),
+              Padded("Client: ;CITT\xC0   ", 40) + "\r ");
+    EXPECT_EQ(Report(begin + u8"num.dat"), DataReportOf(SmallSurveyRows()));
+    EXPECT_EQ(state.reportFileName, state.reportFolder.string() + kSeparator +
+                                        "CITT\xC0   -\x80 \x93L\xECri -n\xB0 1-\x9F -num.dat");
 }
 
 TEST_F(DownloadTest, AFolderInPlaceOfAReportCostsThatReportOnly)
@@ -219,9 +240,10 @@ TEST(ReportNames, JoinFolderSeparatorAndName)
     EXPECT_EQ(HeadReportFile("/srv/dati", header).Path(), "/srv/dati/C -S-T-01-dat.dat");
     EXPECT_EQ(DataReportFile("/srv/dati", header).Path(), "/srv/dati/C -S-T-01-num.dat");
     EXPECT_EQ(WorkFile("/srv/dati").Path(), "/srv/dati/datiram.dat");
-    EXPECT_EQ(HeadReportFile("/srv/dati", header).Shown(), "/srv/dati/C -S-T-01-dat.dat");
+    EXPECT_EQ(HeadReportFile("/srv/dati", header).Shown(),
+              "/srv/dati" + kSeparator + "C -S-T-01-dat.dat");
     EXPECT_EQ(HeadReportFile(std::filesystem::path(u8"/città"), header).Shown(),
-              "/citt\xE0/C -S-T-01-dat.dat");
+              "/citt\xE0" + kSeparator + "C -S-T-01-dat.dat");
 }
 
 TEST(ReportNames, WithASeparatorOrANulHaveNoPath)
@@ -229,7 +251,7 @@ TEST(ReportNames, WithASeparatorOrANulHaveNoPath)
     for (const std::string& name : {std::string("a/b"), std::string("/"), std::string("a\0b", 3)}) {
         const ReportFile file{"/dati", name};
         EXPECT_THROW((void)file.Path(), RunTimeFailure);
-        EXPECT_EQ(file.Shown(), "/dati/" + name);
+        EXPECT_EQ(file.Shown(), "/dati" + kSeparator + name);
     }
 }
 

@@ -24,6 +24,10 @@ private:
     std::filesystem::path path_;
 };
 
+/// What the system puts between the names of a path.
+inline const std::string kSeparator(1,
+                                    static_cast<char>(std::filesystem::path::preferred_separator));
+
 /// All bytes of a file; the test fails when there is none.
 std::string FileBytes(const std::filesystem::path& path);
 
