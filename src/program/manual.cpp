@@ -28,7 +28,7 @@ void Tip(const QString& text)
     const QWidget* window = QApplication::activeWindow();
     if (window == nullptr) return;
     const QPoint middle = window->mapToGlobal(window->rect().center());
-    QToolTip::showText(middle, text.toHtmlEscaped());
+    QToolTip::showText(middle, text);
 }
 
 } // namespace

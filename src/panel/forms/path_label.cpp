@@ -14,7 +14,7 @@ PathLabel::PathLabel(QWidget* parent) : QLabel(parent)
 void PathLabel::ShowPath(const QString& path)
 {
     setText(path);
-    setToolTip(path.toHtmlEscaped());
+    setToolTip(path);
 }
 
 // The window's width never depends on the path.

@@ -3,6 +3,7 @@
 #include "panel/widgets/contrast.h"
 #include "panel/widgets/look_palette.h"
 
+#include <QLabel>
 #include <QPainter>
 #include <QStyleOption>
 
@@ -119,6 +120,13 @@ void DrawMark(QPainter& painter, const QStyleOption& option)
 } // namespace
 
 LookStyle::LookStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void LookStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (widget->inherits("QTipLabel"))
+        static_cast<QLabel*>(widget)->setTextFormat(Qt::PlainText);
+}
 
 void LookStyle::polish(QPalette& palette)
 {

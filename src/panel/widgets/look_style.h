@@ -15,6 +15,8 @@ public:
     LookStyle();
 
     using QProxyStyle::polish;
+    /// Has tool tips show their text as it is: names of devices, folders and files are no markup.
+    void polish(QWidget* widget) override;
     /// Gives a palette the contrast that sunlight needs, also after a change while running.
     void polish(QPalette& palette) override;
 

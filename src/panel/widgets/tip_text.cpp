@@ -1,7 +1,6 @@
 #include "panel/widgets/tip_text.h"
 
 #include <QStringList>
-#include <QTextDocument>
 
 namespace tarvex::panel
 {
@@ -30,8 +29,7 @@ QString TipText(const QString& text)
     QStringList lines;
     for (const QString& line : text.split('\n'))
         lines << Broken(line);
-    const QString tip = lines.join('\n');
-    return Qt::mightBeRichText(tip) ? tip.toHtmlEscaped().replace('\n', "<br>") : tip;
+    return lines.join('\n');
 }
 
 } // namespace tarvex::panel

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QTextDocument>
-
 #include <algorithm>
 
 namespace tarvex::tests
@@ -52,15 +50,9 @@ TEST(TipText, LeavesAShortTextAsItIs)
     EXPECT_EQ(panel::TipText(""), "");
 }
 
-TEST(TipText, ShowsANameThatLooksLikeMarkupAsText)
+TEST(TipText, LeavesANameThatLooksLikeMarkupAsItIs)
 {
-    const QString name = "Com 1: <b>adapter</b> & " + kLong;
-    const QString tip = panel::TipText(name);
-    ASSERT_TRUE(Qt::mightBeRichText(tip));
-    QTextDocument shown;
-    shown.setHtml(tip);
-    EXPECT_LE(LongestLine(shown.toPlainText()), 60);
-    EXPECT_EQ(shown.toPlainText().replace('\n', ' '), QString(name).replace('\n', ' '));
+    EXPECT_EQ(panel::TipText("Com 1: <b>adapter</b> &lt; b"), "Com 1: <b>adapter</b> &lt; b");
 }
 
 } // namespace
