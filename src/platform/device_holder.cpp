@@ -21,7 +21,7 @@ std::optional<DeviceHolder> HolderByLock(const std::filesystem::path&, const Loc
     return std::nullopt;
 }
 
-std::optional<DeviceHolder> HolderOf(const std::filesystem::path&, const LockFolders&)
+std::optional<DeviceHolder> HolderOf(const std::filesystem::path&, const LockFolders&, int)
 {
     return std::nullopt;
 }
@@ -93,10 +93,11 @@ std::optional<DeviceHolder> HolderByLock(const fs::path& device, const LockFolde
     return std::nullopt;
 }
 
-std::optional<DeviceHolder> HolderOf(const fs::path& device, const LockFolders& folders)
+std::optional<DeviceHolder> HolderOf(const fs::path& device, const LockFolders& folders,
+                                     int formerly)
 {
     if (auto holder = HolderByLock(device, folders)) return holder;
-    if (const auto process = ExclusiveHolderOf(device)) return HolderFor(*process);
+    if (const auto process = ExclusiveHolderOf(device, formerly)) return HolderFor(*process);
     return std::nullopt;
 }
 

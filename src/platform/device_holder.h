@@ -28,8 +28,9 @@ std::optional<DeviceHolder> HolderByLock(const std::filesystem::path& device,
                                          const LockFolders& folders);
 
 /// Who holds a device by a lock or by the exclusive flag, which shows only in processes that this
-/// user may look into. The device is not opened for it.
+/// user may look into; quickly when it is still the process `formerly`. The device is not opened
+/// for it.
 std::optional<DeviceHolder> HolderOf(const std::filesystem::path& device,
-                                     const LockFolders& folders);
+                                     const LockFolders& folders, int formerly = 0);
 
 } // namespace tarvex::platform

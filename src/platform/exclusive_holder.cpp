@@ -84,15 +84,17 @@ constexpr unsigned kAdministrator = 1U << CAP_SYS_ADMIN;
 
 } // namespace
 
-std::optional<int> ExclusiveHolderOf(const fs::path& device)
+std::optional<int> ExclusiveHolderOf(const fs::path& device, int formerly)
 {
     struct stat status {
     };
     if (::stat(device.c_str(), &status) != 0 || !S_ISCHR(status.st_mode)) return std::nullopt;
-    const std::vector<int> processes = NumbersIn("/proc");
-    const auto holder = std::ranges::find_if(processes, [&](int process) {
+    const auto holds = [&](int process) {
         return process != ::getpid() && HoldsExclusively(process, status.st_rdev);
-    });
+    };
+    if (formerly > 0 && holds(formerly)) return formerly;
+    const std::vector<int> processes = NumbersIn("/proc");
+    const auto holder = std::ranges::find_if(processes, holds);
     return holder != processes.end() ? std::optional(*holder) : std::nullopt;
 }
 

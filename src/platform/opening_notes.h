@@ -11,6 +11,7 @@ namespace tarvex::platform
 struct OpeningNote {
     bool held = false;           ///< another program had it
     int latencyMilliseconds = 0; ///< how long its adapter holds received bytes back all the same
+    int holder = 0; ///< the process of the program that had it, where the system says so
 };
 
 /// How the last attempt to open a port number went.

@@ -1,15 +1,13 @@
 #include "platform/opening_refusal.h"
 
 #include "platform/device_access.h"
-#include "platform/device_holder.h"
 #include "platform/device_kind.h"
 
 namespace tarvex::platform
 {
 
-std::string HeldText(const std::filesystem::path& device, const LockFolders& folders)
+std::string HeldText(const std::optional<DeviceHolder>& holder)
 {
-    const auto holder = HolderOf(device, folders);
     const std::string name = holder ? holder->Name() : std::string();
     return "in use by " + (name.empty() ? "another program" : name);
 }

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "platform/lock_file.h"
+#include "platform/device_holder.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace tarvex::platform
@@ -10,7 +11,7 @@ namespace tarvex::platform
 
 /// Why a device that is held has just not opened: "in use by ModemManager (process 812)", or "in
 /// use by another program" where the system does not say by which.
-std::string HeldText(const std::filesystem::path& device, const LockFolders& folders);
+std::string HeldText(const std::optional<DeviceHolder>& holder);
 
 /// Why a device that nobody holds has just not opened: "no such device", "permission denied" and
 /// the like. `characterDevices` is where the system describes its devices by their numbers.

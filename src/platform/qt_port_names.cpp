@@ -155,9 +155,9 @@ PortFacts QtPortNames::FactsOf(int number) const
     facts.opening = surroundings_.notes->LastOf(number);
     if (!facts.access.there) return facts;
     facts.kind = KindOf(choice.device, surroundings_.characterDevices);
-    facts.holder = HolderOf(choice.device, surroundings_.locks);
-    if (facts.holder && facts.holder->IsOurs()) facts.holder.reset();
     facts.note = surroundings_.notes->Of(choice.device);
+    facts.holder = HolderOf(choice.device, surroundings_.locks, facts.note.holder);
+    if (facts.holder && facts.holder->IsOurs()) facts.holder.reset();
     return facts;
 }
 

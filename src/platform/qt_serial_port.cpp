@@ -212,12 +212,20 @@ void QtSerialPort::Open()
         OpenDevice(choice.device);
         Note(choice.device, {});
     } catch (const DeviceHeld&) {
-        Note(choice.device, HeldText(choice.device, surroundings_.locks));
+        NoteHeld(choice.device);
         throw;
     } catch (const RunTimeFailure&) {
         Note(choice.device, RefusalText(choice.device, surroundings_.characterDevices));
         throw;
     }
+}
+
+void QtSerialPort::NoteHeld(const std::filesystem::path& device) const
+{
+    OpeningNotes& notes = *surroundings_.notes;
+    const auto holder = HolderOf(device, surroundings_.locks, notes.Of(device).holder);
+    notes.Put(device, {.held = true, .holder = holder ? holder->process : 0});
+    Note(device, HeldText(holder));
 }
 
 void QtSerialPort::Note(const std::filesystem::path& device, const std::string& refusal) const
@@ -227,16 +235,9 @@ void QtSerialPort::Note(const std::filesystem::path& device, const std::string& 
 
 void QtSerialPort::OpenDevice(const std::filesystem::path& device)
 {
-    OpeningNote note;
-    try {
-        opening_ = std::make_unique<Opening>(device, surroundings_);
-        note.latencyMilliseconds = LatencyMilliseconds(device, surroundings_.characterDevices);
-        surroundings_.notes->Put(device, note);
-    } catch (const DeviceHeld&) {
-        note.held = true;
-        surroundings_.notes->Put(device, note);
-        throw;
-    }
+    opening_ = std::make_unique<Opening>(device, surroundings_);
+    const int latency = LatencyMilliseconds(device, surroundings_.characterDevices);
+    surroundings_.notes->Put(device, {.latencyMilliseconds = latency});
 }
 
 void QtSerialPort::Close()

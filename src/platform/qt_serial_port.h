@@ -34,6 +34,7 @@ public:
 private:
     class Opening;
     void OpenDevice(const std::filesystem::path& device);
+    void NoteHeld(const std::filesystem::path& device) const;
     void Note(const std::filesystem::path& device, const std::string& refusal) const;
     Opening& RequireOpen() const;
 

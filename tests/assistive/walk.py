@@ -6,6 +6,7 @@ with a window manager, a session bus, and an empty folder to work in.
 
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import sys
@@ -131,6 +132,19 @@ class Manager(unittest.TestCase):
             port = reader.control(self.main, Role.RADIO_BUTTON, f"Com {number}")
             wait_for("description", port.get_description)
             self.assertEqual(has(port, State.CHECKED), state is not None)
+        turn_to("Header Data")
+
+    def test_ports_say_what_has_changed_while_they_are_on_view(self):
+        turn_to("Setup Tar Vex")
+        first, second = (reader.control(self.main, Role.RADIO_BUTTON, f"Com {number}") for number in (1, 2))
+        self.press_without_waiting(self.expect_control(self.main, Role.PUSH_BUTTON, "Read Block"))
+        wait_for("opening of Com 1", lambda: re.search(r"\nopened \d\d:\d\d$", first.get_description()))
+        os.symlink(os.readlink("com1"), "com2")
+        self.addCleanup(os.remove, "com2")
+        self.assertNotIn("com2 -> ", second.get_description())
+        press(reader.control(self.main, Role.PUSH_BUTTON, "About"))
+        type_key(reader.window("About"), "Escape")
+        wait_for("device of Com 2", lambda: "com2 -> " in second.get_description())
         turn_to("Header Data")
 
     def test_about(self):

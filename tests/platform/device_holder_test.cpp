@@ -91,6 +91,21 @@ TEST_F(DeviceHolding, ByTheExclusiveFlagNamesTheProgramThatHasItOpen)
     EXPECT_EQ(holder->process, other.Process());
 }
 
+/// A command that tries a held port thirty times would otherwise look at all processes as often.
+TEST_F(DeviceHolding, ByTheExclusiveFlagIsLookedForInTheFormerHolderFirst)
+{
+    const OtherProgram one(terminal.Device(), Opens);
+    const OtherProgram other(terminal.Device(), HoldExclusively);
+    const auto foundAfter = [&](int formerly) {
+        const auto holder = HolderOf(terminal.Device(), folders, formerly);
+        return holder ? holder->process : 0;
+    };
+    EXPECT_EQ(foundAfter(one.Process()), one.Process());
+    EXPECT_EQ(foundAfter(other.Process()), other.Process());
+    EXPECT_EQ(foundAfter(EndedProcess()), foundAfter(0));
+    EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
+}
+
 TEST_F(DeviceHolding, OfNoDeviceIsNobodys)
 {
     EXPECT_FALSE(HolderOf(folder / "pulled", folders));

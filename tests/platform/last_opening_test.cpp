@@ -95,6 +95,20 @@ TEST_F(LastOpening, NamesTheProgramWithTheExclusiveFlag)
     EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
 }
 
+TEST_F(LastOpening, NamesTheProgramThatHasThePortNowAndNotItsFormerHolder)
+{
+    const auto hold = [](int descriptor) { return ::ioctl(descriptor, TIOCEXCL) == 0; };
+    {
+        const OtherProgram former(terminal.Device(), hold);
+        EXPECT_NE(RefusalOf(ours), "");
+        EXPECT_EQ(Told(), HeldBy(former));
+    }
+    const OtherProgram other(terminal.Device(), hold);
+    EXPECT_NE(RefusalOf(ours), "");
+    EXPECT_EQ(Told(), HeldBy(other));
+    EXPECT_EQ(::ioctl(terminal.Slave(), TIOCNXCL), 0);
+}
+
 TEST_F(LastOpening, NamesTheProgramOfALockFile)
 {
     const OtherProgram other("/dev/null", Opens);

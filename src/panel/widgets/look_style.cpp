@@ -124,8 +124,7 @@ LookStyle::LookStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 void LookStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
-    if (widget->inherits("QTipLabel"))
-        static_cast<QLabel*>(widget)->setTextFormat(Qt::PlainText);
+    if (widget->inherits("QTipLabel")) static_cast<QLabel*>(widget)->setTextFormat(Qt::PlainText);
 }
 
 void LookStyle::polish(QPalette& palette)

@@ -27,6 +27,8 @@ PortOptions::PortOptions(QWidget& window, OptionGroup& group, PortNames& names)
         buttons_.addButton(button, index);
         button->installEventFilter(this);
     }
+    window.installEventFilter(this);
+    if (auto* wait = window.findChild<QWidget*>("Shape1")) wait->installEventFilter(this);
     group_.Watch([this] { ShowSelected(); });
     ShowSelected();
 }
@@ -41,14 +43,24 @@ void PortOptions::ShowSelected()
     if (QAbstractButton* button = buttons_.button(group_.Selected())) button->setChecked(true);
 }
 
-/// Asked for anew whenever somebody looks: adapters come and go.
+/// Asked for anew whenever somebody looks: adapters come and go. An assistive tool reads what is
+/// there without a sign of its looking.
 bool PortOptions::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* button = qobject_cast<QAbstractButton*>(watched);
-    const bool heard = event->type() == QEvent::Show && QAccessible::isActive();
-    const bool asked = event->type() == QEvent::ToolTip || event->type() == QEvent::FocusIn;
-    if (button != nullptr && (asked || heard)) Describe(*button);
+    const QEvent::Type type = event->type();
+    if (auto* button = qobject_cast<QAbstractButton*>(watched)) {
+        const bool heard = type == QEvent::Show && QAccessible::isActive();
+        if (heard || type == QEvent::ToolTip || type == QEvent::FocusIn) Describe(*button);
+    } else if (type == QEvent::WindowActivate || type == QEvent::HideToParent) {
+        if (QAccessible::isActive()) DescribeAll();
+    }
     return false;
+}
+
+void PortOptions::DescribeAll()
+{
+    for (QAbstractButton* button : buttons_.buttons())
+        if (button->isVisible()) Describe(*button);
 }
 
 void PortOptions::Describe(QAbstractButton& button)

@@ -10,8 +10,10 @@ namespace tarvex::panel
 {
 
 /// The four option buttons of the serial port: they show what the group has selected, and say in
-/// their tool tips and to assistive tools, asked for again each time a tip shows or the focus
-/// comes, which device each number means at that moment and how its last opening went.
+/// their tool tips and to assistive tools which device each number means at that moment and how its
+/// last opening went. That is asked for again each time a tip shows or the focus comes; and, where
+/// an assistive tool listens, when they come on view, their window becomes the active one or a wait
+/// for the unit has ended.
 class PortOptions final : public QObject
 {
 public:
@@ -23,6 +25,7 @@ public:
 
 private:
     void ShowSelected();
+    void DescribeAll();
     void Describe(QAbstractButton& button);
 
     OptionGroup& group_;
