@@ -1,5 +1,6 @@
 #include "panel/widgets/fit_screen.h"
 
+#include "panel/widgets/layout_room.h"
 #include "panel/widgets/scroll_room.h"
 
 #include <QFontMetrics>
@@ -30,6 +31,21 @@ int TitleWidth(const QWidget& window)
 QSize LeastSize(const QWidget& window)
 {
     return window.minimumSizeHint().expandedTo(window.minimumSize());
+}
+
+bool Holds(QSize room, QSize content)
+{
+    return content.boundedTo(room) == content;
+}
+
+/// Whether all that the window holds is in sight at that size.
+bool ShowsAll(QWidget& window, QSize size)
+{
+    if (!Holds(size, LeastSize(window))) return false;
+    window.resize(size);
+    window.layout()->activate();
+    const QList<ScrollRoom*> rooms = window.findChildren<ScrollRoom*>();
+    return std::ranges::all_of(rooms, [](const ScrollRoom* room) { return room->ShowsAll(); });
 }
 
 /// Puts all that the window holds into a room that scrolls.
@@ -70,8 +86,12 @@ void FitToScreen(QWidget& window, QSize least)
     const QSize given = window.testAttribute(Qt::WA_Resized) ? window.size() : QSize();
     const QSize wanted =
         window.sizeHint().expandedTo(least).expandedTo(given).expandedTo({TitleWidth(window), 0});
-    const QSize needed = LeastSize(window);
-    if (needed.width() > free.width() || needed.height() > free.height()) GiveWay(window);
+    LayoutRoom room(window);
+    for (const double share : {1.0, 0.75, 0.5, 0.25}) {
+        room.Keep(share);
+        if (ShowsAll(window, wanted.boundedTo(free))) break;
+    }
+    if (!Holds(free, LeastSize(window))) GiveWay(window);
     window.setMinimumWidth(std::min({TitleWidth(window), free.width(), wanted.width()}));
     window.resize(wanted.boundedTo(free));
 }

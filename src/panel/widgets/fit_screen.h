@@ -12,7 +12,8 @@ namespace tarvex::panel
 QSize FreeSize(const QWidget& window);
 
 /// Gives a window that is not yet shown the size of its contents, or `least` if that is larger, and
-/// its title room to be read; but never more than the FreeSize. Contents that need more scroll.
+/// its title room to be read; but never more than the FreeSize. Contents that need more are set
+/// closer together, and where that is not enough they scroll.
 void FitToScreen(QWidget& window, QSize least = {});
 
 } // namespace tarvex::panel

@@ -28,6 +28,12 @@ ScrollRoom::~ScrollRoom()
     disconnect(following_);
 }
 
+bool ScrollRoom::ShowsAll() const
+{
+    const QSize all = widget()->minimumSizeHint() + QSize(frameWidth(), frameWidth()) * 2;
+    return all.boundedTo(size()) == all;
+}
+
 QSize ScrollRoom::sizeHint() const
 {
     const int frames = 2 * frameWidth();

@@ -16,6 +16,9 @@ public:
     ScrollRoom(const ScrollRoom&) = delete;
     ScrollRoom& operator=(const ScrollRoom&) = delete;
 
+    /// Whether it needs no scrolling at the size that it has.
+    bool ShowsAll() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

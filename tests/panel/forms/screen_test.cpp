@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTest>
 
@@ -134,6 +135,18 @@ TEST_F(Screen, ShowsTheWholeWaitIndicatorWhateverIsScrolled)
     EXPECT_EQ(label.visibleRegion().boundingRect(), label.rect());
     EXPECT_LE(label.heightForWidth(label.width()), label.height());
     EXPECT_GT(label.width(), window.width() / 2);
+}
+
+TEST_F(Screen, ScrollsNothingWhereASpacingCouldGiveWay)
+{
+    const bool usual = qEnvironmentVariableIntValue("SCREEN_TEST_TEXT") <= 150;
+    if (!usual || Free().height() < 500) GTEST_SKIP() << "too small, however close the contents";
+    for (int tab = 0; tab < 3; ++tab) {
+        window.findChild<QTabBar*>("TabStrip1")->setCurrentIndex(tab);
+        QApplication::processEvents();
+        for (const auto* bar : window.findChildren<QScrollBar*>())
+            EXPECT_FALSE(bar->isVisible()) << tab << bar->parent()->objectName().toStdString();
+    }
 }
 
 TEST_F(Screen, HoldsTheSideForms)
