@@ -8,6 +8,10 @@ namespace tarvex
 /// The title of every box that has no other, and of the main form.
 inline constexpr std::string_view kProgramTitle = "Tar Vex Manager";
 
+/// The property by which a window marks the field that its next box speaks of: the box leaves it in
+/// sight.
+inline constexpr const char* kSpokenOf = "spokenOf";
+
 /// The program's modal boxes. Each returns when the operator has answered it; one under which the
 /// program ends raises ProgramEnded.
 class MessageBoxes

@@ -2,11 +2,10 @@
 
 #include "core/failure.h"
 #include "platform/box_place.h"
+#include "platform/sights.h"
 #include "platform/text/qt_text.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
 #include <QShowEvent>
@@ -28,22 +27,6 @@ QWidget* WindowBelow()
     return nullptr;
 }
 
-/// Where the fields of the window lie on the screen, as far as they are in sight.
-std::vector<QRect> FieldsOf(const QWidget& window)
-{
-    std::vector<QRect> fields;
-    const auto add = [&fields](const QWidget* field) {
-        const QRect shown = field->visibleRegion().boundingRect();
-        if (!shown.isEmpty())
-            fields.emplace_back(field->mapToGlobal(shown.topLeft()), shown.size());
-    };
-    for (const QWidget* field : window.findChildren<QLineEdit*>())
-        add(field);
-    for (const QWidget* field : window.findChildren<QComboBox*>())
-        add(field);
-    return fields;
-}
-
 /// Comes up beside the fields of its window: a box speaks of one of them, and the operator must see
 /// what is in it.
 class PlacedBox final : public QMessageBox
@@ -59,7 +42,7 @@ protected:
         if (event->spontaneous() || below == nullptr) return;
         const QMargins frame = FrameOf(*below);
         move(PlaceOfBox(size().grownBy(frame), below->screen()->availableGeometry(),
-                        below->frameGeometry(), FieldsOf(*below)));
+                        below->frameGeometry(), SightsOf(*below)));
     }
 
 private:

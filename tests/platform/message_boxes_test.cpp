@@ -5,10 +5,13 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QProxyStyle>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -160,6 +163,32 @@ TEST_F(Boxes, OpenOverTheActiveWindow)
         box.reject();
     });
     boxes.Critical("ATTENTION");
+}
+
+/// A window that leaves no room beside its fields: three of them, each as high as a third of it.
+TEST_F(Boxes, LeaveTheFieldInSightThatTheySpeakOf)
+{
+    QWidget window;
+    window.setGeometry(window.screen()->availableGeometry());
+    auto* column = new QVBoxLayout(&window);
+    for (int i = 0; i < 3; ++i) {
+        auto* field = new QLineEdit(&window);
+        field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        column->addWidget(field);
+    }
+    window.show();
+    QApplication::setActiveWindow(&window);
+    for (auto* field : window.findChildren<QLineEdit*>()) {
+        seen = 0;
+        field->setProperty(kSpokenOf, true);
+        WhenShown([&](QMessageBox& box) {
+            const QRect place(field->mapToGlobal(QPoint()), field->size());
+            EXPECT_FALSE(box.frameGeometry().intersects(place)) << place.top();
+            box.reject();
+        });
+        boxes.Critical("Attention: Invalid value");
+        field->setProperty(kSpokenOf, false);
+    }
 }
 
 TEST_F(Boxes, OpenOverTheProgramsWindowAlsoWhileAnotherProgramIsActive)

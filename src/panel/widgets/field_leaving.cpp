@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QFocusEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -29,7 +30,9 @@ FieldLeaving::FieldLeaving(Handlers& handlers, MessageBoxes& messages)
 
 void FieldLeaving::RunOnLeaving(BoxEdit& edit, Rule rule)
 {
-    edit.OnLeave([this, rule = std::move(rule)](Qt::FocusReason reason) { Leave(rule, reason); });
+    edit.OnLeave([this, &edit, rule = std::move(rule)](Qt::FocusReason reason) {
+        Leave(edit, rule, reason);
+    });
 }
 
 void FieldLeaving::CatchUp()
@@ -43,10 +46,13 @@ void FieldLeaving::CatchUp(Qt::FocusReason reason)
         edit->CatchUp(reason);
 }
 
-void FieldLeaving::Leave(const Rule& rule, Qt::FocusReason reason)
+void FieldLeaving::Leave(BoxEdit& edit, const Rule& rule, Qt::FocusReason reason)
 {
+    const QPointer<BoxEdit> left(&edit);
     NotedBoxes messages(messages_);
+    edit.setProperty(kSpokenOf, true);
     handlers_.Run([&] { rule(messages); });
+    if (left) left->setProperty(kSpokenOf, false);
     if (messages.shown && reason == Qt::MouseFocusReason) keptPress_.BoxShownInPress();
 }
 

@@ -40,7 +40,7 @@ public:
 
 private:
     void CatchUp(Qt::FocusReason reason);
-    void Leave(const Rule& rule, Qt::FocusReason reason);
+    void Leave(BoxEdit& edit, const Rule& rule, Qt::FocusReason reason);
 
     Handlers& handlers_;
     MessageBoxes& messages_;

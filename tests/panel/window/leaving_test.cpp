@@ -61,6 +61,17 @@ TEST_F(Leaving, ByTabRunsTheRule)
     EXPECT_EQ(state.depthText, "0050");
 }
 
+TEST_F(Leaving, MarksTheFieldThatABoxSpeaksOfWhileItIsShown)
+{
+    TypeInto("Text7", "7");
+    boxes.Expect(kInvalidValue, [this] {
+        EXPECT_TRUE(Edit("Text7").property(kSpokenOf).toBool());
+        EXPECT_FALSE(Edit("Text8").property(kSpokenOf).toBool());
+    });
+    PressKey(Qt::Key_Tab);
+    EXPECT_FALSE(Edit("Text7").property(kSpokenOf).toBool());
+}
+
 TEST_F(Leaving, ByBacktabRunsTheRule)
 {
     TypeInto("Text5", "t1");
