@@ -1,5 +1,7 @@
 #include "panel/rendered.h"
 
+#include <QFocusFrame>
+
 #include <algorithm>
 #include <cmath>
 #include <map>
@@ -136,6 +138,17 @@ std::string Rendered::SidesWithoutChange(const QWidget& control, const Rendered&
     for (const auto& [name, strip] : sides)
         if (!ChangesAlong(strip, before)) missing += name;
     return missing;
+}
+
+std::string SidesWithoutMark(QWidget& window, const QWidget& control)
+{
+    auto* mark = window.findChild<QFocusFrame*>("FocusMark");
+    if (mark == nullptr || mark->widget() != &control || !mark->isVisible()) return "no mark";
+    const Rendered with(window);
+    mark->hide();
+    const Rendered without(window);
+    mark->show();
+    return with.SidesWithoutChange(control, without);
 }
 
 } // namespace tarvex::tests

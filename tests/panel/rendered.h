@@ -42,6 +42,10 @@ private:
     QImage picture_;
 };
 
+/// Which of "left top right bottom" of that control the mark of the focus in this window leaves as
+/// they are without it; "no mark" when it marks another control or none.
+std::string SidesWithoutMark(QWidget& window, const QWidget& control);
+
 /// The contrast of two colours by the accessibility guidelines.
 double SeenContrast(const QColor& one, const QColor& other);
 

@@ -1,5 +1,7 @@
 #include "program/demonstration.h"
 
+#include "panel/widgets/wait_ground.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QPixmap>
@@ -42,6 +44,27 @@ bool Demonstration::Run()
     program_.MainForm()->close();
     Say(QStringLiteral("closed the panel; messages shown: %1").arg(boxes_.texts.size()));
     return downloaded && program_.End().Ended();
+}
+
+bool Demonstration::RunIntoStall()
+{
+    SeeSplash();
+    ReadBlock();
+    ChooseFolder();
+    QTimer look;
+    look.callOnTimeout(program_.MainForm(), [this] { SeeStall(); });
+    look.start(kFrameTime);
+    AtPanel().Click("command3d1"); // returns at the end of the program only
+    return program_.End().Ended();
+}
+
+void Demonstration::SeeStall()
+{
+    const auto* ground = program_.MainForm()->findChild<QWidget*>("Shape1");
+    if (!static_cast<const panel::WaitGround*>(ground)->Progress().Now().stalled) return;
+    Say("nothing comes from the unit, address " + AtPanel().Text("Text17"));
+    Picture(program_.MainForm(), QStringLiteral("stalled"));
+    program_.MainForm()->close();
 }
 
 void Demonstration::SeeSplash()

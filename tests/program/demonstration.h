@@ -25,11 +25,16 @@ public:
     /// True when the session went as it should.
     bool Run();
 
+    /// A download from a unit that falls silent on the way, as far as its stalled wait and the
+    /// close of the panel. True when it came to that.
+    bool RunIntoStall();
+
 private:
     void SeeSplash();
     void ReadBlock();
     void ChooseFolder();
     bool Download();
+    void SeeStall();
     void SeeOtherForms();
     void SeeServiceForm(const char* entry, const char* form, const char* picture);
     void SeeDatabase();

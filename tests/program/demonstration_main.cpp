@@ -18,6 +18,8 @@ int main(int argc, char* argv[])
     parser.addOption({QStringLiteral("block"), QStringLiteral("the block to download"),
                       QStringLiteral("NUMBER"), QStringLiteral("3")});
     parser.addOption({QStringLiteral("film"), QStringLiteral("picture all of the download")});
+    parser.addOption({QStringLiteral("stalled"),
+                      QStringLiteral("only a download, from a unit that falls silent")});
     parser.addOption({QStringLiteral("dark"), QStringLiteral("as on a dark desktop")});
     parser.process(application);
     if (parser.isSet(QStringLiteral("dark")))
@@ -30,7 +32,8 @@ int main(int argc, char* argv[])
         tarvex::tests::Demonstration session(std::filesystem::current_path(),
                                              parser.value(QStringLiteral("block")).toInt(),
                                              parser.isSet(QStringLiteral("film")));
-        return session.Run() ? 0 : 1;
+        const bool stalled = parser.isSet(QStringLiteral("stalled"));
+        return (stalled ? session.RunIntoStall() : session.Run()) ? 0 : 1;
     } catch (const std::exception& error) {
         std::cerr << "tarvex-session: " << error.what() << '\n';
         return 1;

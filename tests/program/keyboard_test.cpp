@@ -1,9 +1,9 @@
+#include "panel/rendered.h"
 #include "program/program_test.h"
 #include "program/windows.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFocusFrame>
 #include <QRadioButton>
 #include <QTabBar>
 #include <QToolTip>
@@ -73,31 +73,12 @@ void SendKey(QWidget& to, Qt::Key key, bool held = false)
     QCoreApplication::sendEvent(&to, &press);
 }
 
-/// How many pixels of the window's picture the mark of the focus changes.
-int PixelsOf(QWidget& mark, QWidget& window)
-{
-    const QImage with = window.grab().toImage();
-    mark.hide();
-    const QImage without = window.grab().toImage();
-    mark.show();
-    int changed = 0;
-    for (int y = 0; y < with.height(); ++y)
-        for (int x = 0; x < with.width(); ++x)
-            changed += with.pixel(x, y) != without.pixel(x, y) ? 1 : 0;
-    return changed;
-}
-
 TEST_P(EveryWindow, MarksItsFocusWhenItOpens)
 {
     const QWidget* focused = QApplication::focusWidget();
     ASSERT_NE(focused, nullptr);
     ASSERT_EQ(focused->window(), window);
-    auto* mark = window->findChild<QFocusFrame*>("FocusMark");
-    ASSERT_NE(mark, nullptr);
-    EXPECT_TRUE(mark->isVisible());
-    EXPECT_EQ(mark->widget(), focused);
-    const int round = focused->width() + focused->height();
-    EXPECT_GT(PixelsOf(*mark, *window), round) << focused->objectName().toStdString();
+    EXPECT_EQ(SidesWithoutMark(*window, *focused), "") << focused->objectName().toStdString();
 }
 
 TEST_P(EveryWindow, OpensWithTheFocusOnNothingThatWrites)

@@ -5,7 +5,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
-#include <QFocusFrame>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QTest>
@@ -50,18 +49,6 @@ protected:
     }
     ~FocusMarkInABox() override { QApplication::setPalette(QPalette()); }
 
-    /// The sides of the focused control at which the mark changes nothing.
-    std::string SidesWithoutMark(const QWidget& control)
-    {
-        auto* mark = box->findChild<QFocusFrame*>("FocusMark");
-        if (mark == nullptr || mark->widget() != &control) return "no mark";
-        const Rendered with(*box);
-        mark->hide();
-        const Rendered without(*box);
-        mark->show();
-        return with.SidesWithoutChange(control, without);
-    }
-
     std::unique_ptr<QDialog> box;
 };
 
@@ -74,7 +61,7 @@ TEST_P(FocusMarkInABox, IsWholeAroundEveryButtonAndField)
         if (!reached || !control->isVisible() || !control->isEnabled()) continue;
         control->setFocus();
         QCoreApplication::processEvents();
-        EXPECT_EQ(SidesWithoutMark(*control), "")
+        EXPECT_EQ(SidesWithoutMark(*box, *control), "")
             << control->metaObject()->className() << ' ' << control->objectName().toStdString();
         ++marked;
     }
