@@ -17,6 +17,7 @@ namespace tarvex::panel
 class LayoutRoom
 {
 public:
+    /// Notes what all layouts below the window have now.
     explicit LayoutRoom(QWidget& window);
 
     /// Leaves `share` (0 to 1) of that room, but nowhere so little that a focus mark is cut off.
