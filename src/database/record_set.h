@@ -37,6 +37,10 @@ public:
     /// Fails when the position is past the last row already. A move drops the edit buffer.
     virtual void MoveNext() = 0;
 
+    /// From now on MoveNext may pass over rows whose mark is empty text: whoever walks does nothing
+    /// to them. What it passes over had that mark at the moment of the move.
+    virtual void PassOverEmptyMarks() {}
+
     /// Starts a new row in the edit buffer, with Null in every field. The handle stays on its row,
     /// also after Update.
     virtual void AddNew() = 0;

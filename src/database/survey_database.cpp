@@ -13,6 +13,11 @@ void SurveyHandle::MoveFirst()
     Attempt([&] { Opened().MoveFirst(); });
 }
 
+void SurveyHandle::PassOverEmptyMarks()
+{
+    if (records_) records_->PassOverEmptyMarks();
+}
+
 void SurveyHandle::MoveNext()
 {
     Attempt([&] { Opened().MoveNext(); });

@@ -29,6 +29,9 @@ public:
     void SetField(std::string_view name, const Value& value);
     void LetOthersWrite();
 
+    /// As that of RecordSet; no step, and no effect while nothing is assigned.
+    void PassOverEmptyMarks();
+
     /// False when it fails.
     bool KeepOthersFromWriting();
 

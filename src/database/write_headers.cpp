@@ -52,6 +52,7 @@ void WriteHeaders(ControlPanel& panel, WorkingState& state, SurveyDatabase& surv
     survey.OpenTable(); // after the events: another of these commands may have run in them
 
     SurveyHandle& row = survey.surveyTable;
+    row.PassOverEmptyMarks(); // they would be set to what they are
     HeaderFile file(state);
     file.Open();
     row.MoveFirst();

@@ -43,6 +43,7 @@ public:
         watcher_.Note("MoveNext");
         inner_->MoveNext();
     }
+    void PassOverEmptyMarks() override { inner_->PassOverEmptyMarks(); } // no step of a handler
     void AddNew() override
     {
         watcher_.Note("AddNew");

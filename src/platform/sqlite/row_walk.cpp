@@ -22,9 +22,24 @@ RowWalk::Mark MarkOf(sqlite3_int64 kind)
 } // namespace
 
 RowWalk::RowWalk(const SqliteConnection& connection, const std::vector<Condition>& conditions)
-    : connection_(connection), select_(connection, SelectKeysSql(conditions))
+    : connection_(connection),
+      conditions_(conditions),
+      select_(connection, SelectKeysSql(conditions))
 {
-    for (const Condition& condition : conditions)
+    BindConditions();
+}
+
+void RowWalk::PassOverEmptyMarks()
+{
+    passesOver_ = true;
+    select_ = Statement(connection_, SelectMarkedKeysSql(conditions_));
+    BindConditions();
+}
+
+void RowWalk::BindConditions()
+{
+    places_ = 0;
+    for (const Condition& condition : conditions_)
         select_.Bind(++places_, Value(Folded(condition.text)));
 }
 
@@ -37,7 +52,10 @@ void RowWalk::Next()
 {
     const sqlite3_int64 number = Number();
     given_.reset();
-    if (++position_ == rows_.size() || IsStale()) Fetch(number);
+    ++position_;
+    while (passesOver_ && position_ < rows_.size() && rows_[position_].mark == Mark::Empty)
+        ++position_;
+    if (position_ == rows_.size() || IsStale()) Fetch(number);
 }
 
 bool RowWalk::AtEnd() const

@@ -27,6 +27,9 @@ public:
     /// To the first row, if there is one.
     void First();
 
+    /// From now on Next passes over the rows whose mark is empty text.
+    void PassOverEmptyMarks();
+
     /// To the next row, or past the last. When that fails, everything here fails from then on: a
     /// walk that does not move would never end.
     void Next();
@@ -57,13 +60,16 @@ private:
 
     using Clock = std::chrono::steady_clock;
 
+    void BindConditions();
     void Fetch(sqlite3_int64 after);
     bool IsStale();
     const Row& Current() const;
     void RequireUsable() const;
 
     const SqliteConnection& connection_;
+    const std::vector<Condition> conditions_;
     Statement select_;
+    bool passesOver_ = false;
     int places_ = 0; // to bind
     std::vector<Row> rows_;
     FileVersion version_; // of what rows_ were read from

@@ -124,6 +124,11 @@ void SqliteRecordSet::MoveNext()
     if (opened.walk.AtEnd() || opened.walk.KindOfMark() == Mark::Set) opened.clearing.Finish();
 }
 
+void SqliteRecordSet::PassOverEmptyMarks()
+{
+    RequireOpen().walk.PassOverEmptyMarks();
+}
+
 void SqliteRecordSet::AddNew()
 {
     RequireOpen();

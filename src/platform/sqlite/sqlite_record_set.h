@@ -47,6 +47,7 @@ public:
     void MoveFirst() override;
     bool Eof() override;
     void MoveNext() override;
+    void PassOverEmptyMarks() override;
     void AddNew() override;
     void Edit() override;
     void Update() override;

@@ -47,6 +47,17 @@ std::string IndexOnTable()
            FoldedSql("cantiere") + ", " + FoldedSql("tubo") + ")";
 }
 
+/// `where` ends in AND, or is empty.
+std::string KeysSql(const std::vector<Condition>& conditions, std::string where)
+{
+    for (const Condition& condition : conditions)
+        where += FoldedSql(kSurveyFields.at(FieldIndex(condition.field))) + " = ? AND ";
+    const std::string mark = Bracketed(kMarkField);
+    return "SELECT rowid, CASE WHEN " + mark + " IS NULL THEN 0 WHEN " + mark +
+           " = '' THEN 1 ELSE 2 END, " + mark + " FROM " + Table() + " WHERE " + where +
+           "rowid > ? ORDER BY rowid LIMIT " + std::to_string(kKeysAtOnce);
+}
+
 } // namespace
 
 std::string CreateTableSql()
@@ -94,15 +105,13 @@ std::string SelectRangeSql()
 
 std::string SelectKeysSql(const std::vector<Condition>& conditions)
 {
-    std::string where;
-    for (const Condition& condition : conditions)
-        where += FoldedSql(kSurveyFields.at(FieldIndex(condition.field))) + " = ? AND ";
-    const std::string mark = Bracketed(kMarkField);
-    return "SELECT rowid, CASE WHEN " + mark + " IS NULL THEN 0 WHEN " + mark +
-           " = '' THEN 1 ELSE 2 END, " + mark + " FROM " + Table() + " WHERE " + where +
-           "rowid > ? ORDER BY rowid LIMIT " + std::to_string(kKeysAtOnce);
+    return KeysSql(conditions, {});
 }
 
+std::string SelectMarkedKeysSql(const std::vector<Condition>& conditions)
+{
+    return KeysSql(conditions, Bracketed(kMarkField) + " IS NOT '' AND ");
+}
 std::string InsertSql()
 {
     std::string values;

@@ -41,6 +41,9 @@ std::string SelectRangeSql();
 /// and come after a given number, in order: the conditions' texts and that number to bind.
 std::string SelectKeysSql(const std::vector<Condition>& conditions);
 
+/// As SelectKeysSql, without the rows whose mark is empty text.
+std::string SelectMarkedKeysSql(const std::vector<Condition>& conditions);
+
 /// A new row: all its fields to bind.
 std::string InsertSql();
 

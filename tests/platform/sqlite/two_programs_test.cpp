@@ -111,6 +111,39 @@ TEST_F(TwoProgramsTest, AMarkTypedWhileABoxIsOpenIsTransferred)
     EXPECT_EQ(RowAt(1).at("b"), "");
 }
 
+TEST_F(TwoProgramsTest, AMarkTypedAheadOfTheWalkIntoAnEmptyOneIsTransferred)
+{
+    for (const char* mark : {"", "30", "", ""})
+        AddRow({{"b", mark}});
+    SurveyRow row = TubeRow(DamHeader("00", "", ""));
+    row["b"] = "";
+    AddRow(row);
+    boxes.Expect("Attention: Block no. is incorect",
+                 [&] { raw.Run("UPDATE tar_vex SET b = '4' WHERE cliente IS NOT NULL"); });
+    Write();
+    EXPECT_EQ(StoredHeader(4).cliente.Text(), "ROSSI   ");
+    EXPECT_EQ(RowAt(4).at("b"), "");
+}
+
+TEST_F(TwoProgramsTest, AWalkOverMarksMeetsThoseThatAreThereWhenItMoves)
+{
+    for (const SurveyRow& row : {SurveyRow{{"b", ""}}, SurveyRow{{"b", "5"}}, SurveyRow{{"b", ""}},
+                                 SurveyRow{}, SurveyRow{{"b", ""}}, SurveyRow{{"b", ""}}})
+        AddRow(row);
+    const auto table = backend->OpenTable(survey.databasePath);
+    table->PassOverEmptyMarks();
+    table->MoveFirst();
+    EXPECT_EQ(table->Fields("b"), "5");
+    table->MoveNext();
+    EXPECT_TRUE(table->Fields("b").IsNull());
+    raw.Run("UPDATE tar_vex SET b = '7' WHERE rowid = 5");
+    table->MoveNext();
+    EXPECT_EQ(table->Fields("b"), "7");
+    raw.Run("UPDATE tar_vex SET b = '8' WHERE rowid = 5");
+    table->MoveNext();
+    EXPECT_TRUE(table->Eof());
+}
+
 TEST_F(TwoProgramsTest, TheMarkThatCountsIsTheOneThatItsRowHasWhenItBecomesCurrent)
 {
     for (const SurveyRow& row : {SurveyRow{}, SurveyRow{}, SurveyRow{{"b", "5"}}})
