@@ -111,6 +111,7 @@ void RunAll(const Options& options)
         wall = std::chrono::steady_clock::now() - start;
     }
     ::alarm(0);
+    RememberInput({}); // the last one is gone; what is found from here on is of no single input
     const double used = ProcessorSeconds() - before;
     std::cout << kept.size() << " kept inputs replayed, " << runs << " more tried in "
               << wall.count() << " s; " << (used > 0 ? static_cast<double>(runs) / used : 0)

@@ -49,11 +49,13 @@ void RememberInput(std::string_view input)
 
 } // namespace tarvex::fuzz
 
-// A fault that a sanitizer finds ends in SIGABRT too.
+// A fault that a sanitizer finds ends in SIGABRT too. What a run has freed need not be kept out of
+// use for longer than some runs, nor filled: both take a sixth of the time.
 extern "C" {
 const char* __asan_default_options() // NOLINT(bugprone-reserved-identifier): its name
 {
-    return "abort_on_error=1:malloc_context_size=5";
+    return "abort_on_error=1:malloc_context_size=1:quarantine_size_mb=1:"
+           "thread_local_quarantine_size_kb=64:max_malloc_fill_size=0";
 }
 const char* __ubsan_default_options() // NOLINT(bugprone-reserved-identifier): its name
 {

@@ -77,6 +77,7 @@ Conversation::Conversation(Choices& choices)
           Line{port_, pump_, program_.world, boxes_, program_.state, &program_.panel.waitIndicator},
           forms_, dialog_, program_.folder.Path()}
 {
+    program_.port.keepsHistory = false; // nobody reads it
     if (choices_.Chance(20)) port_.failures = 1 + choices_.Below(30);
 }
 

@@ -16,7 +16,7 @@ void ScriptedPort::SetCommPort(int number)
 {
     if (open_) throw RunTimeFailure("Port is open");
     port_ = number;
-    history.push_back("port " + std::to_string(number));
+    if (keepsHistory) history.push_back("port " + std::to_string(number));
 }
 
 void ScriptedPort::Open()
@@ -26,12 +26,12 @@ void ScriptedPort::Open()
     open_ = true;
     openedPort_ = port_;
     received_.clear();
-    history.emplace_back("open");
+    if (keepsHistory) history.emplace_back("open");
 }
 
 void ScriptedPort::Close()
 {
-    if (open_) history.emplace_back("close");
+    if (open_ && keepsHistory) history.emplace_back("close");
     open_ = false;
     received_.clear();
 }
@@ -39,8 +39,10 @@ void ScriptedPort::Close()
 void ScriptedPort::Output(std::string_view bytes)
 {
     RequireOpen();
-    sent.emplace_back(bytes);
-    history.push_back("> " + std::string(bytes));
+    if (keepsHistory) {
+        sent.emplace_back(bytes);
+        history.push_back("> " + std::string(bytes));
+    }
     if (unit && !vanished) unit(bytes);
 }
 
@@ -53,7 +55,7 @@ int ScriptedPort::InBufferCount()
 std::string ScriptedPort::Input()
 {
     RequireOpen();
-    history.push_back("< " + received_);
+    if (keepsHistory) history.push_back("< " + received_);
     return std::exchange(received_, {});
 }
 

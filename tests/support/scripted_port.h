@@ -22,6 +22,9 @@ public:
     /// The outputs alone, one an entry.
     std::vector<std::string> sent;
 
+    /// Whether these two are kept.
+    bool keepsHistory = true;
+
     /// Numbers of ports that cannot be opened: absent, held by another program, not permitted.
     std::set<int> refused;
 

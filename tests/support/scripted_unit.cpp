@@ -39,11 +39,12 @@ std::string ScriptedUnit::PageReply(std::string_view bytes)
 {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string reply;
+    reply.reserve(50);
     for (std::size_t index = 0; index < 16; ++index) {
         const unsigned byte = index < bytes.size() ? static_cast<unsigned char>(bytes[index]) : 0;
         reply.append({digits[byte / 16], digits[byte % 16], ' '});
     }
-    return reply + "\r\n";
+    return reply.append("\r\n");
 }
 
 void ScriptedUnit::Take(std::string_view bytes)
