@@ -14,9 +14,9 @@ std::vector<std::string> OpenFiles()
 {
     std::vector<std::string> files;
     for (const auto& descriptor : fs::directory_iterator("/proc/self/fd")) {
-        std::error_code closed; // the one that lists the others
+        std::error_code closed; // meanwhile, by another thread
         const fs::path file = fs::read_symlink(descriptor, closed);
-        if (file != kSocket) files.push_back(file);
+        if (!closed && file != kSocket) files.push_back(file);
     }
     return files;
 }
