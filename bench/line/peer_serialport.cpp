@@ -61,7 +61,7 @@ int main(int argc, char* argv[])
          [&](int count) {
              Require(sp_blocking_read(port, buffer, static_cast<std::size_t>(count), 0) == count);
          }},
-        std::atoi(argv[2]));
+        std::stoi(argv[2]));
     sp_close(port);
     sp_free_port(port);
 }

@@ -23,5 +23,5 @@ int main(int argc, char* argv[])
                                      if (!port.waitForReadyRead(-1)) std::exit(1);
                                  port.readAll();
                              }},
-                            std::atoi(argv[2]));
+                            std::stoi(argv[2]));
 }
