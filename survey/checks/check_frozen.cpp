@@ -1,7 +1,6 @@
 #include "survey/checks/checks.h"
 #include "survey/checks/runs.h"
 
-
 namespace tarvex::survey
 {
 
@@ -23,8 +22,7 @@ bool Same(const Row& one, const Row& other, Column column)
     return one.At(column) && one.At(column) == other.At(column);
 }
 
-void CheckChannel(const CheckedSurvey& checked, Column column,
-                  const std::vector<Run>& reported)
+void CheckChannel(const CheckedSurvey& checked, Column column, const std::vector<Run>& reported)
 {
     const std::string name(kColumnNames[static_cast<std::size_t>(column)]);
     const auto runs =

@@ -7,7 +7,7 @@ namespace tarvex::survey
 {
 
 std::vector<Run> Runs(const std::vector<Row>& rows, int step, double length,
-                                   const std::function<bool(const Row&, const Row&)>& same)
+                      const std::function<bool(const Row&, const Row&)>& same)
 {
     std::vector<Run> runs;
     Run run;
@@ -26,8 +26,8 @@ std::vector<Run> Runs(const std::vector<Row>& rows, int step, double length,
 
 bool Covers(const std::vector<Run>& runs, const Run& run)
 {
-    return std::ranges::any_of(
-        runs, [&](const Run& other) { return std::ranges::includes(other, run); });
+    return std::ranges::any_of(runs,
+                               [&](const Run& other) { return std::ranges::includes(other, run); });
 }
 
 } // namespace tarvex::survey

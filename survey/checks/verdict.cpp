@@ -25,8 +25,8 @@ std::string DepthsByChannel(const std::vector<Finding>& findings, Remedy remedy)
     std::string text;
     for (const auto& [letters, depths] : byChannels) {
         if (!text.empty()) text += ", ";
-        text +=
-            DepthList({depths.begin(), depths.end()}, SmallestStep(depths)) + " m" + ChannelText(letters);
+        text += DepthList({depths.begin(), depths.end()}, SmallestStep(depths)) + " m" +
+                ChannelText(letters);
     }
     return text;
 }

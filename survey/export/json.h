@@ -1,10 +1,10 @@
 #pragma once
 
+#include "survey/checks/verdict.h"
 #include "survey/comparison/comparison.h"
 #include "survey/comparison/probe.h"
 #include "survey/files/listed_survey.h"
 #include "survey/model/survey.h"
-#include "survey/checks/verdict.h"
 
 #include <optional>
 #include <string>

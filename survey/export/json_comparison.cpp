@@ -1,5 +1,5 @@
-#include "survey/export/json_values.h"
 #include "survey/comparison/probe.h"
+#include "survey/export/json_values.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "survey/checks/verdict.h"
 #include "survey/comparison/comparison.h"
 #include "survey/comparison/probe.h"
 #include "survey/model/survey.h"
-#include "survey/checks/verdict.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,8 +1,8 @@
 #include "survey/export/table.h"
 
-#include "survey/model/text.h"
 #include "survey/model/depths.h"
 #include "survey/model/readable.h"
+#include "survey/model/text.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -56,7 +56,8 @@ std::vector<ListedSurvey> ListFolder(const fs::path& folder,
     std::vector<ListedSurvey> surveys;
     for (const auto& [stem, files] : found) {
         surveys.push_back(ListedFrom(files));
-        if (progress && surveys.size() % kProgressSteps == 0) progress(found.size() + surveys.size());
+        if (progress && surveys.size() % kProgressSteps == 0)
+            progress(found.size() + surveys.size());
     }
     return Sorted(std::move(surveys));
 }

@@ -1,8 +1,8 @@
 #include "survey/files/output_file.h"
 
 #include "survey/files/output_check.h"
-#include "survey/files/report_names.h"
 #include "survey/files/refusal.h"
+#include "survey/files/report_names.h"
 
 #include <fstream>
 #include <stdexcept>

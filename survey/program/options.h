@@ -2,8 +2,8 @@
 
 #include "survey/checks/check_limits.h"
 #include "survey/comparison/compare.h"
-#include "survey/export/csv.h"
 #include "survey/comparison/probe.h"
+#include "survey/export/csv.h"
 
 #include <optional>
 #include <string>

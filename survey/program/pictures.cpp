@@ -2,9 +2,9 @@
 
 #include "survey/files/load.h"
 #include "survey/files/output_file.h"
-#include "survey/window/picture.h"
-#include "survey/files/report_names.h"
 #include "survey/files/refusal.h"
+#include "survey/files/report_names.h"
+#include "survey/window/picture.h"
 
 #include <QApplication>
 

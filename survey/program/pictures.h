@@ -1,7 +1,7 @@
 #pragma once
 
-#include "survey/program/options.h"
 #include "survey/checks/verdict.h"
+#include "survey/program/options.h"
 
 namespace tarvex::survey
 {

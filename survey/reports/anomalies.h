@@ -1,7 +1,7 @@
 #pragma once
 
-#include "survey/reports/records.h"
 #include "survey/model/survey.h"
+#include "survey/reports/records.h"
 
 #include <string>
 #include <vector>

@@ -1,10 +1,10 @@
 #include "survey/reports/reader.h"
 
+#include "survey/model/readable.h"
 #include "survey/reports/anomalies.h"
 #include "survey/reports/data_reader.h"
 #include "survey/reports/head_reader.h"
 #include "survey/reports/records.h"
-#include "survey/model/readable.h"
 
 namespace tarvex::survey
 {

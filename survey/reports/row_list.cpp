@@ -37,8 +37,7 @@ void RowList::Put(const Row& row, const Record& record)
         first.record = row.record;
         return;
     }
-    anomalies_.Add(record,
-                   "the depth " + Metres(row.depth) + " m comes again and is passed over");
+    anomalies_.Add(record, "the depth " + Metres(row.depth) + " m comes again and is passed over");
 }
 
 } // namespace tarvex::survey

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "survey/reports/anomalies.h"
-#include "survey/reports/records.h"
+#include "survey/model/readable.h"
 #include "survey/model/survey.h"
 #include "survey/model/text.h"
-#include "survey/model/readable.h"
+#include "survey/reports/anomalies.h"
+#include "survey/reports/records.h"
 
 #include <optional>
 #include <string_view>

@@ -7,8 +7,8 @@
 namespace tarvex::survey
 {
 
-/// Writes an export in the form that the ending of its path names: pdf, svg, png, xlsx, csv or json.
-/// Throws Refusal, with nothing changed, for any other and when it cannot be written.
+/// Writes an export in the form that the ending of its path names: pdf, svg, png, xlsx, csv or
+/// json. Throws Refusal, with nothing changed, for any other and when it cannot be written.
 void WriteAs(const PictureSubject& subject, const std::filesystem::path& path);
 
 } // namespace tarvex::survey

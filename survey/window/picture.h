@@ -1,7 +1,7 @@
 #pragma once
 
-#include "survey/model/survey.h"
 #include "survey/checks/verdict.h"
+#include "survey/model/survey.h"
 #include "survey/window/plot_page.h"
 
 #include <filesystem>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "survey/export/sheet.h"
 #include "survey/checks/verdict.h"
+#include "survey/export/sheet.h"
 
 #include <QAbstractTableModel>
 #include <map>
