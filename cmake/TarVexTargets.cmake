@@ -84,3 +84,27 @@ function(tarvex_test name)
         tarvex_test_target(${name})
     endif()
 endfunction()
+
+# tarvex_screen_tests(TARGET SCREEN...): a test of the target's name for each screen: width and height in
+# pixels, then scale and the size of the texts in percent.
+function(tarvex_screen_tests target)
+    foreach(screen IN LISTS ARGN)
+        string(REPLACE " " ";" screen "${screen}")
+        list(GET screen 0 width)
+        list(GET screen 1 height)
+        list(GET screen 2 scale)
+        list(GET screen 3 text)
+        set(name "${target}_${width}x${height}_scale${scale}_text${text}")
+        set(place "${CMAKE_CURRENT_BINARY_DIR}/${name}.json")
+        file(
+            WRITE "${place}"
+            "{\"screens\": [{\"name\": \"test\", \"x\": 0, \"y\": 0, \"width\": ${width}, "
+            "\"height\": ${height}, \"dpr\": 1, \"logicalDpi\": 96, \"logicalBaseDpi\": 96}]}\n")
+        add_test(NAME ${name} COMMAND ${target})
+        set_tests_properties(
+            ${name}
+            PROPERTIES
+                ENVIRONMENT
+                "QT_QPA_PLATFORM=offscreen:configfile=${place};QT_SCALE_FACTOR=${scale};SCREEN_TEST_TEXT=${text};SCREEN_TEST_WIDTH=${width}")
+    endforeach()
+endfunction()

@@ -2,6 +2,7 @@
 // empty plot. Takes the display that it is given.
 #include "survey/downloads.h"
 #include "survey/window/main_window.h"
+#include "survey/window/plot_view.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

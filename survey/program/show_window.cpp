@@ -4,7 +4,11 @@
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 #include "survey/window/application.h"
+#include "survey/window/legible_style.h"
 #include "survey/window/main_window.h"
+#include "survey/window/survey_icon.h"
+
+#include <QTimer>
 
 #include <filesystem>
 
@@ -46,10 +50,13 @@ int ShowWindow(const Options& options)
     Application application(count, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("tarvex-survey"));
     QGuiApplication::setDesktopFileName(QStringLiteral("example.tarvex.Survey"));
+    QApplication::setStyle(new LegibleStyle);
     MainWindow window;
     application.OnFailure([&](const std::string& sentence) { window.Report(sentence); });
     application.Try([&] { OpenFirst(window, options); });
     window.show();
+    // The icon is drawn when the window is there: nobody waits for it.
+    QTimer::singleShot(0, &window, [] { QGuiApplication::setWindowIcon(SurveyIcon()); });
     return Application::exec();
 }
 

@@ -1,9 +1,11 @@
 #include "survey/window/main_window.h"
+#include "survey/window/survey_tree.h"
 
 #include "survey/files/listing.h"
 #include "survey/files/listing_order.h"
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
+#include "survey/window/fit_screen.h"
 #include "survey/window/window_text.h"
 
 #include <QDragEnterEvent>
@@ -39,7 +41,16 @@ MainWindow::MainWindow() : watch_([this] { Relist(); })
     BuildCentre();
     BuildMenus();
     BuildValues();
-    resize(1100, 760);
+    ShowVerdict();
+    ShowHint();
+    resize(kUsualSize.expandedTo(sizeHint()).boundedTo(FreeSize(*this)));
+    LeaveRoomForVerdict();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    LeaveRoomForVerdict();
 }
 
 void MainWindow::Relist()
@@ -66,6 +77,7 @@ void MainWindow::List()
     for (const auto& report : opened_)
         AddOpened(report);
     tree_->Show(listed_);
+    ShowHint();
 }
 
 /// A work file, or a report under another name, is listed by its name alone.

@@ -3,10 +3,9 @@
 #include "survey/checks/check_limits.h"
 #include "survey/checks/verdict.h"
 #include "survey/files/listed_survey.h"
+#include "survey/model/survey.h"
 #include "survey/window/folder_watch.h"
-#include "survey/window/plot_view.h"
 #include "survey/window/row_model.h"
-#include "survey/window/survey_tree.h"
 
 #include <QMainWindow>
 
@@ -17,11 +16,22 @@
 class QComboBox;
 class QLabel;
 class QLayout;
+class QPushButton;
+class QStackedWidget;
 class QTabBar;
 class QTableView;
 
 namespace tarvex::survey
 {
+
+class HintPage;
+class PlotView;
+class SurveyTree;
+class VerdictLine;
+struct PictureSubject;
+
+/// The size of the window where its screen has room for it.
+inline constexpr QSize kUsualSize(1100, 760);
 
 /// The surveys of a folder as a tree, and what the chosen ones show.
 class MainWindow : public QMainWindow
@@ -38,14 +48,16 @@ public:
     void Report(const std::string& sentence);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void BuildMenus();
     void BuildCentre();
+    QWidget* BuildSurveys();
     QWidget* BuildSide();
-    QWidget* BuildVerdict(QWidget* parent);
+    QWidget* BuildVerdict();
     QLayout* BuildChoices(QWidget* parent);
     void BuildTable(QWidget* parent);
     void BuildValues();
@@ -54,6 +66,10 @@ private:
     void AddOpened(const std::filesystem::path& report);
     void Choose(const std::vector<std::filesystem::path>& paths);
     void ShowChosen();
+    void ShowVerdict();
+    void ShowHint();
+    void ShowReasons();
+    void LeaveRoomForVerdict();
     void WatchFiles(std::vector<std::filesystem::path> first);
     void LoadChosen();
     void FillBases();
@@ -65,6 +81,7 @@ private:
     void Export();
     void ExportTo(const std::filesystem::path& path);
     void Print();
+    PictureSubject Subject(const std::string& remark) const;
     std::filesystem::path FirstFolder() const;
     std::vector<std::filesystem::path> ChosenPaths() const;
 
@@ -77,7 +94,11 @@ private:
     Limits limits_;
     FolderWatch watch_;
     SurveyTree* tree_ = nullptr;
-    QLabel* verdictLine_ = nullptr;
+    QWidget* verdictRow_ = nullptr;
+    VerdictLine* verdictLine_ = nullptr;
+    QPushButton* reasons_ = nullptr;
+    QStackedWidget* pages_ = nullptr; // the surveys; the hint where there are none
+    HintPage* hint_ = nullptr;        // made when it is first needed
     QTabBar* kinds_ = nullptr;
     QComboBox* bases_ = nullptr;
     PlotView* plot_ = nullptr;

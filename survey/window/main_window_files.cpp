@@ -24,19 +24,22 @@ constexpr const char* kExports = "One sheet (*.pdf);;Plots (*.svg);;Picture (*.p
 
 void MainWindow::BuildMenus()
 {
-    auto* const file = menuBar()->addMenu(QStringLiteral("&File"));
+    auto* menu = menuBar()->addMenu(QStringLiteral("&File"));
     const auto add = [&](const QString& text, const QKeySequence& keys, auto handler) {
-        auto* const action = file->addAction(text, this, handler);
+        auto* const action = menu->addAction(text, this, handler);
         action->setShortcut(keys);
     };
     add(QStringLiteral("&Open reports..."), QKeySequence::Open, [this] { AskForFile(); });
     add(QStringLiteral("Open &folder..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
         [this] { AskForFolder(); });
-    file->addSeparator();
+    menu->addSeparator();
     add(QStringLiteral("&Export..."), QKeySequence(Qt::CTRL | Qt::Key_E), [this] { Export(); });
     add(QStringLiteral("&Print..."), QKeySequence::Print, [this] { Print(); });
-    file->addSeparator();
+    menu->addSeparator();
     add(QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
+    menu = menuBar()->addMenu(QStringLiteral("&View"));
+    add(QStringLiteral("&Reasons for the verdict..."), QKeySequence(Qt::CTRL | Qt::Key_R),
+        [this] { ShowReasons(); });
 }
 
 /// Where the file dialogs begin.
@@ -66,6 +69,13 @@ void MainWindow::AskForFile()
     if (!paths.empty()) Open(paths);
 }
 
+/// The newest chosen survey; nothing has changed in it since itself.
+PictureSubject MainWindow::Subject(const std::string& remark) const
+{
+    const bool changed = base_ && base_->files != chosen_.back().files;
+    return {chosen_.back(), changed ? &*base_ : nullptr, verdict_, limits_, remark};
+}
+
 void MainWindow::Export()
 {
     if (chosen_.empty()) return Report("No survey is chosen");
@@ -85,7 +95,7 @@ void MainWindow::ExportTo(const std::filesystem::path& path)
                                              QLineEdit::Normal, {}, &goOn));
     if (!goOn) return;
     try {
-        WriteAs({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, remark}, path);
+        WriteAs(Subject(remark), path);
         Report("Written: " + Shown(path));
     } catch (const Refusal& refusal) {
         Report(refusal.what());
@@ -99,7 +109,7 @@ void MainWindow::Print()
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
     try {
-        PrintSheet({chosen_.back(), base_ ? &*base_ : nullptr, verdict_, limits_, {}}, printer);
+        PrintSheet(Subject({}), printer);
     } catch (const std::runtime_error& failure) {
         Report(failure.what());
     }

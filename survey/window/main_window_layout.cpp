@@ -1,13 +1,16 @@
+#include "survey/window/fit_screen.h"
 #include "survey/window/main_window.h"
+#include "survey/window/survey_tree.h"
+#include "survey/window/plot_view.h"
+#include "survey/window/plot_page.h"
+#include "survey/window/verdict_line.h"
 
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
-#include <QStatusBar>
-#include <QStyle>
+#include <QStackedWidget>
 #include <QTabBar>
-#include <QTableView>
 #include <QVBoxLayout>
 
 namespace tarvex::survey
@@ -15,40 +18,61 @@ namespace tarvex::survey
 
 void MainWindow::BuildCentre()
 {
-    auto* const centre = new QSplitter(this);
-    tree_ = new SurveyTree(centre);
-    connect(tree_, &QTreeWidget::itemSelectionChanged, this, [this] { ShowChosen(); });
-    centre->addWidget(tree_);
-    centre->addWidget(BuildSide());
-    centre->setStretchFactor(1, 1);
-    centre->setSizes({230, 870});
+    auto* const centre = new QWidget(this);
+    auto* const column = new QVBoxLayout(centre);
+    constexpr int kAround = 4; // a magnified screen has no room to spare
+    column->setContentsMargins(kAround, kAround, kAround, kAround);
+    column->setSpacing(kAround);
+    verdictRow_ = BuildVerdict();
+    column->addWidget(verdictRow_);
+    pages_ = new QStackedWidget(centre);
+    pages_->addWidget(new Room(BuildSurveys(), pages_));
+    column->addWidget(pages_, 1);
     setCentralWidget(centre);
+}
+
+QWidget* MainWindow::BuildVerdict()
+{
+    auto* const both = new QWidget(this);
+    auto* const row = new QHBoxLayout(both);
+    row->setContentsMargins(0, 0, 0, 0);
+    verdictLine_ = new VerdictLine(both);
+    row->addWidget(verdictLine_, 1);
+    reasons_ = new QPushButton(QStringLiteral("&Reasons..."), both);
+    reasons_->setObjectName(QStringLiteral("reasons"));
+    connect(reasons_, &QPushButton::clicked, this, [this] { ShowReasons(); });
+    row->addWidget(reasons_, 0, Qt::AlignTop);
+    return both;
+}
+
+QWidget* MainWindow::BuildSurveys()
+{
+    auto* const halves = new QSplitter(this);
+    tree_ = new SurveyTree(halves);
+    connect(tree_, &QTreeWidget::itemSelectionChanged, this, [this] { ShowChosen(); });
+    halves->addWidget(tree_);
+    halves->addWidget(BuildSide());
+    halves->setStretchFactor(1, 1);
+    const int tree = tree_->sizeHint().width();
+    halves->setSizes({tree, kUsualSize.width() - tree});
+    halves->setChildrenCollapsible(false);
+    return halves;
 }
 
 QWidget* MainWindow::BuildSide()
 {
     auto* const side = new QWidget(this);
     auto* const column = new QVBoxLayout(side);
-    column->addWidget(BuildVerdict(side));
+    column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(BuildChoices(side));
     auto* const halves = new QSplitter(Qt::Vertical, side);
     plot_ = new PlotView(halves);
     plot_->depthPointed = [this](double tenths) { PointToDepth(tenths); };
     BuildTable(halves);
     halves->setSizes({480, 200});
+    halves->setChildrenCollapsible(false);
     column->addWidget(halves, 1);
     return side;
-}
-
-QWidget* MainWindow::BuildVerdict(QWidget* parent)
-{
-    verdictLine_ = new QLabel(parent);
-    verdictLine_->setObjectName(QStringLiteral("verdict"));
-    verdictLine_->setAccessibleName(QStringLiteral("Verdict on the survey"));
-    verdictLine_->setWordWrap(true);
-    verdictLine_->setTextFormat(Qt::PlainText);
-    verdictLine_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    return verdictLine_;
 }
 
 QLayout* MainWindow::BuildChoices(QWidget* parent)
@@ -56,6 +80,7 @@ QLayout* MainWindow::BuildChoices(QWidget* parent)
     auto* const choices = new QHBoxLayout;
     kinds_ = new QTabBar(parent);
     kinds_->setObjectName(QStringLiteral("kinds"));
+    kinds_->setUsesScrollButtons(true);
     kinds_->setAccessibleName(QStringLiteral("What the plots show"));
     for (const auto& kind : kPlotKinds)
         kinds_->addTab(QString::fromLatin1(kind.name));
@@ -64,45 +89,15 @@ QLayout* MainWindow::BuildChoices(QWidget* parent)
     auto* const label = new QLabel(QStringLiteral("&Base:"), parent);
     bases_ = new QComboBox(parent);
     bases_->setObjectName(QStringLiteral("bases"));
-    bases_->setAccessibleName(QStringLiteral("The reading that others are held against"));
+    bases_->setAccessibleName(QStringLiteral("The reading that others are compared with"));
+    bases_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    bases_->setMinimumContentsLength(12); // readout and date
+    bases_->setMinimumWidth(bases_->sizeHint().width() / 2);
     label->setBuddy(bases_);
     connect(bases_, &QComboBox::activated, this, [this] { ShowBase(); });
     choices->addWidget(label);
     choices->addWidget(bases_);
     return choices;
-}
-
-void MainWindow::BuildTable(QWidget* parent)
-{
-    table_ = new QTableView(parent);
-    table_->setObjectName(QStringLiteral("table"));
-    table_->setAccessibleName(QStringLiteral("Readings, sums and half differences by depth"));
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setWordWrap(false);
-    table_->verticalHeader()->hide();
-    // One height for all rows and one width for all numbers: measuring each costs a visible pause.
-    constexpr int kRoom = 6;
-    const auto metrics = table_->fontMetrics();
-    table_->verticalHeader()->setDefaultSectionSize(metrics.height() + kRoom);
-    auto& titles = *table_->horizontalHeader();
-    titles.setMinimumSectionSize(metrics.height());
-    titles.setDefaultSectionSize(
-        metrics.horizontalAdvance(QStringLiteral("(A1-A3)/2")) + 2 * kRoom +
-        2 * titles.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &titles));
-    titles.setStretchLastSection(true);
-    table_->setModel(&rows_);
-}
-
-void MainWindow::BuildValues()
-{
-    values_ = new QLabel(this);
-    values_->setObjectName(QStringLiteral("values"));
-    values_->setAccessibleName(QStringLiteral("Values at the pointed depth"));
-    values_->setTextFormat(Qt::PlainText);
-    // A long line is cut off rather than widen the window.
-    values_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    statusBar()->addWidget(values_, 1);
 }
 
 } // namespace tarvex::survey

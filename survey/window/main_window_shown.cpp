@@ -1,15 +1,11 @@
 #include "survey/window/main_window.h"
+#include "survey/window/plot_view.h"
 
-#include "survey/checks/check.h"
-#include "survey/checks/verdict_text.h"
 #include "survey/files/load.h"
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
-#include "survey/window/window_text.h"
 
-#include <QLabel>
 #include <QTabBar>
-#include <QTableView>
 
 namespace tarvex::survey
 {
@@ -43,16 +39,7 @@ void MainWindow::ShowChosen()
     WatchFiles(ChosenPaths()); // before they are read, so that nothing written meanwhile is missed
     LoadChosen();
     FillBases();
-    if (chosen_.empty()) {
-        verdict_ = {};
-        verdictLine_->setText(QStringLiteral("No survey is chosen"));
-        rows_.Clear();
-    } else {
-        verdict_ = Check(chosen_.back(), limits_);
-        verdictLine_->setText(Text("Verdict: " + verdict_.Line()));
-        verdictLine_->setToolTip(Text(TextOf(verdict_)));
-        rows_.Show(chosen_.back(), verdict_);
-    }
+    ShowVerdict();
     ShowBase();
 }
 
@@ -63,20 +50,6 @@ void MainWindow::ShowPlots()
         surveys.push_back(&survey);
     const auto kind = kPlotKinds[static_cast<std::size_t>(kinds_->currentIndex())].kind;
     plot_->Show(PageOf(kind, surveys, base_ ? &*base_ : nullptr, limits_));
-}
-
-void MainWindow::PointToDepth(double tenths)
-{
-    const int row = rows_.RowNear(tenths);
-    if (row < 0) return;
-    table_->selectRow(row);
-    QStringList values;
-    for (int column = 0; column < rows_.columnCount(); ++column) {
-        const auto name = rows_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-        const auto value = rows_.data(rows_.index(row, column), Qt::DisplayRole).toString();
-        if (!value.isEmpty()) values += name + QLatin1Char(' ') + value;
-    }
-    values_->setText(values.join(QStringLiteral("   ")));
 }
 
 } // namespace tarvex::survey

@@ -7,24 +7,18 @@
 namespace tarvex::survey
 {
 
-namespace
-{
-constexpr double kPlotHeight = 500;
-} // namespace
-
-void DrawPlots(Paper& paper, const PictureSubject& subject)
+void DrawPlots(Paper& paper, const PictureSubject& subject, double height)
 {
     QCustomPlot plot;
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(12);
     plot.setFont(font);
-    Draw(plot, PagesOf(subject), {}, 2);
+    Draw(plot, PagesOf(subject), {}, Arrangement::OneAboveTheOther);
     for (auto* const rect : plot.axisRects())
         for (auto* const axis : rect->axes()) {
             axis->setLabelFont(font);
             axis->setTickLabelFont(font);
         }
-    paper.Skip(8);
     auto& painter = paper.Painter();
     painter.save();
     // Drawn larger and then made smaller, so that lines and letters are fine enough for paper.
@@ -32,9 +26,9 @@ void DrawPlots(Paper& paper, const PictureSubject& subject)
     painter.translate(0, paper.Down());
     painter.scale(1 / kFiner, 1 / kFiner);
     plot.toPainter(&painter, static_cast<int>(paper.Width() * kFiner),
-                   static_cast<int>(kPlotHeight * kFiner));
+                   static_cast<int>(height * kFiner));
     painter.restore();
-    paper.Skip(kPlotHeight + 4);
+    paper.Skip(height);
 }
 
 } // namespace tarvex::survey

@@ -25,7 +25,7 @@ inline constexpr std::array<PlotKindName, 4> kPlotKinds{
     {{PlotKind::Readings, "Readings"},
      {PlotKind::HalfDifferences, "Half differences"},
      {PlotKind::Sums, "Sums"},
-     {PlotKind::Change, "Sum of change against base"}}};
+     {PlotKind::Change, "Change"}}};
 
 /// One line of a plot.
 struct Curve {

@@ -10,7 +10,7 @@ namespace tarvex::survey
 {
 
 void Draw(QCustomPlot& plot, const std::vector<PlotPage>& pages, const PlotColours& colours,
-          int pagesInARow)
+          Arrangement arrangement)
 {
     plot.clearPlottables();
     plot.clearItems();
@@ -19,9 +19,9 @@ void Draw(QCustomPlot& plot, const std::vector<PlotPage>& pages, const PlotColou
     plot.setAutoAddPlottableToLegend(false);
     int number = 0;
     for (const auto& page : pages) {
-        const Place place{number / pagesInARow * 2, number % pagesInARow * 2};
-        DrawHalf(plot, place, page.a, colours);
-        DrawHalf(plot, {place.row, place.column + 1}, page.b, colours);
+        const bool beside = arrangement == Arrangement::SideBySide;
+        DrawHalf(plot, {0, beside ? number * 2 : number}, page.a, colours);
+        DrawHalf(plot, {beside ? 0 : 2, beside ? number * 2 + 1 : number}, page.b, colours);
         ++number;
     }
     FitAxes(plot);

@@ -104,7 +104,7 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     const auto column = static_cast<std::size_t>(section);
     return column < sheet_.titles.size() ? Text(sheet_.titles[column])
-                                         : QStringLiteral("Against it");
+                                         : QStringLiteral("Fault");
 }
 
 } // namespace tarvex::survey

@@ -14,6 +14,26 @@
 namespace tarvex::survey
 {
 
+namespace
+{
+/// The table is as large as is legible, and leaves the plots half of the sheet at least; they take
+/// all that it does not need.
+void DrawParts(Paper& paper, const PictureSubject& subject)
+{
+    constexpr double kGap = 8;
+    DrawHead(paper, subject);
+    DrawVerdict(paper, subject.verdict);
+    paper.Skip(kGap);
+    const double room =
+        paper.Height() - FootHeight(paper, subject) - paper.Down() - 2 * kGap;
+    const auto form = TableFormOf(subject.survey, paper.Width(), room / 2);
+    DrawPlots(paper, subject, room - form.Height());
+    paper.Skip(kGap);
+    DrawTable(paper, subject, form);
+    DrawFoot(paper, subject);
+}
+} // namespace
+
 void PrintSheet(const PictureSubject& subject, QPagedPaintDevice& device)
 {
     QCPPainter painter;
@@ -22,11 +42,7 @@ void PrintSheet(const PictureSubject& subject, QPagedPaintDevice& device)
     const double scale = device.logicalDpiX() / kPaperUnits;
     painter.scale(scale, scale);
     Paper paper(painter, QSizeF(device.width() / scale, device.height() / scale));
-    DrawHead(paper, subject);
-    DrawVerdict(paper, subject.verdict);
-    DrawPlots(paper, subject);
-    DrawTable(paper, subject.survey);
-    DrawFoot(paper, subject);
+    DrawParts(paper, subject);
     painter.end();
 }
 

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QSignalBlocker>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -74,6 +75,15 @@ std::vector<std::size_t> SurveyTree::Chosen() const
             numbers.push_back(static_cast<std::size_t>(number.toInt()));
     std::ranges::sort(numbers);
     return numbers;
+}
+
+QSize SurveyTree::sizeHint() const
+{
+    constexpr int kLevels = 4;
+    const int line = fontMetrics().horizontalAdvance(QStringLiteral("00  00/00/0000  00:00:00 "));
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return {kLevels * indentation() + line + bar + 2 * frameWidth(),
+            QTreeWidget::sizeHint().height()};
 }
 
 } // namespace tarvex::survey

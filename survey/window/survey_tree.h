@@ -25,6 +25,9 @@ public:
 
     /// The numbers of the chosen surveys, in order of the list.
     std::vector<std::size_t> Chosen() const;
+
+    /// Wide enough for a reading's line.
+    QSize sizeHint() const override;
 };
 
 } // namespace tarvex::survey

@@ -1,5 +1,6 @@
 #include "survey/window/application.h"
 #include "survey/window/main_window.h"
+#include "survey/window/plot_view.h"
 
 #include "support/toolkit_leaks.h"
 #include "survey/downloads.h"

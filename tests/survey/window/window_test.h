@@ -2,6 +2,7 @@
 
 #include "survey/downloads.h"
 #include "survey/window/main_window.h"
+#include "survey/window/plot_view.h"
 
 #include <gtest/gtest.h>
 
