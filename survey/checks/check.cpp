@@ -3,6 +3,9 @@
 #include "survey/checks/checks.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
+#include <vector>
 
 namespace tarvex::survey
 {
@@ -35,6 +38,20 @@ Survey WithoutUnread(const Survey& survey, Verdict& verdict)
     return read;
 }
 } // namespace
+
+void CheckedSurvey::Report(Finding finding) const
+{
+    for (auto& known : verdict.findings)
+        if (known.check == finding.check && known.remedy == finding.remedy &&
+            known.channels == finding.channels && known.text == finding.text &&
+            !finding.depths.empty()) {
+            std::vector<int> both;
+            std::ranges::set_union(known.depths, finding.depths, std::back_inserter(both));
+            known.depths = std::move(both);
+            return;
+        }
+    verdict.findings.push_back(std::move(finding));
+}
 
 Verdict Check(const Survey& survey, const Limits& limits)
 {

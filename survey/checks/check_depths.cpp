@@ -43,7 +43,7 @@ void CheckDepths(const Survey& whole, const CheckedSurvey& checked)
             {"depths", Remedy::DownloadAgain, "AB", missing, MissingText(whole, missing.size())});
     if (const auto extra = Without(present, expected); !extra.empty())
         checked.Report({"depths", Remedy::LookAtFiles, "AB", extra,
-                        "no step of a tube of " + Metres(depth) + " m falls there"});
+                        "not one of the steps of a tube of " + Metres(depth) + " m"});
     if (expected.empty() && present.empty())
         checked.Report({"depths", Remedy::LookAtFiles, "", {}, "the survey holds no depth at all"});
     if (!expected.empty() && expected.front() > 2 * checked.step)

@@ -33,7 +33,7 @@ inline constexpr std::array<LimitText, 10> kLimitTexts{{
      "the unit stores no larger magnitude"},
     {"frozen-guide", &Limits::frozenGuide,
      "A and B of one guide the same over so many depths are frozen",
-     "both channels of a living probe repeat themselves twice in a row only by chance"},
+     "both channels of a working probe repeat themselves twice in a row only by chance"},
     {"frozen-channel", &Limits::frozenChannel, "one channel the same over so many depths is frozen",
      "in a straight tube one channel alone may well repeat itself a few times"},
     {"outlier", &Limits::outlier,
@@ -49,7 +49,7 @@ inline constexpr std::array<LimitText, 10> kLimitTexts{{
     {"spike", &Limits::spike,
      "a half difference further from its neighbours than so many robust standard deviations is a "
      "spike",
-     "a tube bends, so that its neighbours foretell it less well than they do a sum"},
+     "a tube bends, so that its neighbours predict it less well than they do a sum"},
     {"spike-floor", &Limits::spikeFloor,
      "a half difference nearer to its neighbours in counts is never a spike",
      "a joint or a shear of the tube stays below"},

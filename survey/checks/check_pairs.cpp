@@ -36,9 +36,9 @@ void CheckAgainst(const CheckedSurvey& checked, const Pair& one, const Pair& oth
         summary = turned;
     }
     const auto names = one.Difference() + " and " + other.Difference();
-    checked.verdict.notes.push_back(names + " run with " + (same ? "the same" : "opposite") +
-                                    " signs, " + Decimals(summary.deviation, 1) +
-                                    " counts standard deviation between them");
+    checked.verdict.notes.push_back(names + " have " + (same ? "the same" : "opposite") +
+                                    " signs; the standard deviation between them is " +
+                                    Decimals(summary.deviation, 1) + " counts");
     if (summary.RobustDeviation() > checked.limits.pairDeviation) {
         checked.Report({"pairs",
                         Remedy::ReadAllAgain,

@@ -37,16 +37,18 @@ void CheckSpikes(const CheckedSurvey& checked, const Pair& pair)
     std::set<int> taken;
     for (const auto& leap : leaps) {
         if (std::abs(leap.value) <= reach) break;
-        if (taken.contains(leap.depth - checked.step) || taken.contains(leap.depth + checked.step))
-            continue;
-        taken.insert(leap.depth);
-        checked.Report({"spike",
-                        Remedy::ReadAgain,
-                        std::string(1, pair.channel),
-                        {leap.depth},
-                        "the half difference " + pair.Difference() + " is " +
-                            Decimals(leap.value, 2) + " counts off its neighbours"});
+        if (!taken.contains(leap.depth - checked.step) &&
+            !taken.contains(leap.depth + checked.step))
+            taken.insert(leap.depth);
     }
+    if (taken.empty()) return;
+    checked.Report({"spike",
+                    Remedy::ReadAgain,
+                    std::string(1, pair.channel),
+                    {taken.begin(), taken.end()},
+                    "the half difference " + pair.Difference() + " is " +
+                        (taken.size() > 1 ? "up to " : "") + Decimals(leaps.front().value, 2) +
+                        " counts off its neighbours"});
 }
 
 } // namespace tarvex::survey

@@ -53,7 +53,7 @@ void CheckSums(const CheckedSurvey& checked, const Pair& pair, bool judged)
                         {},
                         "the sums " + pair.Sum() + " drift by " + Decimals(figures.drift, 1) +
                             " counts from the deepest third to the shallowest: the probe's zero "
-                            "was not at rest"});
+                            "was not stable"});
     else if (deviation > checked.limits.deviation)
         checked.Report(
             {"sums",

@@ -13,8 +13,8 @@ struct CheckedSurvey {
     Verdict& verdict;
     int step = 0;
 
-    /// Adds a finding to the verdict.
-    void Report(Finding finding) const { verdict.findings.push_back(std::move(finding)); }
+    /// Adds a finding to the verdict, or its depths to the same finding at others.
+    void Report(Finding finding) const;
 };
 
 /// Every depth there, and no other.

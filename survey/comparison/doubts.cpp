@@ -14,16 +14,15 @@ namespace
 void NoteHeads(const Survey& base, const Survey& now, Comparison& comparison)
 {
     if (!base.head || !now.head)
-        comparison.notes.push_back("a head report is missing: that it is the same tube is taken on "
-                                   "trust");
+        comparison.notes.push_back("a head report is missing: nothing shows that it is the same "
+                                   "tube");
 }
 
 void NoteDepth(const Survey& base, const Survey& now, Comparison& comparison)
 {
     if (comparison.deeper != 0)
         comparison.notes.push_back("the tube is " + Metres(DepthOf(now)) + " m deep, in the base " +
-                                   Metres(DepthOf(base)) +
-                                   " m: they are held together at the bottom");
+                                   Metres(DepthOf(base)) + " m: they are aligned at the bottom");
 }
 
 /// Depths that only one of the two has; the sum takes no difference there.

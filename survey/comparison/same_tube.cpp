@@ -28,8 +28,9 @@ std::string OtherTube(const Survey& base, const Survey& now)
             const auto& is = (*now.head).*(field.value);
             if (was != is) return Unlike(field.name, is, was);
         }
-    if (HasFourGuides(base) != HasFourGuides(now)) return "the number of guides is not the base's";
-    if (StepOf(base) != StepOf(now)) return "the step is not the base's";
+    if (HasFourGuides(base) != HasFourGuides(now))
+        return "the number of guides differs from the base's";
+    if (StepOf(base) != StepOf(now)) return "the step differs from the base's";
     return "";
 }
 

@@ -43,7 +43,7 @@ struct Options {
     std::string remark;
 };
 
-/// Exit statuses: all is well; a check failed; the command line or a file is of no use.
+/// Exit statuses: all is well; a check failed; the command line or a file cannot be used.
 inline constexpr int kGood = 0;
 inline constexpr int kCheckFailed = 1;
 inline constexpr int kUnusable = 2;

@@ -36,7 +36,7 @@ void NoteLayout(const std::vector<Record>& records, AnomalyList& anomalies)
     const auto changed = std::ranges::find(records, false, &Record::asWritten);
     if (changed != records.end())
         anomalies.AddHarmless(*changed,
-                              "from here on the records are not cut as the manager cuts them");
+                              "from here on the records are not as long as the manager's");
     const auto filled = std::ranges::find_if(records, [](const Record& record) {
         return record.asWritten && (IsTitle(record) || Trimmed(record.text).empty()) &&
                record.text.find('\0') == std::string_view::npos;

@@ -33,7 +33,7 @@ void NoteLayout(const std::vector<Record>& records, AnomalyList& anomalies)
     const auto changed = std::ranges::find(records, false, &Record::asWritten);
     if (changed != records.end())
         anomalies.AddHarmless(*changed,
-                              "from here on the records are not cut as the manager cuts them");
+                              "from here on the records are not as long as the manager's");
 }
 } // namespace
 
@@ -54,7 +54,7 @@ Contents ReadHeadReport(const std::vector<Record>& records, Encoding encoding,
         if (Trimmed(record.text).empty()) continue;
         const auto line = LineOf(record.text);
         if (line.field == nullptr)
-            anomalies.Add(record, "this line is none of a head report");
+            anomalies.Add(record, "this line does not belong in a head report");
         else if (!seen.insert(line.field).second)
             anomalies.Add(record, '"' + std::string(line.field->label) + "\" comes again");
         else

@@ -75,7 +75,7 @@ std::optional<Row> ReadRow(const Record& record, Encoding encoding, AnomalyList&
         row.readings[i] = ReadingOf(cells[i + 1]);
         if (!row.readings[i])
             anomalies.Add(record, std::string(kColumnNames[i]) + " at " + Metres(*depth) +
-                                      " m is no reading: \"" +
+                                      " m is not a reading: \"" +
                                       Readable(cells[i + 1].substr(0, kShown), encoding) + "\"");
     }
     return row;

@@ -33,8 +33,8 @@ void WriteAs(const PictureSubject& subject, const fs::path& path)
         return WriteOutput(path, inputs, [&](const fs::path& part) {
             WriteXlsx(subject.survey, subject.verdict, part);
         });
-    throw Refusal(Shown(path) + " is not written: its ending is none of pdf, svg, png, xlsx, csv, "
-                                "json");
+    throw Refusal(Shown(path) + " is not written: its name must end in .pdf, .svg, .png, .xlsx, "
+                                ".csv or .json");
 }
 
 } // namespace tarvex::survey

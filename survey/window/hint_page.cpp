@@ -50,9 +50,10 @@ void HintPage::Say(const std::vector<std::filesystem::path>& folders)
     QStringList names;
     for (const auto& folder : folders)
         names += Text(Shown(folder));
-    where_->setText(names.isEmpty() ? QStringLiteral("No surveys are open.")
-                                    : QStringLiteral("There are no surveys in %1.")
-                                          .arg(names.join(QStringLiteral(", "))));
+    where_->setText(
+        names.isEmpty()
+            ? QStringLiteral("No surveys are open.")
+            : QStringLiteral("There are no surveys in %1.").arg(names.join(QStringLiteral(", "))));
 }
 
 } // namespace tarvex::survey

@@ -53,8 +53,8 @@ void LegibleStyle::polish(QPalette& palette)
 {
     QProxyStyle::polish(palette);
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        const auto ground = Apart(palette.color(group, QPalette::Highlight),
-                                  palette.color(group, QPalette::Base));
+        const auto ground =
+            Apart(palette.color(group, QPalette::Highlight), palette.color(group, QPalette::Base));
         palette.setColor(group, QPalette::Highlight, ground);
         palette.setColor(group, QPalette::HighlightedText,
                          TextOn(ground, palette.color(group, QPalette::HighlightedText)));

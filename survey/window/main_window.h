@@ -48,6 +48,7 @@ public:
     void Report(const std::string& sentence);
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -81,6 +82,7 @@ private:
     void Export();
     void ExportTo(const std::filesystem::path& path);
     void Print();
+    std::optional<std::string> AskForRemark(const QString& title);
     PictureSubject Subject(const std::string& remark) const;
     std::filesystem::path FirstFolder() const;
     std::vector<std::filesystem::path> ChosenPaths() const;

@@ -41,7 +41,7 @@ void MainWindow::ShowBase()
                 Report("The base is of another tube: " + comparison.refusal);
                 base_.reset();
             } else if (!comparison.notes.empty()) {
-                Report(comparison.notes.front());
+                Report("Compared with the base: " + comparison.notes.front());
             }
         } catch (const Refusal& refusal) {
             Report(refusal.what());

@@ -1,8 +1,8 @@
 #include "survey/window/fit_screen.h"
 #include "survey/window/main_window.h"
-#include "survey/window/survey_tree.h"
-#include "survey/window/plot_view.h"
 #include "survey/window/plot_page.h"
+#include "survey/window/plot_view.h"
+#include "survey/window/survey_tree.h"
 #include "survey/window/verdict_line.h"
 
 #include <QComboBox>

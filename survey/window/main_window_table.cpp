@@ -1,4 +1,6 @@
+#include "survey/window/accessible.h"
 #include "survey/window/main_window.h"
+#include "survey/window/plot_view.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -34,12 +36,14 @@ void MainWindow::BuildTable(QWidget* parent)
 void MainWindow::BuildValues()
 {
     values_ = new QLabel(this);
+    MakeSpoken(*values_);
     values_->setObjectName(QStringLiteral("values"));
     values_->setAccessibleName(QStringLiteral("Values at the pointed depth"));
     values_->setTextFormat(Qt::PlainText);
     // A long line is cut off rather than widen the window.
     values_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(values_, 1);
+    plot_->keyPointed = [this] { Announce(*values_); };
 }
 
 void MainWindow::PointToDepth(double tenths)

@@ -24,7 +24,12 @@ void MainWindow::ShowVerdict()
         rows_.Clear();
     } else {
         verdict_ = Check(chosen_.back(), limits_);
-        verdictLine_->Say(Text("Verdict: " + verdict_.Line()), Text(TextOf(verdict_)));
+        const auto& newest = chosen_.back();
+        const bool several = chosen_.size() > 1 && newest.head;
+        verdictLine_->Say(
+            Text((several ? "Verdict on readout " + newest.head->readout : "Verdict") + ": " +
+                 verdict_.Line()),
+            Text(TextOf(verdict_)));
         rows_.Show(chosen_.back(), verdict_);
     }
     reasons_->setEnabled(!chosen_.empty());

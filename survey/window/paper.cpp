@@ -42,7 +42,8 @@ QStringList Paper::Wrapped(const QString& text, qsizetype most) const
             lines += word;
     }
     const bool cut = lines.size() > most;
-    if (cut) lines = lines.mid(0, most - 1) + QStringList(lines.mid(most - 1).join(QLatin1Char(' ')));
+    if (cut)
+        lines = lines.mid(0, most - 1) + QStringList(lines.mid(most - 1).join(QLatin1Char(' ')));
     for (auto& line : lines) // also a word that is wider than the sheet
         line = QFontMetricsF(painter_.font()).elidedText(line, Qt::ElideRight, Width() / scale_);
     return lines;

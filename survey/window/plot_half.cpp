@@ -28,6 +28,7 @@ QCPAxisRect& AddRect(QCustomPlot& plot, const Place& place, const PlotHalf& half
 {
     auto* const rect = new QCPAxisRect(&plot);
     plot.plotLayout()->addElement(place.row + 1, place.column, rect);
+    plot.plotLayout()->setRowStretchFactor(place.row, 0.001); // a legend is as low as its text
     auto* const values = rect->axis(QCPAxis::atBottom);
     auto* const depth = rect->axis(QCPAxis::atLeft);
     depth->setRangeReversed(true);

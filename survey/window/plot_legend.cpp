@@ -12,7 +12,6 @@ void AddLegend(QCustomPlot& plot, const Place& place, const std::vector<QCPGraph
 {
     auto* const legend = new QCPLegend;
     plot.plotLayout()->addElement(place.row, place.column, legend);
-    plot.plotLayout()->setRowStretchFactor(place.row, 0.001); // as low as its text
     legend->setLayer(QStringLiteral("legend"));
     legend->setTextColor(colours.ink);
     legend->setBrush(Qt::NoBrush);

@@ -14,11 +14,12 @@ constexpr std::array<Qt::PenStyle, 4> kDashes{Qt::SolidLine, Qt::DashLine, Qt::D
                                               Qt::DashDotLine};
 } // namespace
 
+/// The first sixteen curves differ.
 QPen PenOf(const Curve& curve, std::size_t number, const PlotColours& colours)
 {
     QColor colour(colours.Dark() ? kOnDark[number % 4] : kOnLight[number % 4]);
     if (!curve.strong) colour.setAlphaF(0.4F);
-    return {colour, curve.strong ? 1.8 : 1.0, kDashes[number % 4]};
+    return {colour, curve.strong ? 1.8 : 1.0, kDashes[(number + number / 4) % 4]};
 }
 
 } // namespace tarvex::survey

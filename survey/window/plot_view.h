@@ -22,6 +22,9 @@ public:
     /// Called with the depth that is pointed to, in tenths of a metre.
     std::function<void(double)> depthPointed;
 
+    /// Called after that when it was a key that pointed.
+    std::function<void()> keyPointed;
+
     /// Shows this page in place of the one before, with all of it in view.
     void Show(PlotPage page);
 

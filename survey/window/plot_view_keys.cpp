@@ -16,7 +16,9 @@ void PlotView::Step(int direction)
         if (away > 0.01 && (next == nullptr || away < (next->depth - pointed_) * direction))
             next = &point;
     }
-    if (next != nullptr) Point(next->depth);
+    if (next == nullptr) return;
+    Point(next->depth);
+    if (keyPointed) keyPointed();
 }
 
 void PlotView::Zoom(double factor)

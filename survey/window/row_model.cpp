@@ -103,8 +103,7 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
 {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
     const auto column = static_cast<std::size_t>(section);
-    return column < sheet_.titles.size() ? Text(sheet_.titles[column])
-                                         : QStringLiteral("Fault");
+    return column < sheet_.titles.size() ? Text(sheet_.titles[column]) : QStringLiteral("Fault");
 }
 
 } // namespace tarvex::survey

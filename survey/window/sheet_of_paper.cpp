@@ -24,8 +24,7 @@ void DrawParts(Paper& paper, const PictureSubject& subject)
     DrawHead(paper, subject);
     DrawVerdict(paper, subject.verdict);
     paper.Skip(kGap);
-    const double room =
-        paper.Height() - FootHeight(paper, subject) - paper.Down() - 2 * kGap;
+    const double room = paper.Height() - FootHeight(paper, subject) - paper.Down() - 2 * kGap;
     const auto form = TableFormOf(subject.survey, paper.Width(), room / 2);
     DrawPlots(paper, subject, room - form.Height());
     paper.Skip(kGap);

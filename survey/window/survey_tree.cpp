@@ -4,7 +4,6 @@
 #include "survey/window/window_text.h"
 
 #include <QHeaderView>
-#include <QItemSelectionModel>
 #include <QSignalBlocker>
 #include <QStyle>
 
@@ -75,6 +74,14 @@ std::vector<std::size_t> SurveyTree::Chosen() const
             numbers.push_back(static_cast<std::size_t>(number.toInt()));
     std::ranges::sort(numbers);
     return numbers;
+}
+
+QItemSelectionModel::SelectionFlags SurveyTree::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const
+{
+    if (index.isValid() && !(index.flags() & Qt::ItemIsSelectable))
+        return QItemSelectionModel::NoUpdate;
+    return QTreeWidget::selectionCommand(index, event);
 }
 
 QSize SurveyTree::sizeHint() const

@@ -2,6 +2,7 @@
 
 #include "survey/files/listed_survey.h"
 
+#include <QItemSelectionModel>
 #include <QTreeWidget>
 
 #include <cstddef>
@@ -28,6 +29,11 @@ public:
 
     /// Wide enough for a reading's line.
     QSize sizeHint() const override;
+
+protected:
+    /// What is chosen stays so while the keys or the pointer are at a client, site or tube.
+    QItemSelectionModel::SelectionFlags
+    selectionCommand(const QModelIndex& index, const QEvent* event = nullptr) const override;
 };
 
 } // namespace tarvex::survey

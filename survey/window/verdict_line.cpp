@@ -3,7 +3,6 @@
 #include "survey/window/accessible.h"
 #include "survey/window/fit_screen.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QLabel>
 
@@ -26,7 +25,7 @@ int MostLines(const QWidget& line)
 
 VerdictLine::VerdictLine(QWidget* parent) : QScrollArea(parent), words_(new QLabel(this))
 {
-    DescribeToAssistiveTools();
+    MakeSpoken(*words_);
     words_->setObjectName(QStringLiteral("verdict"));
     words_->setWordWrap(true);
     words_->setTextFormat(Qt::PlainText);
@@ -47,10 +46,8 @@ void VerdictLine::Say(const QString& words, const QString& tip)
     words_->setToolTip(tip);
     if (words == words_->text()) return;
     words_->setText(words);
-    words_->setAccessibleName(words);
     Fit();
-    QAccessibleEvent shown(words_, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&shown);
+    Announce(*words_);
 }
 
 void VerdictLine::resizeEvent(QResizeEvent* event)

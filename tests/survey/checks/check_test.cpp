@@ -216,6 +216,33 @@ TEST(Check, CountsDamagedFilesAgainstTheSurveyButNotHarmlessChanges)
     EXPECT_EQ(FindingOf(Check(survey), "files").text, "x-num.dat, record 3: no row");
 }
 
+TEST(Check, NamesAFewRecordsAndHowManyMoreThereAre)
+{
+    auto survey = Downloaded("1:depth=20");
+    for (std::size_t record = 2; record < 40; ++record)
+        for (const bool harmless : {true, false})
+            survey.anomalies.push_back({"x-num.dat", record, record * 113, "no row", harmless});
+    const auto verdict = Check(survey);
+    ASSERT_EQ(verdict.findings.size(), 5U);
+    EXPECT_EQ(verdict.findings.back().text, "and 34 more that \"show\" lists");
+    EXPECT_EQ(verdict.notes.back(), "and 34 more that \"show\" lists");
+}
+
+TEST(Check, PutsEqualFindingsAtSeveralDepthsTogether)
+{
+    auto spiked = Downloaded("1:depth=20");
+    for (const std::size_t row : {11U, 24U})
+        spiked.rows[row].readings[0]->counts += 300;
+    const auto verdict = Check(spiked);
+    EXPECT_THAT(FindingOf(verdict, "spike").depths, ElementsAre(60, 125));
+    EXPECT_THAT(FindingOf(verdict, "spike").text, HasSubstr(" is up to 149.50 counts"));
+    auto survey = Downloaded("1:depth=20");
+    for (const std::size_t first : {5U, 20U})
+        for (std::size_t i = first; i < first + 3; ++i)
+            survey.rows[i].readings = survey.rows[first].readings;
+    EXPECT_THAT(FindingOf(Check(survey), "frozen").depths, ElementsAre(30, 35, 40, 105, 110, 115));
+}
+
 TEST(Check, FindsPairsOfGuidesThatDisagreeAtADepth)
 {
     auto survey = Downloaded("2:depth=20,guides=4");
@@ -241,14 +268,14 @@ TEST(Check, TakesThePairsWithEitherSign)
 {
     auto survey = Downloaded("2:depth=20,guides=4");
     EXPECT_THAT(Check(survey).notes,
-                Contains(HasSubstr("(A2-A4)/2 and (B1-B3)/2 run with the same")));
+                Contains(HasSubstr("(A2-A4)/2 and (B1-B3)/2 have the same signs")));
     for (auto& row : survey.rows) {
         std::swap(row.readings[4], row.readings[6]);
         std::swap(row.readings[5], row.readings[7]);
     }
     EXPECT_TRUE(Check(survey).Good());
     EXPECT_THAT(Check(survey).notes,
-                Contains(HasSubstr("(A2-A4)/2 and (B1-B3)/2 run with opposite")));
+                Contains(HasSubstr("(A2-A4)/2 and (B1-B3)/2 have opposite signs")));
 }
 
 TEST(Check, OfASurveyWithoutDepthsIsNotGood)

@@ -48,7 +48,8 @@ TEST_F(CompareTest, TakesAMissingHeadOnTrustAndSaysSo)
 {
     auto now = now_;
     now.head.reset();
-    EXPECT_THAT(Compare(base_, now, SumFrom::Bottom).notes, Contains(HasSubstr("on trust")));
+    EXPECT_THAT(Compare(base_, now, SumFrom::Bottom).notes,
+                Contains(HasSubstr("nothing shows that it is the same tube")));
 }
 
 TEST_F(CompareTest, AlignsTubesOfDifferentDepthAtTheBottom)
@@ -56,7 +57,7 @@ TEST_F(CompareTest, AlignsTubesOfDifferentDepthAtTheBottom)
     const auto deeper = Downloaded("1:depth=21,nlet=02");
     const auto comparison = Compare(base_, deeper, SumFrom::Bottom);
     EXPECT_EQ(comparison.deeper, 10);
-    EXPECT_THAT(comparison.notes, Contains(HasSubstr("held together at the bottom")));
+    EXPECT_THAT(comparison.notes, Contains(HasSubstr("aligned at the bottom")));
     EXPECT_THAT(comparison.notes, Contains("the base has no readings for 0.5, 1.0 m"));
     EXPECT_EQ(comparison.pairs[0].differences.front().depth, 15);
     EXPECT_EQ(comparison.pairs[0].differences.back().depth, 210);

@@ -24,7 +24,7 @@ Survey Small()
     survey.files = {"a-num.dat"};
     survey.rows = {{5, {Reading{1, false}, Reading{-2, false}, Reading{0, true}}, 3},
                    {100, {Reading{100, false}, Reading{0, false}, Reading{-32767, false}}, 4}};
-    survey.anomalies = {{"a-num.dat", 3, 226, "B3 at 0.5 m is no reading: \"\"", false}};
+    survey.anomalies = {{"a-num.dat", 3, 226, "B3 at 0.5 m is not a reading: \"\"", false}};
     return survey;
 }
 
@@ -37,7 +37,7 @@ TEST(TableOf, AlignsTheColumnsAndMarksWhatIsMissing)
               "    0.5   +00001   -00002   -00000        -\n"
               "   10.0   +00100   +00000   -32767        -\n"
               "\n"
-              "a-num.dat, record 3, offset 226: B3 at 0.5 m is no reading: \"\"\n");
+              "a-num.dat, record 3, offset 226: B3 at 0.5 m is not a reading: \"\"\n");
 }
 
 TEST(TableOf, ShowsTheHeadOfADownloadedSurvey)

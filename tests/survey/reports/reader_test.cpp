@@ -72,15 +72,16 @@ TEST(ReadHead, TakesOtherLineEndsAndStrippedBlanks)
     EXPECT_EQ(contents.head.client, "CLIENT0");
     EXPECT_EQ(contents.head.time, "09:30:15");
     EXPECT_THAT(AnomaliesOf(contents),
-                ElementsAre("1 0 from here on the records are not cut as the manager cuts them"));
+                ElementsAre("1 0 from here on the records are not as long as the manager's"));
 }
 
 TEST(ReadHead, NamesTheLinesThatAreMissingOrForeign)
 {
     auto report = SmallSurveyHeadReport();
     report.replace(2 * 42, 4, "Sote"); // record 3
-    EXPECT_THAT(AnomaliesOf(Read(report)), ElementsAre("! 3 84 this line is none of a head report",
-                                                       "! 19 756 the line \"Site\" is missing"));
+    EXPECT_THAT(AnomaliesOf(Read(report)),
+                ElementsAre("! 3 84 this line does not belong in a head report",
+                            "! 19 756 the line \"Site\" is missing"));
 }
 
 TEST(ReadHead, NamesALineThatComesTwiceAndKeepsTheFirst)
@@ -145,7 +146,7 @@ TEST(ReadData, ReadsAWorkFileThatEndsInTheMiddle)
     EXPECT_THAT(AnomaliesOf(cut),
                 ElementsAre("! 5 452 the file ends within this record",
                             "! 5 452 it holds 2 readings at 0.5 m, not 4 or 8",
-                            "5 452 from here on the records are not cut as the manager cuts them"));
+                            "5 452 from here on the records are not as long as the manager's"));
 }
 
 TEST(ReadData, PassesOverTheShallowestRowAtTheTop)
@@ -174,8 +175,7 @@ struct OtherHands {
     std::vector<std::string> anomalies;
 };
 
-const std::string kCutOtherwise =
-    "1 0 from here on the records are not cut as the manager cuts them";
+const std::string kCutOtherwise = "1 0 from here on the records are not as long as the manager's";
 
 class OtherHandsTest : public ::testing::TestWithParam<OtherHands>
 {
@@ -205,7 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {kCutOtherwise}},
         OtherHands{"BareReturns",
                    [](const std::string& text) { return Replaced(text, "\r ", "\r"); },
-                   {"2 113 from here on the records are not cut as the manager cuts them"}},
+                   {"2 113 from here on the records are not as long as the manager's"}},
         OtherHands{
             "NulBytesToBlanks",
             [](const std::string& text) { return Replaced(text, std::string(1, '\0'), " "); },
@@ -233,7 +233,7 @@ TEST(ReadData, CountsOffsetsFromTheStartOfTheFileAlsoAfterAByteOrderMark)
     report[3 * 113 + 48] = 'x';
     EXPECT_THAT(AnomaliesOf(Read("\xEF\xBB\xBF" + report)),
                 ElementsAre("1 0 a byte order mark precedes the first record",
-                            "! 4 342 A1 at 1.0 m is no reading: \"+x0100\""));
+                            "! 4 342 A1 at 1.0 m is not a reading: \"+x0100\""));
 }
 
 struct BadReading {
@@ -253,7 +253,7 @@ TEST_P(BadReadingTest, IsLeftOutAndReported)
     EXPECT_FALSE(contents.rows[0].At(Column::B1));
     EXPECT_EQ(contents.rows[0].Counts(Column::A3), 3);
     EXPECT_THAT(AnomaliesOf(contents),
-                ElementsAre("! 3 226 B1 at 0.5 m is no reading: \"" + GetParam().text + "\""));
+                ElementsAre("! 3 226 B1 at 0.5 m is not a reading: \"" + GetParam().text + "\""));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
@@ -14,6 +15,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 
 namespace tarvex::survey
 {
@@ -61,6 +63,58 @@ TEST_F(WindowTest, OpensReportsFromTheHintByKeys)
         QTest::keyClick(button, Qt::Key_Space);
     }
     EXPECT_EQ(opened, QStringList({QStringLiteral("Open reports"), QStringLiteral("Open folder")}));
+}
+
+TEST_F(WindowTest, KeepsWhatIsChosenWhileTheKeysAreAtATube)
+{
+    window_.Open({folder_.Path()});
+    auto& tree = Find<QTreeWidget>("tree");
+    auto* const tube = tree.topLevelItem(0)->child(0)->child(0);
+    tree.setCurrentItem(tube->child(0));
+    ASSERT_TRUE(tube->child(0)->isSelected());
+    QTest::keyClick(&tree, Qt::Key_Up);
+    EXPECT_EQ(tree.currentItem(), tube);
+    EXPECT_TRUE(tube->child(0)->isSelected());
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(tube).center());
+    EXPECT_TRUE(tube->child(0)->isSelected());
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::keyClick(&tree, Qt::Key_Down);
+    EXPECT_TRUE(tube->child(1)->isSelected());
+    EXPECT_FALSE(tube->child(0)->isSelected());
+}
+
+TEST_F(WindowTest, SaysWhichOfSeveralReadingsItsVerdictIsOn)
+{
+    window_.Open({folder_.Path()});
+    Find<QTreeWidget>("tree").topLevelItem(0)->child(0)->child(0)->child(0)->setSelected(true);
+    EXPECT_EQ(Verdict(), "Verdict on readout 02: good");
+}
+
+TEST_F(WindowTest, FillsItsRoomWithThePlotsWhereNothingIsChosenToo)
+{
+    window_.Open({folder_.Path()});
+    window_.show();
+    Find<QTreeWidget>("tree").clearSelection();
+    Plot().replot();
+    EXPECT_GT(Plot().axisRect(0)->height(), Plot().height() * 2 / 3);
+}
+
+TEST_F(WindowTest, ExportsInTheChosenFormWhereTheNameHasNoEnding)
+{
+    window_.Open({folder_.Path()});
+    QString proposed;
+    QTimer::singleShot(0, &window_, [&] {
+        auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        proposed = dialog->selectedFiles().value(0);
+        dialog->selectNameFilter(QStringLiteral("Table (*.csv)"));
+        dialog->selectFile(PathText(folder_ / "table"));
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    for (auto* const action : window_.findChildren<QAction*>())
+        if (action->text().startsWith(QStringLiteral("&Export"))) action->trigger();
+    EXPECT_THAT(proposed.toStdString(), ::testing::EndsWith("-PENDIO 1-T1  -02.pdf"));
+    EXPECT_THAT(tests::FileBytes(folder_ / "table.csv"), ::testing::StartsWith("Depth"));
 }
 
 TEST_F(WindowTest, ShowsTheReasonsOfItsVerdictByAKey)

@@ -89,7 +89,8 @@ TEST_F(SurveyScreen, HoldsTheWindowWithItsVerdictAlwaysInSight)
         EXPECT_GE(Seen("verdict").width(), 8 * line / 2) << name;
     }
     const auto& reasons = Find<QWidget>("reasons"); // on a narrow window the menu has them
-    EXPECT_EQ(reasons.isVisible(), window_.width() >= 40 * window_.fontMetrics().averageCharWidth());
+    EXPECT_EQ(reasons.isVisible(),
+              window_.width() >= 40 * window_.fontMetrics().averageCharWidth());
     EXPECT_TRUE(!reasons.isVisible() || SeenOf(reasons) == reasons.size());
 }
 

@@ -7,8 +7,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QInputDialog>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <algorithm>
@@ -88,26 +90,56 @@ TEST_F(SheetTest, WrapsALongRemarkAndEndsItAfterFourLines)
     EXPECT_EQ(std::count(words.begin(), words.end(), '\f'), 1);
 }
 
+/// Prints from the window's menu into a file, with that remark.
+void PrintInto(MainWindow& window, const std::filesystem::path& file, const QString& remark)
+{
+    int answered = 0;
+    int tries = 0;
+    std::function<void()> printIt = [&] {
+        auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr && ++tries < 5000) return QTimer::singleShot(1, &window, printIt);
+        ASSERT_NE(dialog, nullptr);
+        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+        dialog->printer()->setOutputFileName(PathText(file));
+        dialog->printer()->setPageSize(QPageSize(QPageSize::A4));
+        dialog->done(QDialog::Accepted);
+        ++answered;
+    };
+    QTimer::singleShot(0, &window, [&] {
+        auto* const dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->setTextValue(remark);
+        QTimer::singleShot(0, &window, printIt);
+        dialog->accept();
+        ++answered;
+    });
+    for (auto* const action : window.findChildren<QAction*>())
+        if (action->text().startsWith(QStringLiteral("&Print"))) action->trigger();
+    ASSERT_EQ(answered, 2);
+}
+
 TEST_F(SheetTest, ComesOutOfAPrinterAsOutOfTheExport)
 {
     window_.Open({tests::Download(folder_.Path(), "4:depth=20,spike=12.5")});
-    const auto printed = folder_ / "printed.pdf";
-    int accepted = 0;
-    QTimer::singleShot(0, &window_, [&] {
-        auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
-        dialog->printer()->setOutputFileName(PathText(printed));
-        dialog->printer()->setPageSize(QPageSize(QPageSize::A4));
-        dialog->done(QDialog::Accepted);
-        ++accepted;
-    });
-    for (auto* const action : window_.findChildren<QAction*>())
-        if (action->text().startsWith(QStringLiteral("&Print"))) action->trigger();
-    ASSERT_EQ(accepted, 1);
-    const auto words = TextOfPdf(printed, "-raw");
+    PrintInto(window_, folder_ / "printed.pdf", QStringLiteral("Rain since Monday"));
+    const auto words = TextOfPdf(folder_ / "printed.pdf", "-raw");
     EXPECT_THAT(words, HasSubstr("Verdict: read again at 12.5 m (A)"));
-    EXPECT_EQ(words, TextOfPdf(PdfOf("4:depth=20,spike=12.5"), "-raw"));
+    EXPECT_THAT(words, HasSubstr("Remark: Rain since Monday"));
+    EXPECT_EQ(words, TextOfPdf(PdfOf("4:depth=20,spike=12.5", "Rain since Monday"), "-raw"));
+}
+
+TEST_F(SheetTest, IsNeverPrintedOverAReport)
+{
+    const auto report = tests::Download(folder_.Path(), "4:depth=20,spike=12.5");
+    std::filesystem::copy_file(report, folder_ / "copy.pdf");
+    const auto before = tests::FileBytes(report);
+    window_.Open({report});
+    for (const auto& file : {report, folder_ / "copy.pdf"}) {
+        PrintInto(window_, file, {});
+        EXPECT_EQ(tests::FileBytes(file), before);
+        EXPECT_THAT(window_.statusBar()->currentMessage().toStdString(),
+                    HasSubstr(file.filename().string() + " is not written: "));
+    }
 }
 
 } // namespace

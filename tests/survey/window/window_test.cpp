@@ -266,6 +266,7 @@ TEST_F(WindowTest, ZoomsByKeysInBothChannelsAndShowsAllAgain)
 
 TEST_F(WindowTest, NamesEveryControlForThoseWhoDoNotSeeIt)
 {
+    EXPECT_EQ(Find<QLabel>("verdict").accessibleName(), Find<QLabel>("verdict").text());
     for (const char* name : {"tree", "verdict", "kinds", "bases", "plot", "table", "values"})
         EXPECT_FALSE(Find<QWidget>(name).accessibleName().isEmpty()) << name;
 }
