@@ -42,13 +42,13 @@ MainWindow::MainWindow() : watch_([this] { Relist(); })
     BuildMenus();
     BuildValues();
     ShowVerdict();
+    ShowHint();
     resize(kUsualSize.expandedTo(sizeHint()).boundedTo(FreeSize(*this)));
     LeaveRoomForVerdict();
 }
 
 void MainWindow::showEvent(QShowEvent* event)
 {
-    ShowHint();
     if (!listed_.empty()) tree_->setFocus();
     QMainWindow::showEvent(event);
 }
