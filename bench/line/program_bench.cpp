@@ -35,6 +35,7 @@ Figures MediansOf(const std::vector<Talk>& talks)
 {
     const auto over = [&](const std::function<double(const Talk&)>& figure) {
         std::vector<double> values;
+        values.reserve(talks.size());
         for (const Talk& talk : talks)
             values.push_back(figure(talk));
         return Median(values);
