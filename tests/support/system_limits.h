@@ -56,7 +56,8 @@ private:
     void (*signalBefore_)(int) = nullptr;
 };
 
-/// True when `check`, run by a user without privileges in a process of its own, gives true.
+/// True when `check`, run by a user without privileges in a process of its own, gives true. On
+/// Windows it runs as it is: tests that need another user are left out there.
 bool HoldsForAnyUser(const std::function<bool()>& check);
 
 } // namespace tarvex::tests

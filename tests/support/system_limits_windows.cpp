@@ -19,7 +19,7 @@ FullDisk::~FullDisk() = default;
 
 bool HoldsForAnyUser(const std::function<bool()>& check)
 {
-    return check(); // nobody here writes what is marked as read-only, not even an administrator
+    return check(); // no second user is to be had here: as whoever runs the test
 }
 
 } // namespace tarvex::tests
