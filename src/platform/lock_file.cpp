@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -23,6 +24,10 @@ namespace
 {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+// A program writes its number directly after it has made the file.
+constexpr auto kWritingTakes = 1s;
 
 #ifdef _WIN32
 
@@ -94,11 +99,22 @@ int ProcessIn(const fs::path& file)
     return ProcessNamedBy(content);
 }
 
+/// Empty for longer than a program takes to write its number: it was killed before it could. A time
+/// to come is an earlier one too, of a clock that was put back.
+bool WasNeverWritten(const fs::path& file)
+{
+    std::error_code gone;
+    if (fs::file_size(file, gone) != 0 || gone) return false;
+    const auto age = fs::file_time_type::clock::now() - fs::last_write_time(file, gone);
+    return !gone && (age > kWritingTakes || age < -kWritingTakes);
+}
+
 /// Whether the process of a lock file may still be there. This one is not meant: what it holds
 /// shows as an advisory lock, and a file of its number was left by an earlier process.
-bool IsHeldBy(int process)
+bool IsHeld(const fs::path& file, int process)
 {
-    return process == 0 || (process != OwnProcess() && IsAlive(process));
+    if (process == 0) return !WasNeverWritten(file);
+    return process != OwnProcess() && IsAlive(process);
 }
 
 } // namespace
@@ -128,7 +144,7 @@ std::optional<LockFileHold> HoldByLockFile(const fs::path& device, const LockFol
 {
     for (const fs::path& file : LockFilesOf(device, folders)) {
         const int process = ProcessIn(file);
-        if (IsHeldBy(process)) return LockFileHold{file, process};
+        if (IsHeld(file, process)) return LockFileHold{file, process};
     }
     return std::nullopt;
 }
@@ -138,7 +154,7 @@ bool RemoveLockFiles(const fs::path& device, const LockFolders& folders)
     bool allGone = true;
     for (const fs::path& file : LockFilesOf(device, folders)) {
         std::error_code refused;
-        if (!IsHeldBy(ProcessIn(file))) fs::remove(file, refused);
+        if (!IsHeld(file, ProcessIn(file))) fs::remove(file, refused);
         allGone = allGone && !fs::exists(file, refused);
     }
     return allGone;

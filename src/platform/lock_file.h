@@ -30,7 +30,8 @@ struct LockFileHold {
 };
 
 /// The lock file that keeps a device; none when there is no file, or only files of processes that
-/// have ended. One that names this very process was left by an earlier one of its number.
+/// have ended. One that names this very process was left by an earlier one of its number; one that
+/// has been empty for a second, by a program that was killed before it wrote its number.
 std::optional<LockFileHold> HoldByLockFile(const std::filesystem::path& device,
                                            const LockFolders& folders);
 

@@ -4,6 +4,8 @@
 
 #include <csignal>
 #include <stdexcept>
+#include <system_error>
+#include <thread>
 
 namespace tarvex::tests
 {
@@ -11,6 +13,11 @@ namespace tarvex::tests
 namespace
 {
 
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+// For so long a lock file without a number keeps its port: its program may be about to write it.
+constexpr auto kLockIsWritten = 1200ms;
 constexpr std::string_view kBox = "box ";
 constexpr std::string_view kText = "text ";
 constexpr std::string_view kFailed = "failed ";
@@ -30,10 +37,23 @@ std::vector<std::string> Words(const Sandbox& desk, const ManagerStart& start)
     return words;
 }
 
+fs::path LockFileOf(const fs::path& port)
+{
+    std::error_code absent;
+    const auto terminal = fs::canonical(port, absent).filename().string();
+    return "/var/lock/LCK..pts_" + terminal;
+}
+
+bool IsEmptyFile(const fs::path& file)
+{
+    std::error_code absent;
+    return fs::file_size(file, absent) == 0 && !absent;
+}
+
 } // namespace
 
 Manager::Manager(const Sandbox& desk, Unawaited /*unawaited*/, const ManagerStart& start)
-    : program_(Words(desk, start))
+    : port_(desk.Port()), program_(Words(desk, start))
 {
 }
 
@@ -87,6 +107,7 @@ void Manager::Kill()
 {
     program_.Signal(SIGKILL);
     program_.ExitStatus();
+    if (IsEmptyFile(LockFileOf(port_))) std::this_thread::sleep_for(kLockIsWritten);
 }
 
 int Manager::Close()

@@ -4,6 +4,7 @@
 #include "support/child_program.h"
 
 #include <chrono>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -48,7 +49,8 @@ public:
     /// What a box of the panel holds.
     std::string Text(const std::string& box);
 
-    /// What a kill leaves it.
+    /// What a kill leaves it. Where that came before the number was in the port's lock file, the
+    /// port is free again after this.
     void Kill();
 
     /// Closes the panel, also inside a wait, and gives the exit status.
@@ -58,6 +60,7 @@ public:
     pid_t Process() const { return program_.Process(); }
 
 private:
+    std::filesystem::path port_;
     ChildProgram program_;
 };
 

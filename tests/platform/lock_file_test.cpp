@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <unistd.h>
 
 namespace tarvex::tests
@@ -14,6 +15,7 @@ namespace
 {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 using platform::HoldByLockFile;
 using platform::LockFilesOf;
 using platform::LockFolders;
@@ -61,6 +63,11 @@ protected:
         WriteFile(adapter, "");
         fs::create_symlink(adapter, folder / "by-id" / "usb-Adapter_A1");
         fs::create_symlink(folder / "ttyUSB1", folder / "by-id" / "usb-Adapter_B2");
+    }
+
+    static void MakeOlder(const fs::path& file, std::chrono::milliseconds by)
+    {
+        fs::last_write_time(file, fs::last_write_time(file) - by);
     }
 
     fs::path Leave(const std::string& name, const std::string& content) const
@@ -111,12 +118,39 @@ TEST_F(LockFile, OfAnotherUsersLivingProcessKeepsTheDevice)
 
 TEST_F(LockFile, ThatNamesNobodyKeepsTheDeviceSinceNobodyKnows)
 {
-    const fs::path file = Leave("LCK..ttyUSB0", "");
+    const fs::path file = Leave("LCK..ttyUSB0", "minicom\n");
+    MakeOlder(file, 24h);
     const auto hold = HoldByLockFile(adapter, folders);
     ASSERT_TRUE(hold);
     EXPECT_EQ(hold->process, 0);
     EXPECT_FALSE(RemoveLockFiles(adapter, folders));
     EXPECT_TRUE(fs::exists(file));
+}
+
+TEST_F(LockFile, ThatIsEmptyKeepsTheDeviceWhileItsNumberMayYetBeWritten)
+{
+    const fs::path file = Leave("LCK..ttyUSB0", "");
+    EXPECT_TRUE(HoldByLockFile(adapter, folders));
+    EXPECT_FALSE(RemoveLockFiles(adapter, folders));
+    EXPECT_TRUE(fs::exists(file));
+}
+
+TEST_F(LockFile, ThatStayedEmptyWasLeftByAKilledProgramAndIsTakenAway)
+{
+    const fs::path file = Leave("LCK..ttyUSB0", "");
+    MakeOlder(file, 1100ms);
+    EXPECT_FALSE(HoldByLockFile(adapter, folders));
+    EXPECT_TRUE(RemoveLockFiles(adapter, folders));
+    EXPECT_FALSE(fs::exists(file));
+}
+
+/// As by a laptop whose clock was put back.
+TEST_F(LockFile, ThatIsEmptyAndOfATimeToComeIsTakenAwayToo)
+{
+    const fs::path file = Leave("LCK..ttyUSB0", "");
+    MakeOlder(file, -24h);
+    EXPECT_FALSE(HoldByLockFile(adapter, folders));
+    EXPECT_TRUE(RemoveLockFiles(adapter, folders));
 }
 
 TEST_F(LockFile, OfADeadProcessOrOfThisNumberIsTakenAway)
