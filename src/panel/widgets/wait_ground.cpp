@@ -5,8 +5,6 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include <utility>
-
 namespace tarvex::panel
 {
 
@@ -70,11 +68,6 @@ WaitGround::WaitGround(ExchangeProgress& progress, QWidget* parent)
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
-    pause_.setSingleShot(true);
-    pause_.setInterval(kMillisecondsBetweenPaints);
-    pause_.callOnTimeout(this, [this] {
-        if (std::exchange(late_, false)) PaintSoon();
-    });
     progress_.Watch([this] { TakeChange(); });
 }
 
@@ -85,18 +78,8 @@ WaitGround::~WaitGround()
 
 void WaitGround::TakeChange()
 {
-    if (pause_.isActive()) {
-        late_ = true;
-    } else {
-        PaintSoon();
-    }
+    pause_.Make([this] { update(); });
     if (changed_) changed_();
-}
-
-void WaitGround::PaintSoon()
-{
-    update();
-    pause_.start();
 }
 
 void WaitGround::paintEvent(QPaintEvent*)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/exchange_progress.h"
+#include "panel/widgets/paint_pause.h"
 
-#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -17,7 +17,7 @@ class WaitGround final : public QWidget
 {
 public:
     /// It is painted anew at most this often, however fast the exchange goes on.
-    static constexpr int kMillisecondsBetweenPaints = 250;
+    static constexpr int kMillisecondsBetweenPaints = PaintPause::kMillisecondsBetweenPaints;
 
     /// Shows `progress`, which must outlive it, as its only watcher. Shown or hidden, it takes the
     /// room that its layout gives it.
@@ -34,12 +34,10 @@ protected:
 
 private:
     void TakeChange();
-    void PaintSoon();
 
     ExchangeProgress& progress_;
     std::function<void()> changed_;
-    QTimer pause_;      // since the last painting
-    bool late_ = false; // a change waits for the pause to end
+    PaintPause pause_{*this};
 };
 
 } // namespace tarvex::panel
