@@ -2,7 +2,9 @@
 
 find_package(CLI11 QUIET)
 find_package(nlohmann_json 3.11 QUIET)
-find_package(Qt6 6.4 REQUIRED COMPONENTS PrintSupport)
+if(NOT CMAKE_SYSTEM_NAME STREQUAL "Windows")
+    find_package(Qt6 6.4 REQUIRED COMPONENTS PrintSupport)
+endif()
 find_package(QCustomPlotQt6 QUIET)
 find_library(TARVEX_XLSXWRITER xlsxwriter)
 find_path(TARVEX_XLSXWRITER_INCLUDE xlsxwriter.h)

@@ -77,6 +77,25 @@ std::filesystem::path FromUnicode(std::u16string_view text)
     }
 }
 
+std::string ForLibrary(const std::filesystem::path& path)
+{
+    if constexpr (kPathsAreBytes) {
+        return {path.native().begin(), path.native().end()};
+    } else {
+        const std::u8string bytes = ToBytes(Unicode(path));
+        return {bytes.begin(), bytes.end()};
+    }
+}
+
+std::filesystem::path FromLibrary(std::string_view bytes)
+{
+    if constexpr (kPathsAreBytes) {
+        return std::filesystem::path::string_type(bytes.begin(), bytes.end());
+    } else {
+        return FromUnicode(FromBytes(std::u8string(bytes.begin(), bytes.end())));
+    }
+}
+
 bool IsUnicode(const std::filesystem::path& path)
 {
     return FromUnicode(Unicode(path)).native() == path.native();

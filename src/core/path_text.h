@@ -20,4 +20,11 @@ std::filesystem::path FromUnicode(std::u16string_view text);
 /// True when the path's text leads back to the same path.
 bool IsUnicode(const std::filesystem::path& path);
 
+/// The path for a library that takes bytes: the system's own bytes where paths are bytes, else
+/// UTF-8.
+std::string ForLibrary(const std::filesystem::path& path);
+
+/// The path that such a library gave.
+std::filesystem::path FromLibrary(std::string_view bytes);
+
 } // namespace tarvex::path_text

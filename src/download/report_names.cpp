@@ -1,9 +1,9 @@
 #include "download/report_names.h"
 
 #include "core/code_page.h"
+#include "core/device_names.h"
 #include "core/failure.h"
 #include "core/path_text.h"
-#include "download/device_names.h"
 
 namespace tarvex
 {

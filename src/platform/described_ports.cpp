@@ -64,4 +64,10 @@ std::vector<MachinePort> DescribedPorts(const fs::path& terminals, const fs::pat
     return ports;
 }
 
+// The toolkit's own list opens every port of a certain driver, held or not.
+std::vector<MachinePort> ListMachinePorts()
+{
+    return DescribedPorts("/sys/class/tty", "/dev");
+}
+
 } // namespace tarvex::platform

@@ -1,19 +1,5 @@
 #include "platform/device_access.h"
 
-#ifdef _WIN32
-
-namespace tarvex::platform
-{
-
-DeviceAccess AccessTo(const std::filesystem::path&)
-{
-    return {true, true, {}};
-}
-
-} // namespace tarvex::platform
-
-#else
-
 #include <fcntl.h>
 #include <grp.h>
 #include <sys/stat.h>
@@ -45,5 +31,3 @@ DeviceAccess AccessTo(const std::filesystem::path& device)
 }
 
 } // namespace tarvex::platform
-
-#endif

@@ -1,35 +1,5 @@
 #include "platform/device_holder.h"
 
-#ifndef __linux__
-
-// Elsewhere the system itself opens a port only once, and lets nobody see by whom.
-namespace tarvex::platform
-{
-
-bool DeviceHolder::IsOurs() const
-{
-    return false;
-}
-
-std::string DeviceHolder::Name() const
-{
-    return {};
-}
-
-std::optional<DeviceHolder> HolderByLock(const std::filesystem::path&, const LockFolders&)
-{
-    return std::nullopt;
-}
-
-std::optional<DeviceHolder> HolderOf(const std::filesystem::path&, const LockFolders&, int)
-{
-    return std::nullopt;
-}
-
-} // namespace tarvex::platform
-
-#else
-
 #include "platform/exclusive_holder.h"
 #include "platform/lock_table.h"
 
@@ -102,5 +72,3 @@ std::optional<DeviceHolder> HolderOf(const fs::path& device, const LockFolders& 
 }
 
 } // namespace tarvex::platform
-
-#endif

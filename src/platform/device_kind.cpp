@@ -1,24 +1,5 @@
 #include "platform/device_kind.h"
 
-#ifdef _WIN32
-
-namespace tarvex::platform
-{
-
-DeviceKind KindOf(const std::filesystem::path&, const std::filesystem::path&)
-{
-    return DeviceKind::Serial;
-}
-
-bool HasNoChip(const std::filesystem::path&)
-{
-    return false;
-}
-
-} // namespace tarvex::platform
-
-#else
-
 #include "platform/device_number.h"
 
 #include <fstream>
@@ -49,5 +30,3 @@ DeviceKind KindOf(const fs::path& device, const fs::path& characterDevices)
 }
 
 } // namespace tarvex::platform
-
-#endif

@@ -1,19 +1,5 @@
 #include "platform/device_lock.h"
 
-#ifdef _WIN32
-
-// The system itself opens a port only once.
-namespace tarvex::platform
-{
-
-DeviceLock::DeviceLock(const std::filesystem::path& device, const LockFolders&) : name_(device) {}
-
-void DeviceLock::Release() {}
-
-} // namespace tarvex::platform
-
-#else
-
 #include "core/code_page.h"
 #include "platform/device_holder.h"
 #include "platform/exclusive_holder.h"
@@ -96,5 +82,3 @@ void DeviceLock::Release()
 }
 
 } // namespace tarvex::platform
-
-#endif

@@ -1,8 +1,10 @@
 #include "platform/lock_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <chrono>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -10,12 +12,7 @@
 #include <set>
 #include <string>
 #include <system_error>
-
-#ifndef _WIN32
-#include <cerrno>
-#include <csignal>
 #include <unistd.h>
-#endif
 
 namespace tarvex::platform
 {
@@ -29,20 +26,6 @@ using namespace std::chrono_literals;
 // A program writes its number directly after it has made the file.
 constexpr auto kWritingTakes = 1s;
 
-#ifdef _WIN32
-
-int OwnProcess()
-{
-    return 0;
-}
-
-bool IsAlive(int)
-{
-    return false;
-}
-
-#else
-
 int OwnProcess()
 {
     return ::getpid();
@@ -52,8 +35,6 @@ bool IsAlive(int process)
 {
     return ::kill(process, 0) == 0 || errno == EPERM;
 }
-
-#endif
 
 bool IsText(char byte)
 {

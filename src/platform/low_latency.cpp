@@ -1,36 +1,11 @@
 #include "platform/low_latency.h"
 
-#include <utility>
-
-#ifndef __linux__
-
-namespace tarvex::platform
-{
-
-int CallDriver(int, unsigned long, serial_struct*)
-{
-    return -1;
-}
-
-bool LowLatency::Switch(bool) const
-{
-    return false;
-}
-
-int LatencyMilliseconds(const std::filesystem::path&, const std::filesystem::path&)
-{
-    return 0;
-}
-
-} // namespace tarvex::platform
-
-#else
-
 #include "platform/device_number.h"
 
 #include <fstream>
 #include <linux/serial.h>
 #include <sys/ioctl.h>
+#include <utility>
 
 namespace tarvex::platform
 {
@@ -58,13 +33,6 @@ int LatencyMilliseconds(const std::filesystem::path& device,
         milliseconds;
     return milliseconds;
 }
-
-} // namespace tarvex::platform
-
-#endif
-
-namespace tarvex::platform
-{
 
 LowLatency::LowLatency(int descriptor, DriverCall call)
     : descriptor_(descriptor), call_(std::move(call)), switched_(Switch(true))

@@ -1,18 +1,9 @@
 #include "platform/machine_ports.h"
 
-#ifdef __linux__
-#include "platform/described_ports.h"
-#else
-#include "platform/text/qt_text.h"
-
-#include <QSerialPortInfo>
-#endif
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
-#include <system_error>
 #include <utility>
 
 namespace tarvex::platform
@@ -58,31 +49,5 @@ std::vector<MachinePort> InPortOrder(const std::vector<MachinePort>& ports)
     });
     return numbered;
 }
-
-#ifdef __linux__
-
-// The toolkit's own list opens every port of a certain driver, held or not.
-std::vector<MachinePort> ListMachinePorts()
-{
-    return DescribedPorts("/sys/class/tty", "/dev");
-}
-
-#else
-
-std::vector<MachinePort> ListMachinePorts()
-{
-    std::vector<MachinePort> ports;
-    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-        MachinePort port{info.portName().toStdString(), PathFromQString(info.systemLocation()),
-                         info.description().toStdString(), info.manufacturer().toStdString(),
-                         info.serialNumber().toStdString()};
-        std::error_code unreadable;
-        port.hasNode = std::filesystem::exists(port.device, unreadable);
-        ports.push_back(std::move(port));
-    }
-    return ports;
-}
-
-#endif
 
 } // namespace tarvex::platform

@@ -40,7 +40,12 @@ std::string DeviceText(const PortFacts& facts)
 
 std::string AbsenceText()
 {
+#ifdef _WIN32
+    return ", which is not there. Plug in the adapter, or give its port this number in the device "
+           "manager.";
+#else
     return ", which is not there. Plug in the adapter, or make the link anew.";
+#endif
 }
 
 /// For what is there and can never be a line to the unit.

@@ -2,6 +2,7 @@
 
 #include "core/serial_port.h"
 #include "platform/port_finder.h"
+#include "platform/port_opening.h"
 #include "platform/port_surroundings.h"
 
 #include <memory>
@@ -11,7 +12,7 @@
 namespace tarvex::platform
 {
 
-/// The serial port on the toolkit; received bytes and an adapter's disappearance reach it only
+/// The serial port in the event queue; received bytes and an adapter's disappearance reach it only
 /// while events are processed.
 ///
 /// A device that vanishes while open leaves the port open and silent: nothing more is received,
@@ -32,16 +33,15 @@ public:
     std::string Input() override;
 
 private:
-    class Opening;
     void OpenDevice(const std::filesystem::path& device);
     void NoteHeld(const std::filesystem::path& device) const;
     void Note(const std::filesystem::path& device, const std::string& refusal) const;
-    Opening& RequireOpen() const;
+    PortOpening& RequireOpen() const;
 
     PortFinder finder_;
     PortSurroundings surroundings_;
     int number_ = 1;
-    std::unique_ptr<Opening> opening_; // null when not open
+    std::unique_ptr<PortOpening> opening_; // null when not open
 };
 
 } // namespace tarvex::platform

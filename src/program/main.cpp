@@ -1,3 +1,4 @@
+#include "platform/empty_drives.h"
 #include "platform/file_size_limit.h"
 #include "platform/qt_application.h"
 #include "platform/qt_path.h"
@@ -39,6 +40,7 @@ int main(int argc, char* argv[])
     if (const auto status = tarvex::AnswerCommandLine(arguments, std::cout, std::cerr))
         return *status;
     tarvex::platform::FailWritesAtTheSizeLimit();
+    tarvex::platform::FailAtAnEmptyDrive();
 
     tarvex::platform::Application application(argc, argv);
     if (argc > 1) return tarvex::RefuseArgument(argv[1], std::cerr); // not taken on this desktop

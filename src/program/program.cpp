@@ -3,6 +3,7 @@
 #include "core/failure.h"
 #include "core/start_up.h"
 #include "panel/forms/picture.h"
+#include "panel/forms/report_folder.h"
 #include "panel/widgets/look.h"
 #include "platform/qt_application.h"
 #include "program/manual.h"
@@ -90,7 +91,7 @@ void Program::ShowMainForm()
                                         .line = LineWith(&panel_.waitIndicator),
                                         .forms = sideForms_,
                                         .fileDialog = fileDialog_,
-                                        .headerFolder = startFolder_ / "dati"};
+                                        .headerFolder = panel::DefaultReportFolder(startFolder_)};
     QGuiApplication::setWindowIcon(panel::ProgramIcon()); // now, for the splash needs none
     mainForm_ = std::make_unique<panel::MainWindow>(context, portNames_, handlers_, end_);
     sideForms_.StandAbove(mainForm_.get());

@@ -21,10 +21,8 @@ namespace
 constexpr std::array<std::string_view, 3> kDoors = {
     "src/core/path_text.cpp", "src/platform/text/qt_text.cpp", "survey/window/path_text.cpp"};
 
-/// Conversions of texts that are never paths: what a device or the system says of itself, and
-/// what a report holds.
-constexpr std::array<std::string_view, 2> kTextsOfOthers = {"src/platform/machine_ports.cpp",
-                                                            "survey/window/window_text.h"};
+/// Conversions of texts that are never paths: what a report holds.
+constexpr std::array<std::string_view, 1> kTextsOfOthers = {"survey/window/window_text.h"};
 
 /// What only exists where the system has drives.
 constexpr std::string_view kDrives = "src/panel/forms/machine_places.cpp";

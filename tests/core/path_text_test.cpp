@@ -21,6 +21,21 @@ TEST(PathText, FindsThePathOfAText)
     EXPECT_EQ(path_text::FromUnicode(u""), path());
 }
 
+TEST(PathText, GivesALibraryTheBytesThatLeadBackToThePath)
+{
+    const path name(u8"/srv/città/€ 𝄞");
+    EXPECT_EQ(path_text::ForLibrary(name), "/srv/città/€ 𝄞");
+    EXPECT_EQ(path_text::FromLibrary(path_text::ForLibrary(name)), name);
+    EXPECT_EQ(path_text::FromLibrary(""), path());
+}
+
+TEST(PathText, GivesALibraryTheSystemsOwnBytesAlsoWhereTheyAreNoUtf8)
+{
+    SKIP_WHERE_PATHS_ARE_UNICODE();
+    EXPECT_EQ(path_text::ForLibrary("/srv/Citt\xE0"), "/srv/Citt\xE0");
+    EXPECT_EQ(path_text::FromLibrary("/srv/Citt\xE0"), path("/srv/Citt\xE0"));
+}
+
 TEST(PathText, ShowsAReplacementForBytesThatAreNoUtf8)
 {
     SKIP_WHERE_PATHS_ARE_UNICODE();

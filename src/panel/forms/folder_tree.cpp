@@ -37,7 +37,8 @@ std::vector<Name> FoldersIn(const fs::path& folder)
          entry.increment(error)) {
         std::error_code unknown;
         Name name = entry->path().filename().native();
-        if (name.front() != '.' && entry->is_directory(unknown)) names.push_back(std::move(name));
+        if (!IsHidden(entry->path()) && entry->is_directory(unknown))
+            names.push_back(std::move(name));
     }
     std::sort(names.begin(), names.end());
     return names;

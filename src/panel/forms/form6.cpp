@@ -103,7 +103,7 @@ void Form6::Connect()
 void Form6::Load()
 {
     SkipOnError rule;
-    const auto reports = world_.startFolder / kDefaultReportFolder;
+    const auto reports = DefaultReportFolder(world_.startFolder);
     Attempt([&] { MakeFolder(reports); }); // fails when it is there already
     Attempt([&] { Dir1->SetFolder(places_.front().folder); });
     Attempt([&] { Dir1->SetFolder(reports); });

@@ -1,10 +1,10 @@
 #include "panel/forms/machine_places.h"
 
-#include "platform/text/qt_text.h"
+#include <QtGlobal>
 
 #ifdef Q_OS_WIN
 #include <QDir>
-#include <algorithm>
+#include <string>
 #else
 #include <cstdlib>
 #include <fstream>
@@ -15,15 +15,12 @@ namespace tarvex::panel
 
 #ifdef Q_OS_WIN
 
-std::vector<Place> MachinePlaces(const std::filesystem::path& startFolder)
+std::vector<Place> MachinePlaces(const std::filesystem::path&)
 {
-    std::vector<Place> places;
+    std::string letters;
     for (const QFileInfo& drive : QDir::drives())
-        places.push_back({PathFromQString(drive.filePath()), PathFromQString(drive.filePath())});
-    std::stable_partition(places.begin(), places.end(), [&](const Place& place) {
-        return place.folder.root_name() == startFolder.root_name();
-    });
-    return places;
+        letters += drive.filePath().front().toLatin1();
+    return DrivePlaces(letters);
 }
 
 #else

@@ -8,8 +8,8 @@
 namespace tarvex::panel
 {
 
-/// The places of this machine at this moment: its drives where it has drive letters, the drive of
-/// the start folder first; else UnixPlaces.
+/// The places of this machine at this moment: DrivePlaces where it has drive letters, else
+/// UnixPlaces.
 std::vector<Place> MachinePlaces(const std::filesystem::path& startFolder);
 
 } // namespace tarvex::panel

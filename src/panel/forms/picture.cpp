@@ -15,13 +15,14 @@ namespace tarvex::panel
 QIcon ProgramIcon()
 {
     LoadPictures();
-    QSvgRenderer drawing(QString::fromLatin1(kProgramPicture));
+    Drawing drawing;
+    drawing.Load(kProgramPicture);
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128}) {
         QPixmap pixmap(size, size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        drawing.render(&painter);
+        drawing.Render(painter, pixmap.rect());
         painter.end();
         icon.addPixmap(pixmap);
     }
@@ -36,12 +37,12 @@ PictureBox::PictureBox(const char* picture, QSize size, QWidget* parent)
 
 void PictureBox::paintEvent(QPaintEvent*)
 {
-    if (!drawing_.isValid()) {
+    if (!drawing_.IsLoaded()) {
         LoadPictures();
-        drawing_.load(QString::fromLatin1(picture_));
+        drawing_.Load(picture_);
     }
     QPainter painter(this);
-    drawing_.render(&painter, QRectF(rect()));
+    drawing_.Render(painter, rect());
 }
 
 } // namespace tarvex::panel

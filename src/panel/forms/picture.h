@@ -1,8 +1,8 @@
 #pragma once
 
+#include "panel/widgets/drawing.h"
+
 #include <QIcon>
-#include <QString>
-#include <QSvgRenderer>
 #include <QWidget>
 
 namespace tarvex::panel
@@ -28,7 +28,7 @@ protected:
 
 private:
     const char* picture_;
-    QSvgRenderer drawing_;
+    Drawing drawing_;
 };
 
 } // namespace tarvex::panel

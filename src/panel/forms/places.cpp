@@ -1,7 +1,10 @@
 #include "panel/forms/places.h"
 
+#include "core/code_page.h"
+
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -78,6 +81,19 @@ std::vector<Place> UnixPlaces(const std::filesystem::path& startFolder,
         if (removable) AddOnce(places, point.filename(), point);
     }
     AddOnce(places, "File system", "/");
+    return places;
+}
+
+std::vector<Place> DrivePlaces(std::string_view letters)
+{
+    std::vector<Place> places;
+    for (const char letter : letters) {
+        const std::string name{code_page::Capital(letter), ':'};
+        const auto small = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+        places.push_back({name, std::string{small, ':', '\\'}});
+    }
+    std::stable_partition(places.begin(), places.end(),
+                          [](const Place& place) { return place.name == "C:"; });
     return places;
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <istream>
+#include <string_view>
 #include <vector>
 
 namespace tarvex::panel
@@ -24,6 +25,10 @@ std::vector<std::filesystem::path> MountPoints(std::istream& mountTable);
 std::vector<Place> UnixPlaces(const std::filesystem::path& startFolder,
                               const std::filesystem::path& home,
                               const std::vector<std::filesystem::path>& mountPoints);
+
+/// The places of a machine with drive letters, "ACD" for three: the drive "C:" first, then the
+/// others in the order given.
+std::vector<Place> DrivePlaces(std::string_view letters);
 
 /// The index of the place that `folder` lies in, the nearest one above it; 0 when none does.
 std::size_t NearestPlace(const std::vector<Place>& places, const std::filesystem::path& folder);

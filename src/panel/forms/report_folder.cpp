@@ -2,16 +2,56 @@
 
 #include "core/failure.h"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 #include <system_error>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include "core/code_page.h"
+#include "core/device_names.h"
+
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <unistd.h>
 #endif
 
 namespace tarvex::panel
 {
+
+namespace
+{
+
+#ifdef _WIN32
+bool StaysAsItIs(const std::filesystem::path& name)
+{
+    const std::wstring& text = name.native();
+    const bool refused = std::ranges::any_of(text, [](wchar_t character) {
+        return character < L' ' ||
+               std::wstring_view(LR"(<>:"/\|?*)").find(character) != std::wstring_view::npos;
+    });
+    return !refused && text.back() != L'.' && text.back() != L' ' &&
+           !NamesADevice(code_page::Shown(name));
+}
+#else
+bool StaysAsItIs(const std::filesystem::path&)
+{
+    return true;
+}
+#endif
+
+} // namespace
+
+std::filesystem::path DefaultReportFolder(const std::filesystem::path& startFolder)
+{
+#ifdef _WIN32
+    static_cast<void>(startFolder);
+    return LR"(c:\dati)";
+#else
+    return startFolder / "dati";
+#endif
+}
 
 std::error_code TryMakeFolder(const std::filesystem::path& folder)
 {
@@ -27,7 +67,18 @@ void MakeFolder(const std::filesystem::path& folder)
 
 bool IsFolderName(const std::filesystem::path& name)
 {
-    return !name.empty() && name == name.filename() && name != "." && name != "..";
+    return !name.empty() && name == name.filename() && name != "." && name != ".." &&
+           StaysAsItIs(name);
+}
+
+bool IsHidden(const std::filesystem::path& folder)
+{
+#ifdef _WIN32
+    const DWORD attributes = ::GetFileAttributesW(folder.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_HIDDEN) != 0)
+        return true;
+#endif
+    return folder.filename().native().front() == '.';
 }
 
 bool CanBeListed(const std::filesystem::path& folder)

@@ -1,6 +1,7 @@
 #include "panel/survey/form5.h"
 
 #include "panel/survey/survey_grid.h"
+#include "panel/widgets/drawing.h"
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -8,7 +9,6 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
-#include <QSvgRenderer>
 #include <QVBoxLayout>
 
 // A library's resources have to be asked for, or the linker leaves them out.
@@ -30,11 +30,12 @@ constexpr int kPicture = 32; // pixels
 QIcon ClosePicture(qreal scale)
 {
     LoadDatabasePictures();
-    QSvgRenderer drawing(QStringLiteral(":/tarvex/close.svg"));
+    Drawing drawing;
+    drawing.Load(":/tarvex/close.svg");
     QPixmap pixmap(QSize(kPicture, kPicture) * scale);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    drawing.render(&painter);
+    drawing.Render(painter, pixmap.rect());
     painter.end();
     pixmap.setDevicePixelRatio(scale);
     return pixmap;

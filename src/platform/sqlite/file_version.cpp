@@ -1,5 +1,6 @@
 #include "platform/sqlite/file_version.h"
 
+#include "platform/sqlite/file_status.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 namespace tarvex::platform
@@ -14,16 +15,12 @@ FileVersion::FileVersion(const SqliteConnection& connection)
 {
     sqlite3_file* file = connection.File();
     file->pMethods->xRead(file, counters_.data(), static_cast<int>(counters_.size()), kCounters);
-    struct stat status {
-    };
-    if (::stat(sqlite3_db_filename(connection.Handle(), "main"), &status) != 0) {
-        throw RunTimeFailure("File not found");
-    }
-    device_ = status.st_dev;
-    file_ = status.st_ino;
-    size_ = status.st_size;
-    changedSeconds_ = status.st_mtim.tv_sec;
-    changedNanoseconds_ = status.st_mtim.tv_nsec;
+    const auto status = StatusOf(connection.FileName());
+    if (!status) throw RunTimeFailure("File not found");
+    device_ = status->device;
+    file_ = status->file;
+    size_ = status->size;
+    written_ = status->written;
 }
 
 } // namespace tarvex::platform

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <sys/stat.h>
-
 #include <array>
-#include <filesystem>
+#include <cstdint>
 
 namespace tarvex::platform
 {
@@ -36,11 +34,10 @@ public:
 private:
     /// From the first page: the change counter and three more numbers.
     std::array<char, 16> counters_{};
-    dev_t device_ = 0;
-    ino_t file_ = 0;
-    off_t size_ = 0;
-    time_t changedSeconds_ = 0;
-    long changedNanoseconds_ = 0;
+    std::uint64_t device_ = 0;
+    std::uint64_t file_ = 0;
+    std::int64_t size_ = 0;
+    std::int64_t written_ = 0;
 };
 
 } // namespace tarvex::platform

@@ -1,15 +1,14 @@
 #include "platform/sqlite/side_files.h"
 
+#include "core/path_text.h"
+#include "platform/sqlite/file_status.h"
 #include "platform/sqlite/sqlite_connection.h"
-
-#include <sys/stat.h>
 
 #include <array>
 #include <cstdint>
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <vector>
 
 namespace tarvex::platform
@@ -17,6 +16,8 @@ namespace tarvex::platform
 
 namespace
 {
+
+namespace fs = std::filesystem;
 
 // Offsets into a database's first page, and what is there.
 constexpr std::size_t kPageSize = 16;
@@ -110,7 +111,7 @@ bool IsAStepFrom(const std::string& before, const std::string& now)
            before.substr(kDatabaseHeader) == now.substr(kDatabaseHeader);
 }
 
-bool JournalBelongs(const DatabaseFile& database, const char* journalName)
+bool JournalBelongs(const DatabaseFile& database, const fs::path& journalName)
 {
     if (database.IsEmpty()) return true; // there is nothing to ruin
     std::ifstream journal(journalName, std::ios::binary);
@@ -126,16 +127,13 @@ bool JournalBelongs(const DatabaseFile& database, const char* journalName)
 
 /// When the status of the file last changed. Unlike the time of the last write it cannot be set
 /// back, as a backup that is copied back does.
-auto LastChange(const char* file)
+std::int64_t LastChange(const fs::path& file)
 {
-    struct stat status {
-    };
-    ::stat(file, &status);
-    return std::tuple(status.st_ctim.tv_sec, status.st_ctim.tv_nsec);
+    return StatusOf(file).value_or(FileStatus{}).changed;
 }
 
 /// What a log holds is newer than the file, unless the file was put there later.
-bool LogBelongs(const DatabaseFile& database, const char* databaseName, const char* logName)
+bool LogBelongs(const DatabaseFile& database, const fs::path& databaseName, const fs::path& logName)
 {
     if (database.IsEmpty()) return true; // SQLite removes it
     return database.IsKeptWithALog() && LastChange(databaseName) <= LastChange(logName);
@@ -162,16 +160,16 @@ private:
     bool held_;
 };
 
-bool Exists(const char* name)
+bool Exists(const fs::path& name)
 {
     std::error_code error;
-    return std::filesystem::exists(name, error);
+    return fs::exists(name, error);
 }
 
-void Remove(const std::string& name)
+void Remove(const fs::path& name)
 {
     std::error_code error;
-    std::filesystem::remove(name, error);
+    fs::remove(name, error);
     if (error) throw RunTimeFailure("Path/File access error");
 }
 
@@ -179,9 +177,10 @@ void Remove(const std::string& name)
 
 void RemoveForeignSideFiles(const SqliteConnection& connection)
 {
-    const char* name = sqlite3_db_filename(connection.Handle(), "main");
-    const char* journal = sqlite3_filename_journal(name);
-    const char* log = sqlite3_filename_wal(name);
+    const fs::path name = connection.FileName();
+    const char* const spelled = sqlite3_db_filename(connection.Handle(), "main");
+    const fs::path journal = path_text::FromLibrary(sqlite3_filename_journal(spelled));
+    const fs::path log = path_text::FromLibrary(sqlite3_filename_wal(spelled));
     if (!Exists(journal) && !Exists(log)) return;
 
     const FileLock lock(connection.File());
@@ -190,7 +189,7 @@ void RemoveForeignSideFiles(const SqliteConnection& connection)
     if (Exists(journal) && !JournalBelongs(database, journal)) Remove(journal);
     if (Exists(log) && !LogBelongs(database, name, log)) {
         Remove(log);
-        Remove(std::filesystem::path(name).concat("-shm").native());
+        Remove(fs::path(name).concat("-shm"));
     }
 }
 

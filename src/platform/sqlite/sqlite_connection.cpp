@@ -1,5 +1,6 @@
 #include "platform/sqlite/sqlite_connection.h"
 
+#include "core/path_text.h"
 #include "platform/sqlite/side_files.h"
 #include "platform/sqlite/statement.h"
 
@@ -41,9 +42,10 @@ SqliteConnection::SqliteConnection(const std::filesystem::path& file, When make)
     RequireFile(file);
     const int create = make == When::Missing ? SQLITE_OPEN_CREATE : 0;
     sqlite3* handle = nullptr;
-    // The name in the system's own bytes; the program has one thread.
-    const int result = sqlite3_open_v2(
-        file.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
+    // The program has one thread.
+    const int result =
+        sqlite3_open_v2(path_text::ForLibrary(file).c_str(), &handle,
+                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
     handle_.reset(handle);
     if (result != SQLITE_OK) Fail(result);
     sqlite3_extended_result_codes(handle, 1);
@@ -104,6 +106,11 @@ sqlite3_file* SqliteConnection::File() const
     if (file == nullptr || file->pMethods == nullptr)
         throw RunTimeFailure("Path/File access error");
     return file;
+}
+
+std::filesystem::path SqliteConnection::FileName() const
+{
+    return path_text::FromLibrary(sqlite3_db_filename(Handle(), "main"));
 }
 
 void SqliteConnection::Execute(const std::string& sql) const

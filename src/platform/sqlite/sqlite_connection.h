@@ -42,6 +42,9 @@ public:
     /// take away the locks that this program has on it.
     sqlite3_file* File() const;
 
+    /// The path of that file, without links.
+    std::filesystem::path FileName() const;
+
     /// Runs a statement once; what it gives is dropped.
     void Execute(const std::string& sql) const;
 

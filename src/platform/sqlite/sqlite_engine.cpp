@@ -1,12 +1,10 @@
 #include "platform/sqlite/sqlite_engine.h"
 
 #include "core/failure.h"
+#include "platform/sqlite/file_status.h"
 #include "platform/sqlite/ordinary_table.h"
 #include "platform/sqlite/sqlite_record_set.h"
 #include "platform/sqlite/survey_sql.h"
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace tarvex::platform
 {
@@ -29,10 +27,8 @@ void MakeTable(const SqliteConnection& connection)
 /// SQLite finds out only when it writes, and that would be after the header of a row has gone.
 void RequireWritableFolder(const SqliteConnection& connection)
 {
-    const std::filesystem::path file = sqlite3_db_filename(connection.Handle(), "main");
-    if (::faccessat(AT_FDCWD, file.parent_path().c_str(), W_OK | X_OK, AT_EACCESS) != 0) {
+    if (!MayMakeFilesIn(connection.FileName().parent_path()))
         throw RunTimeFailure("Path/File access error");
-    }
 }
 
 std::shared_ptr<SqliteConnection> Connect(const std::filesystem::path& file)

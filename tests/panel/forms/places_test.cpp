@@ -8,6 +8,7 @@
 namespace tarvex::tests
 {
 
+using panel::DrivePlaces;
 using panel::MountPoints;
 using panel::NearestPlace;
 using panel::Place;
@@ -67,6 +68,12 @@ TEST(UnixPlaces, HoldAFolderOnce)
     EXPECT_THAT(Shown(UnixPlaces("/srv/people/tech", "/srv/people/tech", {})),
                 ElementsAre("Start folder = /srv/people/tech", "File system = /"));
     EXPECT_THAT(Shown(UnixPlaces("/", "", {})), ElementsAre("Start folder = /"));
+}
+
+TEST(DrivePlaces, AreTheDrivesWithDriveCFirst)
+{
+    EXPECT_THAT(Shown(DrivePlaces("ACD")), ElementsAre("C: = c:\\", "A: = a:\\", "D: = d:\\"));
+    EXPECT_THAT(Shown(DrivePlaces("de")), ElementsAre("D: = d:\\", "E: = e:\\"));
 }
 
 TEST(NearestPlace, IsTheDeepestOneAboveTheFolder)

@@ -1,4 +1,4 @@
-#include "download/device_names.h"
+#include "core/device_names.h"
 
 #include <algorithm>
 #include <array>
