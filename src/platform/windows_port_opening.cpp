@@ -5,7 +5,6 @@
 #include <QTimer>
 #include <QWinEventNotifier>
 
-#include <array>
 #include <chrono>
 #include <string>
 #include <utility>
@@ -29,7 +28,8 @@ struct Transfer {
     bool underWay = false;
 };
 
-/// Reads with one call that is always under way, and writes with one at a time.
+/// Reads with one call that is always under way, for the byte that comes next; the bytes that have
+/// come with it are taken too. Writes with one call at a time.
 class WindowsPortOpening : public PortOpening
 {
 public:
@@ -48,6 +48,7 @@ private:
     void StartWriting();
     void EndReading();
     void EndWriting();
+    void TakeRest(DWORD count);
     bool Ended(Transfer& transfer, DWORD& count);
     void Cancel(Transfer& transfer);
     void Vanish();
@@ -56,10 +57,11 @@ private:
     SystemHandle port_;
     Transfer reading_;
     Transfer writing_;
+    Transfer takingRest_;
     QWinEventNotifier readingEnds_{reading_.done.Get()};
     QWinEventNotifier writingEnds_{writing_.done.Get()};
     QTimer nextReading_;
-    std::array<char, 256> arriving_{};
+    char next_ = 0; // where the read under way puts its byte
     std::string received_;
     std::string leaving_; // what the write under way reads from
     std::string queued_;
@@ -88,8 +90,7 @@ void WindowsPortOpening::StartReading()
 {
     if (!port_) return;
     reading_.underWay = true;
-    const auto room = static_cast<DWORD>(arriving_.size());
-    if (!::ReadFile(port_.Get(), arriving_.data(), room, nullptr, &reading_.overlapped) &&
+    if (!::ReadFile(port_.Get(), &next_, 1, nullptr, &reading_.overlapped) &&
         ::GetLastError() != ERROR_IO_PENDING) {
         reading_.underWay = false;
         Vanish();
@@ -108,19 +109,32 @@ void WindowsPortOpening::StartWriting()
     }
 }
 
-/// A read that ends without a byte is one of a device that may be gone; asking again at once would
-/// keep the processor busy until it is back.
+/// A read that ends without its byte is one of a device that is about to go; asking again at once
+/// would keep the processor busy.
 void WindowsPortOpening::EndReading()
 {
     DWORD count = 0;
     if (!reading_.underWay) return;
-    if (!Ended(reading_, count) || !IsThere(port_.Get())) return Vanish();
-    received_.append(arriving_.data(), count);
-    if (count > 0) {
-        StartReading();
-    } else {
-        nextReading_.start(kPauseAfterNothing);
-    }
+    if (!Ended(reading_, count)) return Vanish();
+    const auto rest = BytesReceived(port_.Get());
+    if (!rest) return Vanish();
+    if (count == 0) return nextReading_.start(kPauseAfterNothing);
+    received_ += next_;
+    TakeRest(*rest);
+    StartReading();
+}
+
+/// They are there, so that this does not wait.
+void WindowsPortOpening::TakeRest(DWORD count)
+{
+    if (count == 0) return;
+    std::string rest(count, '\0');
+    OVERLAPPED& call = takingRest_.overlapped;
+    if (!::ReadFile(port_.Get(), rest.data(), count, nullptr, &call) &&
+        ::GetLastError() != ERROR_IO_PENDING)
+        return;
+    ::GetOverlappedResult(port_.Get(), &call, &count, TRUE);
+    received_.append(rest, 0, count);
 }
 
 void WindowsPortOpening::EndWriting()

@@ -14,7 +14,6 @@ namespace
 
 constexpr DWORD kInBufferSize = 1024;
 constexpr DWORD kOutBufferSize = 1024;
-constexpr DWORD kLongestRead = MAXDWORD - 1; // milliseconds
 
 [[noreturn]] void ThrowRefusal(DWORD error, const std::filesystem::path& port)
 {
@@ -61,8 +60,8 @@ DCB LineOf(HANDLE handle, const std::filesystem::path& port)
     return line;
 }
 
-/// A read ends with what is there, or with the first byte that comes; a write has no limit.
-constexpr COMMTIMEOUTS kTimes = {MAXDWORD, MAXDWORD, kLongestRead, 0, 0};
+/// A read ends with its last byte, however late that comes; a write has no limit either.
+constexpr COMMTIMEOUTS kTimes = {0, 0, 0, 0, 0};
 
 } // namespace
 
@@ -81,10 +80,12 @@ SystemHandle OpenSerialHandle(const std::filesystem::path& port)
     return handle;
 }
 
-bool IsThere(HANDLE port)
+std::optional<DWORD> BytesReceived(HANDLE port)
 {
     DWORD errors = 0;
-    return ::ClearCommError(port, &errors, nullptr) != 0;
+    COMSTAT status{};
+    if (!::ClearCommError(port, &errors, &status)) return std::nullopt;
+    return status.cbInQue;
 }
 
 } // namespace tarvex::platform
