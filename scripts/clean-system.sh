@@ -5,14 +5,6 @@
 clean=$(mktemp -d)
 chmod 755 "$clean" # an ordinary user works in it
 
-# debian_sources: the sources of Debian that this machine has.
-debian_sources() {
-    # shellcheck disable=SC2016 # apt fills these in
-    apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' \
-        'Created-By: Packages' 'Origin: Debian' |
-        sed 's|^|deb [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] |' | sort -u
-}
-
 may_mount() {
     local folder status=0
     folder=$(mktemp -d)
@@ -27,7 +19,7 @@ make_clean_system() {
     local release unmounted=()
     release=$(. /etc/os-release && echo "$VERSION_CODENAME")
     may_mount || unmounted=(--skip=chroot/mount)
-    debian_sources | mmdebstrap --quiet --mode=root --variant=apt --include=passwd "${unmounted[@]}" \
+    debian_sources deb | mmdebstrap --quiet --mode=root --variant=apt --include=passwd "${unmounted[@]}" \
         --aptopt='Acquire::Languages "none"' --aptopt='APT::Install-Recommends "false"' \
         --dpkgopt=force-unsafe-io --skip=cleanup/apt/lists "$release" "$clean" - || return
     [ ${#unmounted[@]} -gt 0 ] || mount_inside || return

@@ -38,6 +38,15 @@ apt() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=120 "$@"
 }
 
+# debian_sources TYPE: the sources of Debian that this machine has, as lines for apt: TYPE is deb, or deb-src for
+# source packages.
+debian_sources() {
+    # shellcheck disable=SC2016 # apt fills these in
+    apt-get indextargets --format '$(REPO_URI) $(RELEASE) $(COMPONENT)' \
+        'Created-By: Packages' 'Origin: Debian' |
+        sed "s|^|$1 [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] |" | sort -u
+}
+
 # need GROUP...: installs what is missing of these groups; asks nothing of apt when nothing is.
 need() {
     local package missing=()
