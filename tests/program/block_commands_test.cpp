@@ -59,7 +59,7 @@ TEST_F(BlockCommandsTest, ReadAllBlocksFillsTheHeaderFile)
     EXPECT_EQ(file.size(), 2310U);
     EXPECT_EQ(file.substr(29U * 77, 16), "LAST    DIGA A  ");
     EXPECT_EQ(AtPanel().Text("Text2"), "01");
-    EXPECT_EQ(AtPanel().Text("Text17"), "1D090");
+    EXPECT_TRUE(WaitFor([&] { return AtPanel().Text("Text17") == "1D090"; }));
     EXPECT_TRUE(boxes.texts.isEmpty());
     ExpectAtRest();
 }

@@ -58,7 +58,7 @@ TEST_F(SessionTest, ADownloadLeavesItsThreeFilesInTheChosenFolder)
     EXPECT_EQ(std::filesystem::file_size(reports / (name + "dat.dat")), 798U);
     EXPECT_EQ(std::filesystem::file_size(reports / "datiram.dat"), 113U * (25 + 2));
     EXPECT_EQ(std::filesystem::file_size(reports / (name + "num.dat")), 113U * (25 + 4));
-    EXPECT_EQ(AtPanel().Text("Text17"), "06280");
+    EXPECT_TRUE(WaitFor([&] { return AtPanel().Text("Text17") == "06280"; }));
     EXPECT_EQ(AtPanel().Text("Text1"), "");
     EXPECT_TRUE(boxes.texts.isEmpty());
 }

@@ -69,22 +69,26 @@ void BoxEdit::Detach()
 {
     disconnect(this, &QLineEdit::textChanged, this, nullptr);
     box_.Unwatch();
+    pause_.reset();
     leave_ = {};
     doubleClick_ = {};
 }
 
 void BoxEdit::ShowBox()
 {
-    const QString shown = ToQString(box_.Text());
-    if (text() != shown) ShowText(shown);
+    if (pause_) {
+        pause_->Show([this] { ShowText(); });
+    } else {
+        ShowText();
+    }
     setEnabled(box_.Enabled());
     if (isHidden() == box_.Visible()) setVisible(box_.Visible());
 }
 
-void BoxEdit::ShowText(const QString& text)
+void BoxEdit::ShowText()
 {
-    if (!isReadOnly()) return setText(text);
-    pause_.Make([&] { setText(text); });
+    const QString shown = ToQString(box_.Text());
+    if (text() != shown) setText(shown);
 }
 
 void BoxEdit::TakeTyped(const QString& text)

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,10 @@ public:
     void OnLeave(std::function<void(Qt::FocusReason)> leave) { leave_ = std::move(leave); }
     /// Run at each double click of the left button, after the toolkit's own answer to it.
     void OnDoubleClick(std::function<void()> act) { doubleClick_ = std::move(act); }
+
+    /// Shows many changes a second a few times a second from now on, and none before the next pass
+    /// of the event queue. Only for a box that nobody types into.
+    void Pace() { pause_.emplace(); }
 
     /// Leaves the box now if its window, while it was not active, has passed the focus on.
     void CatchUp(Qt::FocusReason reason);
@@ -50,13 +55,13 @@ protected:
 
 private:
     void ShowBox();
-    void ShowText(const QString& text);
+    void ShowText();
     void TakeTyped(const QString& text);
     void EnterWhole(Qt::FocusReason reason);
     void Leave(Qt::FocusReason reason);
 
     TextBox& box_;
-    PaintPause pause_{*this}; // of a box that only the program writes into
+    std::optional<PaintPause> pause_;
     std::function<void(Qt::FocusReason)> leave_;
     std::function<void()> doubleClick_;
     bool left_ = true;      // the focus is elsewhere in this window, and that has been noticed

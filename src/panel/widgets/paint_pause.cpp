@@ -1,38 +1,25 @@
 #include "panel/widgets/paint_pause.h"
 
+#include <utility>
+
 namespace tarvex::panel
 {
 
-PaintPause::PaintPause(QWidget& widget) : widget_(widget)
+PaintPause::PaintPause()
 {
-    noMoreChanges_.setSingleShot(true);
-    noMoreChanges_.setInterval(kMillisecondsBetweenPaints);
-    noMoreChanges_.callOnTimeout([this] {
-        widget_.update();
-        sincePaint_.start();
+    timer_.setSingleShot(true);
+    timer_.callOnTimeout([this] {
+        sinceLast_.start();
+        show_();
     });
 }
 
-void PaintPause::Make(const std::function<void()>& change)
+void PaintPause::Show(std::function<void()> show)
 {
-    if (!sincePaint_.isValid() || sincePaint_.hasExpired(kMillisecondsBetweenPaints)) {
-        change();
-        noMoreChanges_.stop();
-        sincePaint_.start();
-    } else {
-        MakeUnpainted(change);
-        noMoreChanges_.start();
-    }
-}
-
-/// The attribute alone, for setUpdatesEnabled() has the widget painted when it is given back, and
-/// would leave a hole in the window if it were not.
-void PaintPause::MakeUnpainted(const std::function<void()>& change)
-{
-    const bool held = widget_.testAttribute(Qt::WA_UpdatesDisabled);
-    widget_.setAttribute(Qt::WA_UpdatesDisabled);
-    change();
-    widget_.setAttribute(Qt::WA_UpdatesDisabled, held);
+    show_ = std::move(show);
+    const bool mayBeShown =
+        !sinceLast_.isValid() || sinceLast_.hasExpired(kMillisecondsBetweenPaints);
+    timer_.start(mayBeShown ? 0 : kMillisecondsBetweenPaints);
 }
 
 } // namespace tarvex::panel

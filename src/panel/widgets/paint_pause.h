@@ -2,33 +2,31 @@
 
 #include <QElapsedTimer>
 #include <QTimer>
-#include <QWidget>
 
 #include <functional>
 
 namespace tarvex::panel
 {
 
-/// Has a widget that shows many changes a second painted a few times a second. A change that may be
-/// seen is painted in the next pass of the event queue, the others with the next such change, or
-/// when no more have come for a while: so none is painted at a moment that no change has chosen.
+/// Has a widget that is to show many changes a second do so a few times a second. What may be shown
+/// is shown in the next pass of the event queue, not by the change itself: after a change on the
+/// line the next request goes out first, and the line is busy while the widget works. What comes
+/// sooner is shown with a later change, or when no more have come for a while: so nothing is shown
+/// at a moment that no change has chosen.
 class PaintPause
 {
 public:
     static constexpr int kMillisecondsBetweenPaints = 240;
 
-    /// Holds back the painting of `widget`, which must outlive it.
-    explicit PaintPause(QWidget& widget);
+    PaintPause();
 
-    /// Makes a change to the widget.
-    void Make(const std::function<void()>& change);
+    /// Runs `show` when it is time; not what was to be shown before and has not been.
+    void Show(std::function<void()> show);
 
 private:
-    void MakeUnpainted(const std::function<void()>& change);
-
-    QWidget& widget_;
-    QElapsedTimer sincePaint_;
-    QTimer noMoreChanges_;
+    QTimer timer_;
+    QElapsedTimer sinceLast_;
+    std::function<void()> show_;
 };
 
 } // namespace tarvex::panel

@@ -78,7 +78,7 @@ WaitGround::~WaitGround()
 
 void WaitGround::TakeChange()
 {
-    pause_.Make([this] { update(); });
+    pause_.Show([this] { update(); });
     if (changed_) changed_();
 }
 

@@ -37,7 +37,7 @@ private:
 
     ExchangeProgress& progress_;
     std::function<void()> changed_;
-    PaintPause pause_{*this};
+    PaintPause pause_;
 };
 
 } // namespace tarvex::panel

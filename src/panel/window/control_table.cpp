@@ -88,6 +88,12 @@ constexpr Row Locked(Row row)
     return row;
 }
 
+constexpr Row Paced(Row row)
+{
+    row.paced = true;
+    return row;
+}
+
 constexpr Row Called(std::string_view accessibleName, Row row)
 {
     row.accessibleName = accessibleName;
@@ -183,7 +189,8 @@ constexpr std::array kControls = {
     Label("LabelText1", "Frame2", "FILE NAME :", "Text1"),
     Locked(Box("Text1", "Frame2", "Report file that is being written", &ControlPanel::reportFile)),
     Label("Label28", "Frame2", "RAM Address", "Text17"),
-    Locked(Box("Text17", "Frame2", "Address of the page being read", &ControlPanel::readAddress)),
+    Paced(Locked(
+        Box("Text17", "Frame2", "Address of the page being read", &ControlPanel::readAddress))),
     Row{.name = "Picture1",
         .kind = Kind::Picture,
         .parent = "Frame2",

@@ -107,8 +107,9 @@ void FollowControl(Control& control, QWidget& widget)
 
 void BindToModel(const ControlRow& row, ControlPanel& panel, QWidget& widget)
 {
-    if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
+    if (auto* edit = dynamic_cast<BoxEdit*>(&widget)) {
         edit->setReadOnly(row.locked);
+        if (row.paced) edit->Pace();
     } else if (Control* control = ControlOf(row, panel)) {
         FollowControl(*control, widget);
     } else if (StartsHidden(row)) {

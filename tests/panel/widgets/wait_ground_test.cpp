@@ -184,7 +184,7 @@ TEST_F(WaitGroundPaints, AreFewHoweverFastTheExchangeGoesOn)
 TEST_F(WaitGroundPaints, ComeToTheLastChangeSoon)
 {
     progress.Begin(10);
-    QApplication::processEvents();
+    QTest::qWait(WaitGround::kMillisecondsBetweenPaints / 4);
     const PaintCounter counter(Ground());
     for (int done = 0; done < 10; ++done)
         progress.CountExchange();
