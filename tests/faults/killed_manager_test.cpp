@@ -33,6 +33,17 @@ protected:
         }
     }
 
+    /// Waits for a file that a manager is to make, and misses the moment by little.
+    static bool Comes(const std::filesystem::path& file)
+    {
+        const auto end = std::chrono::steady_clock::now() + 20s;
+        while (!std::filesystem::exists(file)) {
+            if (std::chrono::steady_clock::now() > end) return false;
+            std::this_thread::sleep_for(100us);
+        }
+        return true;
+    }
+
     Files clean; // reports of a download that nothing happened to
 };
 
@@ -49,6 +60,12 @@ TEST_F(KilledManagerTest, LeavesWholeRecordsOfADownload)
 
     KillInside(8, preparation, "click command3d1", whole,
                [&] { return OfReports(desk.reports, clean); });
+
+    Manager next(desk);
+    next.DoAll(preparation);
+    EXPECT_THAT(next.Do("click command3d1"), IsEmpty());
+    EXPECT_EQ(next.Close(), 0);
+    EXPECT_EQ(FilesIn(desk.reports), clean);
 }
 
 TEST_F(KilledManagerTest, LeavesWholeHeadersOfReadAllBlocks)
@@ -96,6 +113,29 @@ TEST_F(KilledManagerTest, KeepsEveryHeaderThatWasStored)
         FaultTest::KillInside(manager, 5ms);
         EXPECT_THAT(OfHeaderTable(desk.HeaderTable(), stored, stored) + OfPlaces(desk, clean),
                     IsEmpty());
+        ExpectNextStartWorks();
+    }
+}
+
+/// Half of the kills come with the file dialog on view, the others when the new table is begun.
+TEST_F(KilledManagerTest, LeavesWholeHeadersInANewTable)
+{
+    const auto table = desk.start / "other";
+    const std::vector<std::string> made(kBlockCount, WithClient("CLIENT0", DefaultRecord(1)));
+    for (int round = 0; round < Rounds(4); ++round) {
+        SCOPED_TRACE("round " + std::to_string(round));
+        Manager manager(desk);
+        manager.Do("file other");
+        manager.Begin("service Default");
+        if (round % 2 == 0) {
+            FaultTest::KillInside(manager, 200ms);
+        } else {
+            EXPECT_TRUE(Comes(table));
+            FaultTest::KillInside(manager, 2ms);
+        }
+        EXPECT_THAT(OfHeaderTable(table, made, made), IsEmpty());
+        std::filesystem::remove(table);
+        EXPECT_THAT(OfPlaces(desk, clean), IsEmpty());
         ExpectNextStartWorks();
     }
 }

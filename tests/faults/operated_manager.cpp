@@ -96,6 +96,8 @@ bool OperatedManager::PerformOwn(const std::string& verb, const std::string& res
         LimitDisk(CurrentFolder().parent_path(), std::stoull(rest));
     } else if (verb == "ordinary") {
         user_.emplace();
+    } else if (verb == "file") {
+        file_.emplace(QString::fromStdString(rest));
     } else if (verb == "reports") {
         program_.State().reportFolder = rest;
         program_.PanelModel().downloadButton.Enable();

@@ -3,6 +3,7 @@
 #include "program/operator.h"
 #include "program/operator_steps.h"
 #include "program/program.h"
+#include "program/typed_name.h"
 #include "support/ordinary_user.h"
 
 #include <QSocketNotifier>
@@ -17,6 +18,7 @@ namespace tarvex::tests
 /// operator_steps.h, and
 ///
 ///     reports PATH        makes that the folder of the reports
+///     file NAME           types that name into the next file dialog, when it comes
 ///     close               closes the panel
 ///     say NAME            says what a box holds, as "text ..."
 ///     disk BYTES          a disk that takes no more than so many bytes below the current folder
@@ -49,6 +51,7 @@ private:
     QSocketNotifier notifier_{0, QSocketNotifier::Read};
     std::optional<OperatorSteps> steps_;
     std::optional<OrdinaryUser> user_;
+    std::optional<TypedName> file_;
     std::string received_;
 };
 

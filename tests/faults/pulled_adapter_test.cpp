@@ -2,7 +2,9 @@
 #include "faults/watched_process.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
+#include <span>
 #include <sstream>
 #include <thread>
 
@@ -21,9 +23,40 @@ struct LineCommand {
     std::string step;
 };
 
-void PrintTo(const LineCommand& command, std::ostream* stream)
+/// Whether TARVEX_EVERY_PULL asks for every moment of every command, which takes an hour or two.
+bool PullsAtEveryMoment()
 {
-    *stream << command.name;
+    return std::getenv("TARVEX_EVERY_PULL") != nullptr;
+}
+
+/// Of the tests of a command, each of which pulls at its share of the moments.
+int Shares()
+{
+    return PullsAtEveryMoment() ? 24 : 1;
+}
+
+struct CommandShare {
+    LineCommand command;
+    int share;
+};
+
+std::string NameOf(const CommandShare& share)
+{
+    return share.command.name + (share.share > 0 ? std::to_string(share.share) : "");
+}
+
+void PrintTo(const CommandShare& share, std::ostream* stream)
+{
+    *stream << NameOf(share);
+}
+
+std::vector<CommandShare> SharesOf(std::span<const LineCommand> commands)
+{
+    std::vector<CommandShare> shares;
+    for (const auto& command : commands)
+        for (int share = 0; share < Shares(); ++share)
+            shares.push_back({command, share});
+    return shares;
 }
 
 const LineCommand kCommands[] = {
@@ -75,30 +108,33 @@ std::optional<std::pair<std::string, int>> AnswerOn(const std::string& line)
 }
 
 /// An adapter that goes away before, in or after one of the unit's answers to a command.
-class PulledAdapterTest : public FaultTest, public ::testing::WithParamInterface<LineCommand>
+class PulledAdapterTest : public FaultTest, public ::testing::WithParamInterface<CommandShare>
 {
 protected:
-    /// Runs the command undisturbed, and gives every moment at which it can be, in a random order.
+    const LineCommand& Command() const { return GetParam().command; }
+
+    /// Runs the command undisturbed, and gives every moment at which it can be: in a random order,
+    /// or as they come when none is left out.
     std::vector<Pull> Moments()
     {
         const auto log = desk.top / "conversation";
         StartUnit({"--log", log.string()});
         Manager manager(desk);
         Prepare(manager);
-        manager.Do(GetParam().step);
+        manager.Do(Command().step);
         EXPECT_EQ(manager.Close(), 0);
         unit->Signal(SIGTERM);
         unit->ExitStatus();
         auto moments = MomentsIn(log);
         std::filesystem::remove(log);
-        std::shuffle(moments.begin(), moments.end(), chance);
+        if (!PullsAtEveryMoment()) std::shuffle(moments.begin(), moments.end(), chance);
         return moments;
     }
 
     void Prepare(Manager& manager) const
     {
         manager.Do("reports " + desk.reports.string());
-        manager.DoAll(GetParam().preparation);
+        manager.DoAll(Command().preparation);
     }
 
     /// Pulls the adapter at that moment of the command.
@@ -107,7 +143,7 @@ protected:
         StartUnit({"--fault", pull.Fault()});
         Manager manager(desk);
         Prepare(manager);
-        manager.Begin(GetParam().step);
+        manager.Begin(Command().step);
         EXPECT_EQ(unit->ExitStatus(), 0);
         Note("pulls");
 
@@ -153,7 +189,7 @@ private:
         manager.DoAll({"tab 1", "type Text2 02"});
         // Reset Block keeps its port when it has done its work; the next press finds it dead.
         if (!manager.Do("click Command3").empty()) {
-            EXPECT_EQ(GetParam().name, std::string_view("ResetBlock"));
+            EXPECT_EQ(Command().name, std::string_view("ResetBlock"));
             manager.Do("click Command3");
         }
         EXPECT_EQ(manager.Text("Text3"), "DELVALLE");
@@ -166,15 +202,17 @@ TEST_P(PulledAdapterTest, LeavesTheManagerWholeAndAbleToGoOn)
     const auto moments = Moments();
     ASSERT_FALSE(moments.empty());
     const Files clean = FilesIn(desk.reports);
-    const auto count = std::min(moments.size(), static_cast<std::size_t>(Rounds(3)));
-    for (std::size_t index = 0; index < count; ++index) {
+    const auto count =
+        PullsAtEveryMoment() ? moments.size() : std::min(moments.size(), std::size_t(Rounds(3)));
+    const auto first = static_cast<std::size_t>(GetParam().share);
+    for (std::size_t index = first; index < count; index += static_cast<std::size_t>(Shares())) {
         SCOPED_TRACE(moments[index].Fault());
         PullAt(moments[index], clean);
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Commands, PulledAdapterTest, ::testing::ValuesIn(kCommands),
-                         [](const auto& command) { return std::string(command.param.name); });
+INSTANTIATE_TEST_SUITE_P(Commands, PulledAdapterTest, ::testing::ValuesIn(SharesOf(kCommands)),
+                         [](const auto& test) { return NameOf(test.param); });
 
 } // namespace
 } // namespace tarvex::tests

@@ -1,10 +1,7 @@
 #include "program/program_test.h"
+#include "program/typed_name.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QTimer>
 
 #include <system_error>
 
@@ -14,30 +11,6 @@ namespace
 {
 
 namespace fs = std::filesystem;
-
-/// Answers the next file dialog with a name typed into it.
-class TypedName : public QObject
-{
-public:
-    explicit TypedName(const QString& name) : name_(name)
-    {
-        connect(&timer_, &QTimer::timeout, this, &TypedName::Answer);
-        timer_.start(50);
-    }
-
-private:
-    void Answer()
-    {
-        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr || !dialog->isVisible()) return;
-        timer_.stop();
-        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name_);
-        static_cast<QDialog*>(dialog)->accept();
-    }
-
-    QString name_;
-    QTimer timer_;
-};
 
 class OddStartFolderTest : public ProgramTest
 {

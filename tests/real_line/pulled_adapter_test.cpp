@@ -40,7 +40,7 @@ TEST_F(RealPulledAdapterTest, WithThePortOpenBetweenTwoCommandsThePortIsLetGo)
     adapter.Pull();
     pulled = true;
 
-    EXPECT_TRUE(WaitFor([this] { return IsLetGo(); }, 60'000));
+    EXPECT_TRUE(WaitFor([this] { return IsLetGo(); }, 30'000));
     AtPanel().Click("Command3");
     EXPECT_EQ(boxes.texts, QStringList{kNotConnected});
     ExpectAsBefore();

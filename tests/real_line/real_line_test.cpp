@@ -20,9 +20,10 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr int kLookIn = 100;       // milliseconds
-constexpr int kWatch = 2000;       // milliseconds
-constexpr int kPatience = 120'000; // milliseconds
+constexpr int kLookIn = 100;         // milliseconds
+constexpr int kWatch = 2000;         // milliseconds
+constexpr int kPatience = 30'000;    // milliseconds
+constexpr int kLongestTest = 50'000; // milliseconds; on a quiet machine none takes ten
 
 /// The machine says of itself what it is for, when it is started.
 bool IsTheMachine()
@@ -58,6 +59,22 @@ void RealLineTest::StartOn(const fs::path& device)
 {
     fs::create_symlink(device, folder / "com1");
     StartAlone();
+    LimitTheTest();
+}
+
+void RealLineTest::StartWithoutLinks()
+{
+    StartIn(folder.Path());
+    LimitTheTest();
+}
+
+/// Closing the panel ends every wait of a command, also one that would go on for ever.
+void RealLineTest::LimitTheTest()
+{
+    QTimer::singleShot(kLongestTest, program->MainForm(), [this] {
+        ADD_FAILURE() << "the test is not over after " << kLongestTest / 1000 << " s";
+        program->MainForm()->close();
+    });
 }
 
 std::string RealLineTest::TipOf(int number)

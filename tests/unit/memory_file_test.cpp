@@ -58,6 +58,16 @@ TEST_F(MemoryFile, IsReplacedAndLeavesNoOtherFile)
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
 }
 
+TEST_F(MemoryFile, TakesThePlaceOfOneThatWasLeftHalfWritten)
+{
+    std::ofstream(folder_ / "mem.part") << std::string(200'000, 'x');
+    Memory memory;
+    memory.Put(0, "new");
+    SaveMemory(memory, folder_ / "mem");
+    EXPECT_EQ(LoadMemory(folder_ / "mem"), memory);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1);
+}
+
 TEST_F(MemoryFile, ThatIsMissingFailsToLoad)
 {
     EXPECT_THROW(LoadMemory(folder_ / "none"), std::runtime_error);

@@ -147,6 +147,19 @@ TEST_F(UnitProgram, ReplacesALinkThatWasLeftOver)
     EXPECT_EQ(fs::read_symlink(In("com1")), unit.Terminal());
 }
 
+/// It goes by the number of its process, and in a container that is the same at every start.
+TEST_F(UnitProgram, ReplacesALinkThatWasLeftHalfMade)
+{
+    const std::string leaveAndStart =
+        "ln -s /dev/pts/nowhere \"$1.$$\" && exec \"$0\" --fast --link \"$1\"";
+    RunningUnit unit({"-c", leaveAndStart, TARVEX_UNIT_PROGRAM, In("com1")}, "sh");
+    ASSERT_NE(unit.Terminal(), "");
+    EXPECT_EQ(fs::read_symlink(In("com1")), unit.Terminal());
+    unit.Signal(SIGTERM);
+    EXPECT_EQ(unit.ExitStatus(), 0);
+    EXPECT_TRUE(fs::is_empty(folder_));
+}
+
 TEST_F(UnitProgram, RefusesALinkInPlaceOfAFileOrOfAnotherLink)
 {
     std::ofstream(In("file")) << "mine";

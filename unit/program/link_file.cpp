@@ -34,6 +34,7 @@ LinkFile::LinkFile(fs::path path, const fs::path& target) : path_(std::move(path
     auto fresh = path_;
     fresh += '.' + std::to_string(::getpid());
     std::error_code error;
+    if (MayReplace(fresh)) fs::remove(fresh, error); // of a program of this number that was killed
     fs::create_symlink(target_, fresh, error);
     if (!error) fs::rename(fresh, path_, error);
     if (error) throw Failure(path_, error.message());
