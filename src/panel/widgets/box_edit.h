@@ -29,8 +29,8 @@ public:
     /// Run at each double click of the left button, after the toolkit's own answer to it.
     void OnDoubleClick(std::function<void()> act) { doubleClick_ = std::move(act); }
 
-    /// Shows many changes a second a few times a second from now on, and none before the next pass
-    /// of the event queue. Only for a box that nobody types into.
+    /// Shows many changes a second a few times a second from now on, and none at once (PaintPause).
+    /// Only for a box that nobody types into.
     void Pace() { pause_.emplace(); }
 
     /// Leaves the box now if its window, while it was not active, has passed the focus on.

@@ -8,18 +8,28 @@ namespace tarvex::panel
 PaintPause::PaintPause()
 {
     timer_.setSingleShot(true);
-    timer_.callOnTimeout([this] {
-        sinceLast_.start();
-        show_();
-    });
+    timer_.callOnTimeout([this] { TakeTimeout(); });
 }
 
 void PaintPause::Show(std::function<void()> show)
 {
     show_ = std::move(show);
-    const bool mayBeShown =
-        !sinceLast_.isValid() || sinceLast_.hasExpired(kMillisecondsBetweenPaints);
-    timer_.start(mayBeShown ? 0 : kMillisecondsBetweenPaints);
+    sinceChange_.start();
+    isDue_ = !sinceShown_.isValid() || sinceShown_.hasExpired(kMillisecondsBetweenPaints);
+    if (isDue_) {
+        timer_.start(kMillisecondsAfterChange);
+    } else if (!timer_.isActive()) {
+        timer_.start(kMillisecondsBetweenPaints);
+    }
+}
+
+/// The timer is not started again at every change, which would take as long as to show it.
+void PaintPause::TakeTimeout()
+{
+    const qint64 left = isDue_ ? 0 : kMillisecondsBetweenPaints - sinceChange_.elapsed();
+    if (left > 0) return timer_.start(static_cast<int>(left));
+    sinceShown_.start();
+    show_();
 }
 
 } // namespace tarvex::panel

@@ -9,14 +9,16 @@ namespace tarvex::panel
 {
 
 /// Has a widget that is to show many changes a second do so a few times a second. What may be shown
-/// is shown in the next pass of the event queue, not by the change itself: after a change on the
-/// line the next request goes out first, and the line is busy while the widget works. What comes
-/// sooner is shown with a later change, or when no more have come for a while: so nothing is shown
-/// at a moment that no change has chosen.
+/// is shown a little after the change: what changes on the line has the next request sent, and the
+/// line is busy while the widget works. What comes sooner is shown with a later change, or when no
+/// more have come for a while: so nothing is shown at a moment that no change has chosen.
 class PaintPause
 {
 public:
     static constexpr int kMillisecondsBetweenPaints = 240;
+
+    /// Longer than a wake and its answer take on the line, shorter than a request takes.
+    static constexpr int kMillisecondsAfterChange = 4;
 
     PaintPause();
 
@@ -24,8 +26,12 @@ public:
     void Show(std::function<void()> show);
 
 private:
+    void TakeTimeout();
+
     QTimer timer_;
-    QElapsedTimer sinceLast_;
+    QElapsedTimer sinceShown_;
+    QElapsedTimer sinceChange_;
+    bool isDue_ = false;
     std::function<void()> show_;
 };
 

@@ -15,7 +15,7 @@ WaitAnnouncer::WaitAnnouncer(WaitGround& ground, Announcement& announcement)
     : QObject(&ground), ground_(ground), announcement_(announcement)
 {
     ground_.installEventFilter(this);
-    ground_.OnChange([this] { Follow(); });
+    ground_.OnChange([this] { pause_.Show([this] { Follow(); }); });
 }
 
 bool WaitAnnouncer::eventFilter(QObject*, QEvent* event)

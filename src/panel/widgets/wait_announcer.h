@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panel/widgets/paint_pause.h"
+
 #include <QObject>
 #include <QString>
 
@@ -24,6 +26,7 @@ private:
 
     WaitGround& ground_;
     Announcement& announcement_;
+    PaintPause pause_;
     bool stalled_ = false;
 };
 

@@ -43,7 +43,7 @@ struct ControlRow {
     std::string_view of{};             ///< label and hint: the box they belong to; tab: its frame
     ModelOf model{};
     bool locked = false; ///< takes no typing: only the program sets it
-    bool paced = false;  ///< changes many times a second: shown in the next pass of the event queue
+    bool paced = false;  ///< may change many times a second: not each is shown
     Command command = Command::None;
 };
 

@@ -81,8 +81,7 @@ TEST_F(Boxes, ModelTextReachesTheWindow)
     panel.header[Client].SetText("CAFF\xC8");
     EXPECT_EQ(Edit("Text3").text(), QString::fromUtf8("CAFFÈ"));
     panel.readAddress.SetText("1D0F0");
-    QApplication::processEvents();
-    EXPECT_EQ(Edit("Text17").text(), "1D0F0");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Edit("Text17").text() == "1D0F0"; }));
 }
 
 TEST_F(Boxes, ACharacterOutsideTheCodePageBecomesAQuestionMarkWhereItWasTyped)
