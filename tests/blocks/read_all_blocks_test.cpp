@@ -165,6 +165,22 @@ TEST_F(ReadAllBlocksTest, StoresThirtyBlankHeadersWithoutAWordWhenThePortCannotB
     EXPECT_LINK_AT_REST();
 }
 
+/// Each of the rest is passed over page by page, and a page passed over keeps its text.
+TEST_F(ReadAllBlocksTest, StoresTheLastHeaderReadForTheRestWhenThePortGoesBetweenTwoBlocks)
+{
+    panel.blockNumber.Watch([&] {
+        if (panel.blockNumber.Text() == "06") port.vanished = true;
+    });
+    PressReadAllBlocks(*this);
+
+    auto records = FetchedUpTo(5);
+    std::fill(records.begin() + 5, records.end(), fetched_[4]);
+    EXPECT_EQ(StoredTable(*this), records);
+    EXPECT_EQ(unit.wakes, 50);
+    EXPECT_EQ(state.currentBlock, 1);
+    EXPECT_LINK_AT_REST();
+}
+
 class LostPageTest : public ReadAllBlocksTest, public ::testing::WithParamInterface<int>
 {
 };
