@@ -1,4 +1,5 @@
 // Opening and checking one report, and listing a folder of ten thousand surveys.
+#include "row.h"
 #include "survey/checks/check.h"
 #include "survey/downloads.h"
 #include "survey/files/listing.h"
@@ -6,9 +7,9 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace
@@ -31,14 +32,14 @@ double MedianTime(int runs, const std::function<void()>& work)
     return times[times.size() / 2];
 }
 
-void BenchReport(const char* what, const char* fill)
+void BenchReport(const std::string& what, const char* fill)
 {
     const tarvex::tests::TemporaryFolder folder;
     const auto report = tarvex::tests::Download(folder.Path(), fill);
     const double time = MedianTime(201, [&] {
         if (!tarvex::survey::Check(tarvex::survey::Load(report)).Good()) std::abort();
     });
-    std::printf("open and check, %-22s %8.3f ms  (5 ms is the limit)\n", what, time);
+    tarvex::bench::Print({"survey opened and checked, " + what, time, "ms", "<= 5"});
 }
 
 void BenchListing()
@@ -61,8 +62,7 @@ void BenchListing()
     const double time = MedianTime(5, [&] {
         if (tarvex::survey::ListFolder(folder.Path()).size() != kSurveys + 1) std::abort();
     });
-    std::printf("list %d surveys                   %8.1f ms  (2000 ms is the limit)\n", kSurveys,
-                time);
+    tarvex::bench::Print({"10,000 surveys listed", time, "ms", "<= 2000"});
 }
 
 } // namespace

@@ -21,6 +21,14 @@ Contents ReadFile(const fs::path& path)
     return contents;
 }
 
+Contents ReadReport(const fs::path& path)
+{
+    auto contents = ReadFile(path);
+    if (contents.kind == FileKind::None)
+        throw Refusal(Shown(path) + " is no report: " + contents.refusal);
+    return contents;
+}
+
 void Merge(Survey& survey, const fs::path& path, Contents contents)
 {
     for (auto& anomaly : contents.anomalies) {
@@ -62,11 +70,14 @@ void AddPartner(Survey& survey, const fs::path& path, FileKind kind)
 }
 } // namespace
 
+void RequireReport(const fs::path& path)
+{
+    ReadReport(path);
+}
+
 Survey Load(const fs::path& path)
 {
-    auto contents = ReadFile(path);
-    if (contents.kind == FileKind::None)
-        throw Refusal(Shown(path) + " is no report: " + contents.refusal);
+    auto contents = ReadReport(path);
     Survey survey;
     const auto kind = contents.kind;
     Merge(survey, path, std::move(contents));

@@ -9,6 +9,9 @@
 namespace tarvex::survey
 {
 
+/// Throws Refusal, with the sentence that Load would give, when a file is no report.
+void RequireReport(const std::filesystem::path& path);
+
 /// A survey from one of its files: a head report finds the data report in its folder, and the other
 /// way round, whatever the case of the names' endings. A data report or work file alone is a survey
 /// without a head; a head report alone is one without rows, which is an anomaly. Throws Refusal

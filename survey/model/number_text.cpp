@@ -1,5 +1,6 @@
 #include "survey/model/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -22,7 +23,7 @@ std::optional<int> WholeNumber(std::string_view digits)
 {
     constexpr std::size_t kMostDigits = 9;
     if (digits.empty() || digits.size() > kMostDigits ||
-        digits.find_first_not_of("0123456789") != std::string_view::npos)
+        !std::ranges::all_of(digits, [](char byte) { return byte >= '0' && byte <= '9'; }))
         return std::nullopt;
     int value = 0;
     for (const char digit : digits)

@@ -5,12 +5,21 @@
 namespace tarvex::survey
 {
 
+namespace
+{
+bool IsBlank(char byte)
+{
+    return byte == ' ' || byte == '\t' || byte == '\0';
+}
+} // namespace
+
 std::string_view Trimmed(std::string_view text)
 {
-    constexpr std::string_view kBlank{" \t\0", 3};
-    const auto first = text.find_first_not_of(kBlank);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlank) - first + 1);
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 std::vector<std::string_view> Split(std::string_view text, char separator)

@@ -13,9 +13,17 @@ struct Cut {
     bool asWritten;
 };
 
+/// Bytes before the first end of a line, or all.
+std::size_t LineLength(std::string_view rest)
+{
+    const auto* const end =
+        std::ranges::find_if(rest, [](char byte) { return byte == '\r' || byte == '\n'; });
+    return static_cast<std::size_t>(end - rest.begin());
+}
+
 Cut CutAtLineEnd(std::string_view rest)
 {
-    const auto text = std::min(rest.find_first_of("\r\n"), rest.size());
+    const auto text = LineLength(rest);
     auto whole = text;
     if (rest.substr(whole).starts_with("\r\n"))
         whole += 2;
@@ -28,7 +36,7 @@ Cut FirstCut(std::string_view rest, std::size_t width)
 {
     const auto text = width - 2;
     if (rest.size() >= width && rest.substr(text, 2) == "\r " &&
-        rest.substr(0, text).find_first_of("\r\n") == std::string_view::npos)
+        LineLength(rest.substr(0, text)) == text)
         return {text, width, true};
     return CutAtLineEnd(rest);
 }

@@ -12,7 +12,8 @@ constexpr std::string_view kTitle = "depth;a1;b1;a3;b3;a2;b2;a4;b4";
 
 bool IsTitle(const Record& record)
 {
-    return Lower(Trimmed(record.text)) == kTitle;
+    const auto text = Trimmed(record.text);
+    return text.size() == kTitle.size() && Lower(text) == kTitle;
 }
 
 Title FindTitle(const std::vector<Record>& records)

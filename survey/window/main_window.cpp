@@ -42,9 +42,19 @@ MainWindow::MainWindow() : watch_([this] { Relist(); })
     BuildMenus();
     BuildValues();
     ShowVerdict();
-    ShowHint();
-    resize(kUsualSize.expandedTo(sizeHint()).boundedTo(FreeSize(*this)));
+    resize(kUsualSize.boundedTo(FreeSize(*this)));
     LeaveRoomForVerdict();
+}
+
+/// The last moment before the window is shown: only then is it known whether it needs its hint, for
+/// which the size must have room.
+bool MainWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::Polish) {
+        ShowHint();
+        resize(size().expandedTo(sizeHint()).boundedTo(FreeSize(*this)));
+    }
+    return QMainWindow::event(event);
 }
 
 void MainWindow::showEvent(QShowEvent* event)

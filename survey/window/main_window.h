@@ -48,6 +48,7 @@ public:
     void Report(const std::string& sentence);
 
 protected:
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -76,6 +77,7 @@ private:
     void FillBases();
     void ShowPlots();
     void ShowBase();
+    Survey SurveyAt(const std::filesystem::path& path) const;
     void PointToDepth(double tenths);
     void AskForFolder();
     void AskForFile();

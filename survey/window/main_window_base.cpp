@@ -28,6 +28,14 @@ void MainWindow::FillBases()
     bases_->setEnabled(bases_->count() > 1);
 }
 
+/// One that is on view already is not read again.
+Survey MainWindow::SurveyAt(const std::filesystem::path& path) const
+{
+    const auto known = std::ranges::find_if(
+        chosen_, [&](const Survey& survey) { return survey.files.front() == path.native(); });
+    return known != chosen_.end() ? *known : Load(path);
+}
+
 void MainWindow::ShowBase()
 {
     base_.reset();
@@ -35,7 +43,7 @@ void MainWindow::ShowBase()
             auto onView = ChosenPaths();
             onView.push_back(listed_[static_cast<std::size_t>(number.toInt())].path);
             WatchFiles(onView);
-            base_ = Load(onView.back());
+            base_ = SurveyAt(onView.back());
             const auto comparison = Compare(*base_, chosen_.back(), SumFrom::Bottom);
             if (!comparison.refusal.empty()) {
                 Report("The base is of another tube: " + comparison.refusal);

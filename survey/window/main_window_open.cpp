@@ -23,7 +23,7 @@ struct Parted {
 void AddReport(Parted& parted, const fs::path& file)
 {
     try {
-        Load(file); // what is refused changes nothing on view
+        RequireReport(file); // what is refused changes nothing on view
     } catch (const Refusal& refusal) {
         parted.refusals.emplace_back(refusal.what());
         return;

@@ -38,17 +38,15 @@ std::string TitleOf(PlotKind kind, char channel)
     return std::string(1, channel) + ": sum of change, counts";
 }
 
-PlotHalf HalfOf(PlotKind kind, char channel, const std::vector<const Survey*>& surveys,
-                const Survey* base, const Limits& limits)
+PlotHalf HalfOf(const CurveChoice& choice, const std::vector<const Survey*>& surveys,
+                const Limits& limits)
 {
-    PlotHalf half{TitleOf(kind, channel), {}, std::nullopt};
-    if (surveys.empty()) return half;
-    const auto verdict = Check(*surveys.back(), limits);
-    const CurveChoice choice{kind, channel, base, verdict, surveys.size() > 1};
+    PlotHalf half{TitleOf(choice.kind, choice.channel), {}, std::nullopt};
     for (const auto* const survey : surveys)
         std::ranges::move(CurvesOf(choice, *survey, survey == surveys.back()),
                           std::back_inserter(half.curves));
-    if (kind == PlotKind::Sums) half.limits = LimitsOf(verdict, channel, limits);
+    if (choice.kind == PlotKind::Sums)
+        half.limits = LimitsOf(choice.verdict, choice.channel, limits);
     return half;
 }
 } // namespace
@@ -56,7 +54,13 @@ PlotHalf HalfOf(PlotKind kind, char channel, const std::vector<const Survey*>& s
 PlotPage PageOf(PlotKind kind, const std::vector<const Survey*>& surveys, const Survey* base,
                 const Limits& limits)
 {
-    return {HalfOf(kind, 'A', surveys, base, limits), HalfOf(kind, 'B', surveys, base, limits)};
+    // Only the sums show what the verdict says of them.
+    const bool judged = kind == PlotKind::Sums && !surveys.empty();
+    const auto verdict = judged ? Check(*surveys.back(), limits) : Verdict();
+    const auto half = [&](char channel) {
+        return HalfOf({kind, channel, base, verdict, surveys.size() > 1}, surveys, limits);
+    };
+    return {half('A'), half('B')};
 }
 
 } // namespace tarvex::survey

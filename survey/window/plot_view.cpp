@@ -2,6 +2,8 @@
 
 #include "survey/window/plotter.h"
 
+#include <QCoreApplication>
+
 namespace tarvex::survey
 {
 
@@ -20,6 +22,8 @@ PlotColours ColoursOf(const QPalette& palette)
 
 PlotView::PlotView(QWidget* parent) : QCustomPlot(parent)
 {
+    // The drawing that the base class has asked for would come once more, after the first.
+    QCoreApplication::removePostedEvents(this, QEvent::MetaCall);
     setObjectName(QStringLiteral("plot"));
     setAccessibleName(QStringLiteral("Plots of channels A and B against the depth"));
     setFocusPolicy(Qt::StrongFocus);
@@ -35,13 +39,29 @@ void PlotView::Show(PlotPage page)
     Redraw();
 }
 
+QSize PlotView::sizeHint() const
+{
+    return minimumSize();
+}
+
+QSize PlotView::minimumSizeHint() const
+{
+    return minimumSize();
+}
+
+/// What has no size yet is drawn with the resizing that comes before it is shown.
+void PlotView::DrawSoon()
+{
+    if (!testAttribute(Qt::WA_PendingResizeEvent)) replot(rpQueuedReplot);
+}
+
 void PlotView::Redraw()
 {
     pointers_.clear();
     Draw(*this, {page_}, ColoursOf(palette()));
     ShareDepth();
     AddPointer();
-    replot(rpQueuedReplot);
+    DrawSoon();
 }
 
 /// Both channels always show the same stretch of the tube.
@@ -78,7 +98,7 @@ void PlotView::PointTo(double tenths)
         line->point1->setCoords(0, tenths / kMetre);
         line->point2->setCoords(1, tenths / kMetre);
     }
-    replot(rpQueuedReplot);
+    DrawSoon();
 }
 
 void PlotView::Point(double tenths)

@@ -34,6 +34,10 @@ public:
     /// The page shown.
     const PlotPage& Page() const { return page_; }
 
+    /// The same whatever it shows: reckoning the room for its texts takes longer than drawing them.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -42,6 +46,7 @@ protected:
 
 private:
     void Redraw();
+    void DrawSoon();
     void AddPointer();
     void ShareDepth();
     void Point(double tenths);
