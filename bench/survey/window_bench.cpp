@@ -2,7 +2,7 @@
 // empty window with one empty plot, off-screen and on the display of DISPLAY.
 #include "row.h"
 #include "survey/downloads.h"
-#include "survey/window/legible_style.h"
+#include "survey/window/look.h"
 #include "survey/window/main_window.h"
 #include "survey/window/plot_view.h"
 
@@ -30,7 +30,7 @@ std::unique_ptr<QMainWindow> EmptyWindow()
 
 std::unique_ptr<QMainWindow> SurveyWindow(const char* report)
 {
-    QApplication::setStyle(new tarvex::survey::LegibleStyle); // as the program does
+    tarvex::survey::Dress();
     auto window = std::make_unique<tarvex::survey::MainWindow>();
     window->Open({report});
     return window;

@@ -4,7 +4,7 @@
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 #include "survey/window/application.h"
-#include "survey/window/legible_style.h"
+#include "survey/window/look.h"
 #include "survey/window/main_window.h"
 #include "survey/window/survey_icon.h"
 
@@ -50,7 +50,7 @@ int ShowWindow(const Options& options)
     Application application(count, arguments);
     QCoreApplication::setApplicationName(QStringLiteral("tarvex-survey"));
     QGuiApplication::setDesktopFileName(QStringLiteral("example.tarvex.Survey"));
-    QApplication::setStyle(new LegibleStyle);
+    Dress();
     MainWindow window;
     application.OnFailure([&](const std::string& sentence) { window.Report(sentence); });
     application.Try([&] { OpenFirst(window, options); });

@@ -1,6 +1,9 @@
 #include "survey/window/legible_style.h"
 
+#include <QLabel>
+#include <QPainter>
 #include <QPalette>
+#include <QStyleOption>
 
 #include <algorithm>
 #include <cmath>
@@ -59,6 +62,35 @@ void LegibleStyle::polish(QPalette& palette)
         palette.setColor(group, QPalette::HighlightedText,
                          TextOn(ground, palette.color(group, QPalette::HighlightedText)));
     }
+}
+
+void LegibleStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (widget->inherits("QTipLabel")) static_cast<QLabel*>(widget)->setTextFormat(Qt::PlainText);
+}
+
+void LegibleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const
+{
+    if (element != PE_FrameFocusRect)
+        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const auto role =
+        (option->state & State_Selected) != 0 ? QPalette::HighlightedText : QPalette::Highlight;
+    painter->save();
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(
+        QPen(option->palette.color(role), 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawRect(option->rect.adjusted(1, 1, -1, -1));
+    painter->restore();
+}
+
+QSize LegibleStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                     const QSize& content, const QWidget* widget) const
+{
+    constexpr int kButtonHeight = 34;
+    const auto size = QProxyStyle::sizeFromContents(type, option, content, widget);
+    return type == CT_PushButton ? size.expandedTo(QSize(0, kButtonHeight)) : size;
 }
 
 } // namespace tarvex::survey

@@ -14,7 +14,6 @@
 #include <vector>
 
 class QComboBox;
-class QLabel;
 class QLayout;
 class QPushButton;
 class QStackedWidget;
@@ -24,6 +23,7 @@ class QTableView;
 namespace tarvex::survey
 {
 
+class CutLabel;
 class HintPage;
 class PlotView;
 class SurveyTree;
@@ -62,6 +62,8 @@ private:
     QWidget* BuildVerdict();
     QLayout* BuildChoices(QWidget* parent);
     void BuildTable(QWidget* parent);
+    int WidthOf(const QString& title) const;
+    void FitColumns();
     void BuildValues();
     void Relist();
     void List();
@@ -79,6 +81,7 @@ private:
     void ShowBase();
     Survey SurveyAt(const std::filesystem::path& path) const;
     void PointToDepth(double tenths);
+    void PointAgain();
     void AskForFolder();
     void AskForFile();
     void Export();
@@ -107,7 +110,7 @@ private:
     QComboBox* bases_ = nullptr;
     PlotView* plot_ = nullptr;
     QTableView* table_ = nullptr;
-    QLabel* values_ = nullptr; // of the depth that is pointed to
+    CutLabel* values_ = nullptr; // of the depth that is pointed to
     RowModel rows_;
 };
 

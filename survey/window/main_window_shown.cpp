@@ -41,6 +41,7 @@ void MainWindow::ShowChosen()
     FillBases();
     ShowVerdict();
     ShowBase();
+    PointAgain();
 }
 
 void MainWindow::ShowPlots()

@@ -8,9 +8,11 @@
 
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QHeaderView>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTableView>
 #include <QVBoxLayout>
 
 namespace tarvex::survey
@@ -29,9 +31,11 @@ void MainWindow::ShowVerdict()
         verdictLine_->Say(
             Text((several ? "Verdict on readout " + newest.head->readout : "Verdict") + ": " +
                  verdict_.Line()),
-            Text(TextOf(verdict_)));
+            Text(TextOf(verdict_)), newest.files.front());
         rows_.Show(chosen_.back(), verdict_);
     }
+    table_->verticalHeader()->setVisible(rows_.HasFaults());
+    FitColumns();
     reasons_->setEnabled(!chosen_.empty());
 }
 

@@ -18,8 +18,8 @@ constexpr std::array<Qt::PenStyle, 4> kDashes{Qt::SolidLine, Qt::DashLine, Qt::D
 QPen PenOf(const Curve& curve, std::size_t number, const PlotColours& colours)
 {
     QColor colour(colours.Dark() ? kOnDark[number % 4] : kOnLight[number % 4]);
-    if (!curve.strong) colour.setAlphaF(0.4F);
-    return {colour, curve.strong ? 1.8 : 1.0, kDashes[(number + number / 4) % 4]};
+    if (!curve.strong) colour.setAlphaF(0.85F);
+    return {colour, curve.strong ? 2.4 : 1.2, kDashes[(number + number / 4) % 4]};
 }
 
 } // namespace tarvex::survey

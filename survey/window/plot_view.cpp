@@ -3,6 +3,7 @@
 #include "survey/window/plotter.h"
 
 #include <QCoreApplication>
+#include <QStyleOption>
 
 namespace tarvex::survey
 {
@@ -61,6 +62,7 @@ void PlotView::Redraw()
     Draw(*this, {page_}, ColoursOf(palette()));
     ShareDepth();
     AddPointer();
+    FitTicks();
     DrawSoon();
 }
 
@@ -105,6 +107,33 @@ void PlotView::Point(double tenths)
 {
     PointTo(tenths);
     if (depthPointed) depthPointed(tenths);
+}
+
+/// As many values as have room beside each other.
+void PlotView::FitTicks()
+{
+    constexpr int kMost = 4;
+    const int text = fontMetrics().horizontalAdvance(QStringLiteral("-00000 "));
+    const int across = width() / 2 - 4 * fontMetrics().height(); // without the depths
+    for (auto* const rect : axisRects())
+        rect->axis(QCPAxis::atBottom)->ticker()->setTickCount(qBound(1, across / text, kMost));
+}
+
+void PlotView::resizeEvent(QResizeEvent* event)
+{
+    FitTicks();
+    QCustomPlot::resizeEvent(event);
+}
+
+/// Who works by keys sees that they go to the plots.
+void PlotView::paintEvent(QPaintEvent* event)
+{
+    QCustomPlot::paintEvent(event);
+    if (!hasFocus()) return;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
 }
 
 void PlotView::mouseMoveEvent(QMouseEvent* event)

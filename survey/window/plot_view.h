@@ -31,6 +31,9 @@ public:
     /// Points to a depth, in tenths of a metre, without calling `depthPointed`.
     void PointTo(double tenths);
 
+    /// The depth that is pointed to, in tenths of a metre.
+    double Pointed() const { return pointed_; }
+
     /// The page shown.
     const PlotPage& Page() const { return page_; }
 
@@ -39,6 +42,8 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -47,6 +52,7 @@ protected:
 private:
     void Redraw();
     void DrawSoon();
+    void FitTicks();
     void AddPointer();
     void ShareDepth();
     void Point(double tenths);

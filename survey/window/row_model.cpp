@@ -19,18 +19,6 @@ QString CellText(const SheetCell& cell)
     return cell.value ? QString::number(*cell.value, 'f', cell.decimals) : QStringLiteral("-");
 }
 
-std::map<int, QString> FaultsOf(const Verdict& verdict)
-{
-    std::map<int, QString> faults;
-    for (const auto& finding : verdict.findings)
-        for (const int depth : finding.depths) {
-            auto& text = faults[depth];
-            if (!text.isEmpty()) text += QStringLiteral("; ");
-            text += Text(finding.check + ": " + finding.text);
-        }
-    return faults;
-}
-
 /// A background for a faulty row that keeps its text legible on light and on dark.
 QColor FaultColour()
 {
@@ -38,6 +26,20 @@ QColor FaultColour()
     return dark ? QColor(96, 40, 30) : QColor(255, 222, 210);
 }
 } // namespace
+
+std::map<int, RowModel::Fault> RowModel::FaultsOf(const Verdict& verdict)
+{
+    std::map<int, Fault> faults;
+    for (const auto& finding : verdict.findings)
+        for (const int depth : finding.depths) {
+            auto& fault = faults[depth];
+            fault.checks += Text(finding.check);
+            fault.words += Text(finding.check + ": " + finding.text);
+        }
+    for (auto& [depth, fault] : faults)
+        fault.checks.removeDuplicates();
+    return faults;
+}
 
 void RowModel::Show(const Survey& survey, const Verdict& verdict)
 {
@@ -79,10 +81,15 @@ int RowModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : static_cast<int>(sheet_.titles.size()) + 1;
 }
 
-QString RowModel::FaultAt(int row) const
+RowModel::Fault RowModel::FaultAt(int row) const
 {
     const auto found = faults_.find(depths_[static_cast<std::size_t>(row)]);
-    return found == faults_.end() ? QString() : found->second;
+    return found == faults_.end() ? Fault() : found->second;
+}
+
+QString RowModel::WordsAt(int row) const
+{
+    return FaultAt(row).words.join(QStringLiteral("; "));
 }
 
 QVariant RowModel::data(const QModelIndex& index, int role) const
@@ -91,17 +98,18 @@ QVariant RowModel::data(const QModelIndex& index, int role) const
     const auto& row = sheet_.rows[static_cast<std::size_t>(index.row())];
     const auto column = static_cast<std::size_t>(index.column());
     if (role == Qt::DisplayRole)
-        return column < row.size() ? CellText(row[column]) : FaultAt(index.row());
+        return column < row.size() ? CellText(row[column]) : WordsAt(index.row());
     if (role == Qt::TextAlignmentRole && column < row.size())
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
-    if (role == Qt::BackgroundRole && !FaultAt(index.row()).isEmpty()) return FaultColour();
-    if (role == Qt::ToolTipRole) return FaultAt(index.row());
+    if (role == Qt::BackgroundRole && !WordsAt(index.row()).isEmpty()) return FaultColour();
+    if (role == Qt::ToolTipRole) return WordsAt(index.row());
     return {};
 }
 
 QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    if (role != Qt::DisplayRole) return {};
+    if (orientation == Qt::Vertical) return FaultAt(section).checks.join(QStringLiteral(", "));
     const auto column = static_cast<std::size_t>(section);
     return column < sheet_.titles.size() ? Text(sheet_.titles[column]) : QStringLiteral("Fault");
 }

@@ -4,13 +4,14 @@
 #include "survey/export/sheet.h"
 
 #include <QAbstractTableModel>
+#include <QStringList>
 #include <map>
 
 namespace tarvex::survey
 {
 
-/// The table of a survey, one row a depth; what the verdict has against a depth is in words in
-/// the last column, and its row is coloured.
+/// The table of a survey, one row a depth. What the verdict has against a depth is in words in
+/// the last column; the names of the checks are the head of its row, which is coloured.
 class RowModel : public QAbstractTableModel
 {
 public:
@@ -22,6 +23,9 @@ public:
     /// Leaves a table without rows.
     void Clear();
 
+    /// Whether the verdict has something against a depth.
+    bool HasFaults() const { return !faults_.empty(); }
+
     /// The row of the depth nearest to that one, in tenths of a metre; -1 without rows.
     int RowNear(double tenths) const;
 
@@ -31,11 +35,18 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    QString FaultAt(int row) const;
+    struct Fault {
+        QStringList checks;
+        QStringList words;
+    };
+    static std::map<int, Fault> FaultsOf(const Verdict& verdict);
+
+    Fault FaultAt(int row) const;
+    QString WordsAt(int row) const;
 
     Sheet sheet_;
     std::vector<int> depths_;
-    std::map<int, QString> faults_; // by depth
+    std::map<int, Fault> faults_; // by depth
 };
 
 } // namespace tarvex::survey

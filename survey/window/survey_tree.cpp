@@ -33,6 +33,9 @@ SurveyTree::SurveyTree(QWidget* parent) : QTreeWidget(parent)
     setAccessibleName(QStringLiteral("Surveys by client, site, tube and readout"));
     header()->setMinimumSectionSize(fontMetrics().height()); // else all letters are measured
     setHeaderLabels({QStringLiteral("Surveys")});
+    // A line that is too wide scrolls: its end is the date.
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
 }
 

@@ -41,10 +41,11 @@ VerdictLine::VerdictLine(QWidget* parent) : QScrollArea(parent), words_(new QLab
         ground->setAutoFillBackground(false);
 }
 
-void VerdictLine::Say(const QString& words, const QString& tip)
+void VerdictLine::Say(const QString& words, const QString& tip, const std::string& subject)
 {
     words_->setToolTip(tip);
-    if (words == words_->text()) return;
+    if (words == words_->text() && subject == subject_) return;
+    subject_ = subject;
     words_->setText(words);
     Fit();
     Announce(*words_);

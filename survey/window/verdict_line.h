@@ -2,6 +2,8 @@
 
 #include <QScrollArea>
 
+#include <string>
+
 class QLabel;
 
 namespace tarvex::survey
@@ -16,8 +18,9 @@ public:
     /// Says nothing yet.
     explicit VerdictLine(QWidget* parent);
 
-    /// Shows these words, and has them spoken; `tip` is shown where the pointer rests on them.
-    void Say(const QString& words, const QString& tip = {});
+    /// Shows these words, and has them spoken when they or what they are about, `subject`, are
+    /// others than before; `tip` is shown where the pointer rests on them.
+    void Say(const QString& words, const QString& tip = {}, const std::string& subject = {});
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -27,6 +30,7 @@ private:
     void Fit();
 
     QLabel* words_;
+    std::string subject_;
 };
 
 } // namespace tarvex::survey

@@ -136,6 +136,14 @@ class Announcements:
         except GLib.Error:  # it went while it was spoken of
             pass
 
+    def shown(self, beginning):
+        """Waits for a notification that comes up with words that begin so; those before are dropped."""
+        wait_for(
+            f'notification "{beginning}"',
+            lambda: any("showing" in kind and words.startswith(beginning) for kind, words in self.words),
+        )
+        self.words.clear()
+
     def heard(self, beginning):
         """The next words that begin so, once both events of them have come; those before are dropped."""
 

@@ -6,8 +6,10 @@ manager and a session bus.
 
 import glob
 import os
+import shutil
 import subprocess
 import sys
+import tempfile
 import unittest
 
 import reader
@@ -18,8 +20,8 @@ TITLE = "Tar Vex Survey"
 SPEAKING = (Role.PUSH_BUTTON, Role.TEXT, Role.COMBO_BOX, Role.TREE, Role.TREE_TABLE, Role.TABLE, Role.PAGE_TAB)
 
 
-def report(client):
-    return glob.glob(os.path.join(REPORTS, f"{client}*-dat.dat"))[0]
+def report(client, ending="dat"):
+    return glob.glob(os.path.join(REPORTS, f"{client}*-{ending}.dat"))[0]
 
 
 class SurveyWindow(unittest.TestCase):
@@ -28,6 +30,15 @@ class SurveyWindow(unittest.TestCase):
         self.addCleanup(process.wait)
         self.addCleanup(process.kill)
         return reader.window(TITLE)
+
+    def reports(self, *clients):
+        """A folder with the reports of these clients only."""
+        folder = tempfile.mkdtemp()
+        self.addCleanup(shutil.rmtree, folder)
+        for client in clients:
+            for ending in ("dat", "num"):
+                shutil.copy(report(client, ending), folder)
+        return folder
 
     def expect_all_named(self, window):
         for found in reader.below(window):
@@ -70,12 +81,32 @@ class SurveyWindow(unittest.TestCase):
         self.assertEqual(cells.get_column_header(9).get_name(), "Fault")
         self.assertEqual(cells.get_accessible_at(24, 0).get_name(), "12.5")
         self.assertIn("spike: the half difference", cells.get_accessible_at(24, 9).get_name())
+        self.assertEqual(cells.get_row_header(24).get_name(), "sums, spike")
         for tab in ("Readings", "Half differences", "Sums", "Change"):
             reader.control(window, Role.PAGE_TAB, tab)
         bases = reader.control(window, Role.COMBO_BOX, "01  14/04/26")
         self.assertEqual(reader.captions(bases), ["Base:"])
         reader.control(window, Role.CHART, "Plots of channels A and B against the depth")
         self.expect_all_named(window)
+
+    def test_verdict_of_the_next_survey_is_heard(self):
+        window = self.start(self.reports("GOOD2", "GOOD4", "SPIKE"))
+        self.assertEqual(self.verdict(window).get_name(), "Verdict: read again at 12.5 m (A)")
+        self.focus(reader.control(window, Role.TREE, "Surveys by client, site, tube and readout"))
+        announced = reader.Announcements()
+        self.type_key(window, *["Up"] * 4)
+        announced.heard("Verdict: good")
+        self.type_key(window, *["Up"] * 4)
+        announced.shown("Verdict: good")
+
+    def test_verdict_of_a_report_that_is_downloaded_again_is_heard(self):
+        folder = self.reports("GOOD2")
+        window = self.start(folder)
+        self.assertEqual(self.verdict(window).get_name(), "Verdict: good")
+        announced = reader.Announcements()
+        for ending in ("dat", "num"):
+            shutil.copy(report("SPIKE", ending), os.path.join(folder, os.path.basename(report("GOOD2", ending))))
+        announced.heard("Verdict: read again at 12.5 m (A)")
 
     def test_pointed_depth_is_in_words(self):
         window = self.start(report("SPIKE"))
