@@ -17,8 +17,10 @@ public:
     /// Has tool tips show their text as it is: what a report holds is no markup.
     void polish(QWidget* widget) override;
 
+    /// The frame around what has the keyboard.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    /// No button is lower than a glove needs.
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& content,
                            const QWidget* widget) const override;
 };

@@ -239,6 +239,7 @@ TEST_F(SurveyProgram, PrintsItsVersion)
     const auto run = RunSurvey({"--version"});
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.output, StartsWith("tarvex-survey 1.1"));
+    EXPECT_THAT(run.output, HasSubstr("under the GNU General Public Licence, version 3 or later"));
 }
 
 TEST_F(SurveyProgram, SaysWhenItsOutputCannotBeWritten)
