@@ -31,9 +31,11 @@ void Take(FoundReports& found, const fs::path& path)
 FoundReports FindReports(const fs::path& folder, const Progress& progress)
 {
     std::error_code error;
+    // A folder within it may well be another's; the folder itself was asked for.
+    if (fs::directory_iterator(folder, error); error)
+        throw Refusal(Shown(folder) + " cannot be listed: " + error.message());
     fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied,
                                            error);
-    if (error) throw Refusal(Shown(folder) + " cannot be listed: " + error.message());
     FoundReports found;
     std::size_t seen = 0;
     for (const fs::recursive_directory_iterator end; entry != end; entry.increment(error)) {

@@ -4,6 +4,7 @@
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 
+#include <cerrno>
 #include <fstream>
 #include <stdexcept>
 #include <system_error>
@@ -44,10 +45,13 @@ void WriteOutput(const fs::path& path, const std::vector<fs::path>& inputs,
 
 void PutBytes(const fs::path& path, std::string_view bytes)
 {
+    errno = 0;
     std::ofstream file(path, std::ios::binary);
     file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     file.close();
-    if (!file) throw std::runtime_error("the file system refuses it");
+    if (!file)
+        throw std::runtime_error(errno == 0 ? "the file system refuses it"
+                                            : std::generic_category().message(errno));
 }
 
 void WriteText(const fs::path& path, const std::vector<fs::path>& inputs, std::string_view text)

@@ -3,6 +3,7 @@
 #include "survey/files/output_file.h"
 #include "survey/files/refusal.h"
 
+#include "support/system_limits.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -95,6 +96,19 @@ TEST_F(OutputTest, RefusesADeviceAndAFolder)
 {
     EXPECT_THAT(RefusalOf("/dev/null"), HasSubstr("no ordinary file"));
     EXPECT_THAT(RefusalOf(folder_.Path()), HasSubstr("no ordinary file"));
+}
+
+TEST_F(OutputTest, SaysWhyAFileCannotBeWritten)
+{
+    EXPECT_THAT(RefusalOf(folder_ / "missing/out.csv"), HasSubstr("No such file or directory"));
+    const tests::FullDisk disk(1000);
+    try {
+        WriteText(folder_ / "out.csv", {}, std::string(100'000, 'x'));
+        ADD_FAILURE() << "it was written";
+    } catch (const Refusal& refusal) {
+        EXPECT_THAT(refusal.what(), HasSubstr("cannot be written: File too large"));
+    }
+    EXPECT_THAT(tests::NamesIn(folder_.Path()), ::testing::IsEmpty());
 }
 
 TEST_F(OutputTest, LeavesNothingWhenTheWritingFails)

@@ -1,5 +1,6 @@
 #include "survey/files/listing.h"
 
+#include "support/ordinary_user.h"
 #include "survey/downloads.h"
 #include "survey/files/folder_scan.h"
 #include "survey/files/listing_text.h"
@@ -109,6 +110,24 @@ TEST_F(ListingTest, RefusesAPathThatIsNoFolder)
     EXPECT_THROW(ListFolder(folder_ / "nothing"), Refusal);
     tests::WriteFile(folder_ / "file", "");
     EXPECT_THROW(ListFolder(folder_ / "file"), Refusal);
+}
+
+TEST_F(ListingTest, RefusesAFolderThatMayNotBeReadAndPassesOverOneWithin)
+{
+    const auto locked = folder_ / "locked";
+    fs::create_directory(locked);
+    fs::permissions(locked, fs::perms::none);
+    {
+        const tests::OrdinaryUser user(folder_.Path());
+        EXPECT_NO_THROW(ListFolder(folder_.Path()));
+        try {
+            ListFolder(locked);
+            ADD_FAILURE() << "it was listed";
+        } catch (const Refusal& refusal) {
+            EXPECT_THAT(refusal.what(), ::testing::HasSubstr("cannot be listed: Permission"));
+        }
+    }
+    fs::permissions(locked, fs::perms::owner_all);
 }
 
 } // namespace
