@@ -99,7 +99,7 @@ void Compare(const char* platform, const char* program, const QString& report, i
 int main(int argc, char* argv[])
 {
     if (argc > 1 && std::string_view(argv[1]) == "once") return ShowOnce(argc, argv);
-    const int runs = argc > 1 ? std::atoi(argv[1]) : 5;
+    const int runs = argc > 1 ? std::stoi(argv[1]) : 5;
     const tarvex::tests::TemporaryFolder folder;
     const auto report =
         QString::fromStdString(tarvex::tests::Download(folder.Path(), "1:depth=100").string());

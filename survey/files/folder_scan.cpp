@@ -32,8 +32,8 @@ FoundReports FindReports(const fs::path& folder, const Progress& progress)
 {
     std::error_code error;
     // A folder within it may well be another's; the folder itself was asked for.
-    if (fs::directory_iterator(folder, error); error)
-        throw Refusal(Shown(folder) + " cannot be listed: " + error.message());
+    const fs::directory_iterator itself(folder, error);
+    if (error) throw Refusal(Shown(folder) + " cannot be listed: " + error.message());
     fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied,
                                            error);
     FoundReports found;
