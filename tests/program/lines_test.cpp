@@ -46,9 +46,17 @@ protected:
         steps_->Take(step);
     }
 
+    /// The address of the page is shown a little after it has changed.
+    bool ShowsItsAddress()
+    {
+        const auto& address = program->PanelModel().readAddress;
+        return WaitFor([&] { return AtPanel().Text("Text17").toStdString() == address.Text(); });
+    }
+
     /// What came of it. The line is ended by then.
     std::string Outcome(const QStringList& differences)
     {
+        EXPECT_TRUE(ShowsItsAddress());
         std::string text =
             program->End().Ended() ? "ended " + std::to_string(program->End().Status()) + "\n" : "";
         for (const QString& box : boxes.texts)
