@@ -15,4 +15,8 @@ namespace tarvex::survey
 void AddLegend(QCustomPlot& plot, const Place& place, const std::vector<QCPGraph*>& graphs,
                const PlotColours& colours);
 
+/// Where the width of the plot is too little for its legends, they name the readouts by their
+/// numbers alone, and the graphs below each other. Gives the height of the highest, in pixels.
+int FitLegends(QCustomPlot& plot);
+
 } // namespace tarvex::survey

@@ -1,9 +1,13 @@
 #include "survey/window/plot_view.h"
 
+#include "survey/window/plot_legend.h"
 #include "survey/window/plotter.h"
+#include "survey/window/window_text.h"
 
 #include <QCoreApplication>
 #include <QStyleOption>
+
+#include <array>
 
 namespace tarvex::survey
 {
@@ -29,7 +33,6 @@ PlotView::PlotView(QWidget* parent) : QCustomPlot(parent)
     setAccessibleName(QStringLiteral("Plots of channels A and B against the depth"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    setMinimumSize(320, 200);
     setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
     Redraw();
 }
@@ -62,7 +65,7 @@ void PlotView::Redraw()
     Draw(*this, {page_}, ColoursOf(palette()));
     ShareDepth();
     AddPointer();
-    FitTicks();
+    FitTexts();
     DrawSoon();
 }
 
@@ -109,6 +112,13 @@ void PlotView::Point(double tenths)
     if (depthPointed) depthPointed(tenths);
 }
 
+void PlotView::FitTexts()
+{
+    FitTicks();
+    FitTitles();
+    FitMinimum();
+}
+
 /// As many values as have room beside each other.
 void PlotView::FitTicks()
 {
@@ -119,9 +129,32 @@ void PlotView::FitTicks()
         rect->axis(QCPAxis::atBottom)->ticker()->setTickCount(qBound(1, across / text, kMost));
 }
 
+/// A title that ran into the other would make both unreadable.
+void PlotView::FitTitles()
+{
+    const std::array<const PlotHalf*, 2> halves{&page_.a, &page_.b};
+    for (int i = 0; i < axisRectCount(); ++i) {
+        auto& values = *axisRect(i)->axis(QCPAxis::atBottom);
+        values.setLabel(QFontMetrics(values.labelFont())
+                            .elidedText(Text(halves.at(static_cast<std::size_t>(i))->title),
+                                        Qt::ElideRight, width() / 2));
+    }
+}
+
+/// The depths keep their room below a high legend, and large texts theirs beside each other.
+void PlotView::FitMinimum()
+{
+    constexpr QSize kLeast(320, 200);
+    constexpr int kCharacters = 38; // the longest name in either legend, with its line
+    constexpr int kLines = 8;       // the values, their title, and depths above them
+    const QSize texts(kCharacters * fontMetrics().averageCharWidth(),
+                      FitLegends(*this) + kLines * fontMetrics().height());
+    setMinimumSize(kLeast.expandedTo(texts));
+}
+
 void PlotView::resizeEvent(QResizeEvent* event)
 {
-    FitTicks();
+    FitTexts();
     QCustomPlot::resizeEvent(event);
 }
 

@@ -37,7 +37,8 @@ public:
     /// The page shown.
     const PlotPage& Page() const { return page_; }
 
-    /// The same whatever it shows: reckoning the room for its texts takes longer than drawing them.
+    /// Room for the legends and for some depths below them: reckoning that for every other text
+    /// takes longer than drawing them.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -52,7 +53,10 @@ protected:
 private:
     void Redraw();
     void DrawSoon();
+    void FitTexts();
     void FitTicks();
+    void FitTitles();
+    void FitMinimum();
     void AddPointer();
     void ShareDepth();
     void Point(double tenths);
