@@ -92,10 +92,13 @@ private:
     std::filesystem::path FirstFolder() const;
     std::vector<std::filesystem::path> ChosenPaths() const;
 
+    static constexpr const char* kNoneChosen = "No survey is chosen";
+
     std::vector<std::filesystem::path> folders_;
     std::vector<std::filesystem::path> opened_; ///< reports that were asked for by themselves
     std::vector<ListedSurvey> listed_;
-    std::vector<Survey> chosen_; // the newest last
+    std::vector<Survey> chosen_;        // the newest last
+    std::string whyNone_ = kNoneChosen; // why there are none of them
     std::optional<Survey> base_;
     Verdict verdict_;
     Limits limits_;

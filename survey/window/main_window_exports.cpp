@@ -68,7 +68,7 @@ std::optional<std::string> MainWindow::AskForRemark(const QString& title)
 
 void MainWindow::Export()
 {
-    if (chosen_.empty()) return Report("No survey is chosen");
+    if (chosen_.empty()) return Report(whyNone_);
     const NamedFolder start(FirstFolder());
     QString form;
     auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"),
@@ -95,7 +95,7 @@ void MainWindow::ExportTo(const std::filesystem::path& path)
 
 void MainWindow::Print()
 {
-    if (chosen_.empty()) return Report("No survey is chosen");
+    if (chosen_.empty()) return Report(whyNone_);
     const auto remark = AskForRemark(QStringLiteral("Print"));
     if (!remark) return;
     QPrinter printer(QPrinter::HighResolution);

@@ -26,11 +26,13 @@ void MainWindow::WatchFiles(std::vector<std::filesystem::path> first)
 void MainWindow::LoadChosen()
 {
     chosen_.clear();
+    whyNone_ = kNoneChosen;
     for (const auto& path : ChosenPaths())
         try {
             chosen_.push_back(Load(path));
         } catch (const Refusal& refusal) {
-            Report(refusal.what());
+            whyNone_ = refusal.what();
+            Report(whyNone_);
         }
 }
 

@@ -22,7 +22,7 @@ void MainWindow::ShowVerdict()
 {
     if (chosen_.empty()) {
         verdict_ = {};
-        verdictLine_->Say(QStringLiteral("No survey is chosen"));
+        verdictLine_->Say(Text(whyNone_));
         rows_.Clear();
     } else {
         verdict_ = Check(chosen_.back(), limits_);
@@ -62,7 +62,7 @@ void MainWindow::LeaveRoomForVerdict()
 
 void MainWindow::ShowReasons()
 {
-    if (chosen_.empty()) return Report("No survey is chosen");
+    if (chosen_.empty()) return Report(whyNone_);
     QDialog dialog(this);
     dialog.setWindowTitle(QStringLiteral("Reasons for the verdict"));
     auto* const column = new QVBoxLayout(&dialog);

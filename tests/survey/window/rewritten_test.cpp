@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QTabBar>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <fstream>
 
@@ -141,6 +142,20 @@ TEST(FolderWatch, NoLongerFollowsAFileThatIsNotNamedAgain)
     EXPECT_EQ(calls, 0);
     WriteMore(folder / "other", "more");
     EXPECT_TRUE(QTest::qWaitFor([&] { return calls > 0; }, 60'000));
+}
+
+TEST_F(WindowTest, SaysInPlaceOfTheVerdictWhyTheChosenSurveyIsNotShown)
+{
+    const std::string name = "A-EMPTY -PENDIO 1-T1  -01-dat.dat";
+    WriteAgain(folder_ / name, "");
+    window_.Open({folder_.Path()});
+    auto& tree = Find<QTreeWidget>("tree");
+    tree.setCurrentItem(tree.topLevelItem(0)->child(0)->child(0)->child(0));
+    EXPECT_THAT(Verdict(), ::testing::EndsWith(name + " is no report: it is empty"));
+    tree.setCurrentItem(tree.topLevelItem(1)->child(0)->child(0)->child(0));
+    EXPECT_EQ(Verdict(), "Verdict: good");
+    tree.clearSelection();
+    EXPECT_EQ(Verdict(), "No survey is chosen");
 }
 
 } // namespace
