@@ -59,6 +59,7 @@ void AddLegend(QCustomPlot& plot, const Place& place, const std::vector<QCPGraph
     legend->setRowSpacing(0);
     legend->setColumnSpacing(4);
     legend->setIconTextPadding(4);
+    legend->setIconSize(28, 18); // every dash once
     legend->setFillOrder(QCPLegend::foColumnsFirst);
     legend->setWrap(kWordings.front().columns);
     auto font = plot.font();

@@ -133,11 +133,12 @@ void PlotView::FitTicks()
 void PlotView::FitTitles()
 {
     const std::array<const PlotHalf*, 2> halves{&page_.a, &page_.b};
+    const int across = width() / 2 - 3 * fontMetrics().height(); // without the depths
     for (int i = 0; i < axisRectCount(); ++i) {
         auto& values = *axisRect(i)->axis(QCPAxis::atBottom);
         values.setLabel(QFontMetrics(values.labelFont())
                             .elidedText(Text(halves.at(static_cast<std::size_t>(i))->title),
-                                        Qt::ElideRight, width() / 2));
+                                        Qt::ElideRight, across));
     }
 }
 
