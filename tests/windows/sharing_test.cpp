@@ -10,6 +10,8 @@
 
 #include <array>
 
+#undef DeleteFile // the system's name for another operation
+
 namespace tarvex::tests
 {
 namespace
