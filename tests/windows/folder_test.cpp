@@ -30,7 +30,7 @@ protected:
 
 TEST_F(WindowsFolders, AreMadeAndShownAtDriveC)
 {
-    std::filesystem::remove(L"c:\\dati");
+    std::filesystem::remove_all(L"c:\\dati");
     forms.ShowFolderChooser();
     EXPECT_TRUE(std::filesystem::is_directory(L"c:\\dati"));
     EXPECT_EQ(Drive1().currentText(), "C:");

@@ -63,7 +63,8 @@ protected:
     void PumpFor(int milliseconds)
     {
         bool over = false;
-        QTimer::singleShot(milliseconds, [&] { over = true; });
+        // A precise one may run out without ending a wait for events.
+        QTimer::singleShot(milliseconds, Qt::CoarseTimer, [&] { over = true; });
         while (!over)
             pump.WaitForEvents();
     }
