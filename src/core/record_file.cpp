@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -106,9 +105,9 @@ void RecordFile::PutBytes(double number, std::span<const std::byte> record)
 {
     RequireOpen();
     const std::streamoff offset = OffsetOf(number, kWriting);
-    stream_.clear();
-    stream_.seekp(0, std::ios::end);
-    const std::streamoff oldSize = stream_.tellp();
+    std::error_code unknownSize;
+    const auto oldSize = std::filesystem::file_size(path_, unknownSize);
+
     stream_.clear();
     stream_.seekp(offset);
     stream_.write(reinterpret_cast<const char*>(record.data()),
@@ -117,9 +116,8 @@ void RecordFile::PutBytes(double number, std::span<const std::byte> record)
     if (stream_) return;
 
     std::error_code ignored;
-    const auto old = static_cast<std::uintmax_t>(oldSize);
-    if (oldSize >= 0 && std::filesystem::file_size(path_, ignored) > old && !ignored) {
-        std::filesystem::resize_file(path_, old, ignored);
+    if (!unknownSize && std::filesystem::file_size(path_, ignored) > oldSize && !ignored) {
+        std::filesystem::resize_file(path_, oldSize, ignored);
     }
     Fail("Disk full", kWriting, path_);
 }

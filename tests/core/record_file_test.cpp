@@ -227,6 +227,20 @@ TEST_F(RecordFileTest, APutFarBeyondTheEndOfAFullDiskLeavesTheLength)
     EXPECT_EQ(FileBytes(path), "aaaa");
 }
 
+/// Another program has put its own file in the place of the one that is open.
+TEST_F(RecordFileTest, APutOnAFullDiskLeavesAnotherFileInItsPlaceWhole)
+{
+    SKIP_WHERE_NO_DISK_FILLS();
+    file.Open(path);
+    std::filesystem::remove(path);
+    WriteFile(path, "of another program");
+    {
+        const FullDisk full(2); // room for half of the first record
+        EXPECT_THROW(file.Put(1, kAaaa), RunTimeFailure);
+    }
+    EXPECT_EQ(FileBytes(path), "of another program");
+}
+
 TEST_F(RecordFileTest, GoesOnWorkingAfterAPutThatFailed)
 {
     SKIP_WHERE_NO_DISK_FILLS();
