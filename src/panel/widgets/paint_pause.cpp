@@ -15,6 +15,7 @@ void PaintPause::Show(std::function<void()> show)
 {
     show_ = std::move(show);
     sinceChange_.start();
+    if (isDue_ && timer_.isActive()) return; // changes that come faster would put it off for good
     isDue_ = !sinceShown_.isValid() || sinceShown_.hasExpired(kMillisecondsBetweenPaints);
     if (isDue_) {
         timer_.start(kMillisecondsAfterChange);

@@ -63,6 +63,15 @@ TEST_F(PaintPauseTest, PaintsManyChangesAFewTimesASecond)
     EXPECT_LE(counter.paints, 1 + time.elapsed() / PaintPause::kMillisecondsBetweenPaints);
 }
 
+TEST_F(PaintPauseTest, ShowsChangesThatLeaveTheEventsNoPause)
+{
+    QElapsedTimer time;
+    time.start();
+    while (edit.text().isEmpty() && !time.hasExpired(5'000))
+        Write(1);
+    EXPECT_FALSE(edit.text().isEmpty());
+}
+
 TEST_F(PaintPauseTest, PaintsTheLastChangeWhenNoMoreCome)
 {
     const PaintCounter counter(edit);
