@@ -39,8 +39,7 @@ FolderWatch::FolderWatch(const std::function<void()>& changed, std::chrono::mill
     QObject::connect(&pause_, &QTimer::timeout, &pause_, changed);
     QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &pause_,
                      [this](const QString& name) { Notice(name); });
-    QObject::connect(&watcher_, &QFileSystemWatcher::fileChanged, &pause_,
-                     [this] { pause_.start(); });
+    QObject::connect(&watcher_, &QFileSystemWatcher::fileChanged, &pause_, [this] { PutOff(); });
 }
 
 void FolderWatch::Follow(const std::vector<fs::path>& folders)
@@ -106,7 +105,13 @@ void FolderWatch::Notice(const QString& name)
             isAbove = true;
             isOther = isOther || !top.IsTheSame();
         }
-    if (!isAbove || isOther) pause_.start();
+    if (!isAbove || isOther) PutOff();
+}
+
+void FolderWatch::PutOff()
+{
+    if (!pause_.isActive()) sinceFirst_.start();
+    if (sinceFirst_.elapsed() < kMostPauses * pause_.interval()) pause_.start();
 }
 
 FolderWatch::Top::Top(const fs::path& path) : folder(path), held(path), above(Above(path)) {}

@@ -2,6 +2,7 @@
 
 #include "survey/window/path_text.h"
 
+#include <QElapsedTimer>
 #include <QFileSystemWatcher>
 #include <QTimer>
 
@@ -29,8 +30,11 @@ public:
     /// Long enough for a report that is being written to be whole, short enough not to be noticed.
     static constexpr std::chrono::milliseconds kPause{300};
 
-    /// `changed` is called once there was no change for `pause`; it is to call Follow and
-    /// FollowFiles again and to read the folder and the files then.
+    /// What changes for good is read this many pauses after its first change.
+    static constexpr int kMostPauses = 10;
+
+    /// `changed` is called once there was no change for `pause`, or after kMostPauses of changes;
+    /// it is to call Follow and FollowFiles again and to read the folder and the files then.
     explicit FolderWatch(const std::function<void()>& changed,
                          std::chrono::milliseconds pause = kPause);
 
@@ -60,10 +64,12 @@ private:
     void Add(const std::filesystem::path& folder);
     void AddAllBelow();
     void Notice(const QString& name);
+    void PutOff();
     QString NameOf(const std::filesystem::path& file) const;
 
     QFileSystemWatcher watcher_;
     QTimer pause_;
+    QElapsedTimer sinceFirst_; // of the changes that are put off
     std::deque<Top> tops_;
     std::deque<NamedFolder> watched_; // those at and below the tops
 };

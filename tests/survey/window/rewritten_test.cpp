@@ -128,6 +128,22 @@ TEST(FolderWatch, WaitsUntilAFileIsNoLongerBeingWritten)
     EXPECT_EQ(calls, 1);
 }
 
+TEST(FolderWatch, DoesNotWaitForAFileThatIsWrittenForGood)
+{
+    const tests::TemporaryFolder folder;
+    const auto file = folder / "report";
+    WriteAgain(file, "a");
+    int calls = 0;
+    FolderWatch watch([&] { ++calls; }, 200ms);
+    watch.Follow({folder.Path()});
+    watch.FollowFiles({file});
+    const auto writeAndLook = [&] {
+        WriteMore(file, "more");
+        return calls > 0;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(writeAndLook, 60'000));
+}
+
 TEST(FolderWatch, NoLongerFollowsAFileThatIsNotNamedAgain)
 {
     const tests::TemporaryFolder folder;
