@@ -38,10 +38,19 @@ std::string TitleOf(PlotKind kind, char channel)
     return std::string(1, channel) + ": sum of change, counts";
 }
 
+/// What else is a line at zero, which could be taken for a tube that does not move.
+bool IsBaseAlone(const CurveChoice& choice, const std::vector<const Survey*>& surveys)
+{
+    return choice.kind == PlotKind::Change && choice.base != nullptr && surveys.size() == 1 &&
+           surveys.front()->files == choice.base->files;
+}
+
 PlotHalf HalfOf(const CurveChoice& choice, const std::vector<const Survey*>& surveys,
                 const Limits& limits)
 {
     PlotHalf half{TitleOf(choice.kind, choice.channel), {}, std::nullopt};
+    if (IsBaseAlone(choice, surveys))
+        half.title = std::string(1, choice.channel) + ": the base itself, no change";
     for (const auto* const survey : surveys)
         std::ranges::move(CurvesOf(choice, *survey, survey == surveys.back()),
                           std::back_inserter(half.curves));

@@ -222,6 +222,18 @@ TEST_F(WindowTest, ComparesWithTheBaseThatIsChosen)
     bases.setCurrentIndex(1);
     Q_EMIT bases.activated(1);
     EXPECT_NEAR(Plot().Page().a.curves[0].points.front().value, 9 * 12, 30);
+    EXPECT_EQ(Plot().Page().a.title, "A: sum of change, counts");
+}
+
+TEST_F(WindowTest, SaysThatTheBaseDoesNotChangeAgainstItself)
+{
+    window_.Open({folder_ / "COMUNE  -PENDIO 1-T1  -00-dat.dat"});
+    Find<QTabBar>("kinds").setCurrentIndex(3);
+    EXPECT_EQ(Plot().Page().a.title, "A: the base itself, no change");
+    EXPECT_EQ(Plot().Page().b.title, "B: the base itself, no change");
+    EXPECT_EQ(Plot().Page().a.curves[0].points.front().value, 0);
+    Find<QTreeWidget>("tree").topLevelItem(0)->child(0)->child(0)->child(1)->setSelected(true);
+    EXPECT_EQ(Plot().Page().a.title, "A: sum of change, counts") << "of the other one";
 }
 
 TEST_F(WindowTest, DrawsReadingsOverEachOtherTheNewestStrongest)
