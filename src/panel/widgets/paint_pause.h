@@ -20,6 +20,10 @@ public:
     /// Longer than a wake and its answer take on the line, shorter than a request takes.
     static constexpr int kMillisecondsAfterChange = 4;
 
+    /// Changes that come faster than any line brings them leave no such pause: then it is shown
+    /// between two of them.
+    static constexpr int kMostMillisecondsDue = 100;
+
     PaintPause();
 
     /// Runs `show` when it is time; not what was to be shown before and has not been.
@@ -31,6 +35,7 @@ private:
     QTimer timer_;
     QElapsedTimer sinceShown_;
     QElapsedTimer sinceChange_;
+    QElapsedTimer sinceDue_;
     bool isDue_ = false;
     std::function<void()> show_;
 };
