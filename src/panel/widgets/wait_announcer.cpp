@@ -20,8 +20,10 @@ WaitAnnouncer::WaitAnnouncer(WaitGround& ground, Announcement& announcement)
 
 bool WaitAnnouncer::eventFilter(QObject*, QEvent* event)
 {
-    if (event->type() == QEvent::ShowToParent)
+    if (event->type() == QEvent::ShowToParent) {
+        stalled_ = false; // what the wait before has left to be said belongs to it
         announcement_.Say(QStringLiteral("Waiting for the unit"));
+    }
     if (event->type() == QEvent::HideToParent)
         announcement_.Say(QStringLiteral("The wait has ended") + HowFar());
     return false;
