@@ -15,6 +15,10 @@ void QtEventPump::DoEvents()
 void QtEventPump::WaitForEvents()
 {
     Pass(QEventLoop::WaitForMoreEvents);
+#ifdef _WIN32
+    // There the toolkit runs what has ended its sleep only in its next pass, and then sleeps on.
+    DoEvents();
+#endif
 }
 
 /// Checked before the pass too: a wait that slept after the program's end might never wake.

@@ -8,21 +8,9 @@ namespace tarvex::platform
 
 using namespace std::chrono_literals;
 
-namespace
-{
-
-// On Windows a precise timer may run out without ending a wait for events.
-#ifdef _WIN32
-constexpr Qt::TimerType kType = Qt::CoarseTimer;
-#else
-constexpr Qt::TimerType kType = Qt::PreciseTimer;
-#endif
-
-} // namespace
-
 QtTickTimer::QtTickTimer(std::function<void()> tick)
 {
-    timer_.setTimerType(kType);
+    timer_.setTimerType(Qt::PreciseTimer);
     timer_.setInterval(100ms);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, std::move(tick));
 }

@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 
 namespace tarvex::tests
@@ -63,10 +64,21 @@ protected:
     void PumpFor(int milliseconds)
     {
         bool over = false;
-        // A precise one may run out without ending a wait for events.
-        QTimer::singleShot(milliseconds, Qt::CoarseTimer, [&] { over = true; });
+        QTimer::singleShot(milliseconds, [&] { over = true; });
         while (!over)
             pump.WaitForEvents();
+    }
+
+    /// Waits for it; true when only another event, two seconds later, ended the wait.
+    bool IsLate(const std::function<bool()>& reached)
+    {
+        bool late = false;
+        QTimer event;
+        event.callOnTimeout([&] { late = true; });
+        event.start(2'000);
+        while (!late && !reached())
+            pump.WaitForEvents();
+        return late;
     }
 
     std::string RefusalOf(int number)
@@ -109,6 +121,27 @@ TEST_F(WindowsSerialPort, OpensAgainAfterAClose)
         EXPECT_EQ(InputOf(1), "!") << "opening " << opening;
         port.Close();
     }
+}
+
+/// Not only with the tick that comes next.
+TEST_F(WindowsSerialPort, EndsAWaitWithTheUnitsAnswer)
+{
+    constexpr int kAnswers = 5;
+    Open(kUnit);
+    int late = 0;
+    for (int answer = 0; answer < kAnswers; ++answer) {
+        port.Output("}");
+        late += IsLate([&] { return port.InBufferCount() > 0; });
+        EXPECT_EQ(port.Input(), "!");
+    }
+    EXPECT_LT(late, kAnswers / 2);
+}
+
+TEST_F(WindowsSerialPort, EndsAWaitWithATimer)
+{
+    bool over = false;
+    QTimer::singleShot(50, Qt::PreciseTimer, [&] { over = true; });
+    EXPECT_FALSE(IsLate([&] { return over; }));
 }
 
 TEST_F(WindowsSerialPort, OpensWithEmptyBuffers)
