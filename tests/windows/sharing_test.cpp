@@ -130,6 +130,18 @@ TEST_F(WindowsSharing, AFilesStatusTellsItFromAnother)
     EXPECT_FALSE(platform::StatusOf(folder / "missing"));
 }
 
+TEST_F(WindowsSharing, AFilesTimesAreThoseOfThisCentury)
+{
+    constexpr std::int64_t kYear = 31'556'952'000'000'000; // nanoseconds
+    WriteFile(table, "1");
+    const auto status = platform::StatusOf(table);
+    ASSERT_TRUE(status);
+    for (const std::int64_t time : {status->written, status->changed}) {
+        EXPECT_GT(time, 50 * kYear) << "since 1970";
+        EXPECT_LT(time, 130 * kYear);
+    }
+}
+
 TEST_F(WindowsSharing, FilesMayBeMadeInAFolderThatIsThere)
 {
     EXPECT_TRUE(platform::MayMakeFilesIn(folder.Path()));

@@ -10,7 +10,13 @@ namespace tarvex::platform
 namespace
 {
 
-constexpr std::int64_t kTick = 100; // nanoseconds, in which the system counts
+/// Since 1970. The system counts since 1601, which is more nanoseconds than a number holds.
+std::int64_t Nanoseconds(const LARGE_INTEGER& time)
+{
+    constexpr std::int64_t kTick = 100; // nanoseconds, in which the system counts
+    constexpr std::int64_t kTicksBefore1970 = 116'444'736'000'000'000;
+    return (time.QuadPart - kTicksBefore1970) * kTick;
+}
 
 std::uint64_t Joined(DWORD high, DWORD low)
 {
@@ -44,7 +50,7 @@ std::optional<FileStatus> StatusOf(const std::filesystem::path& path)
     }
     return FileStatus{whole.dwVolumeSerialNumber, Joined(whole.nFileIndexHigh, whole.nFileIndexLow),
                       static_cast<std::int64_t>(Joined(whole.nFileSizeHigh, whole.nFileSizeLow)),
-                      times.LastWriteTime.QuadPart * kTick, times.ChangeTime.QuadPart * kTick};
+                      Nanoseconds(times.LastWriteTime), Nanoseconds(times.ChangeTime)};
 }
 
 bool MayMakeFilesIn(const std::filesystem::path& folder)
