@@ -25,10 +25,11 @@ std::string_view InBusName(std::string_view instance)
 
 std::string SerialNumberIn(std::string_view instance)
 {
-    if (instance.starts_with("FTDIBUS\\")) return std::string(InBusName(instance));
-    const std::string_view last = After(instance, '\\');
-    const bool socket = last.find('&') != std::string_view::npos;
-    return instance.starts_with("USB\\") && !socket ? std::string(last) : std::string();
+    std::string_view number;
+    if (instance.starts_with("FTDIBUS\\")) number = InBusName(instance);
+    if (instance.starts_with("USB\\")) number = After(instance, '\\');
+    const bool socket = number.find('&') != std::string_view::npos;
+    return socket ? std::string() : std::string(number);
 }
 
 } // namespace tarvex::platform
