@@ -79,8 +79,9 @@ build() {
 
 # in_virtual_display COMMAND...: runs it on a screen that nobody sees, of SCREEN pixels.
 in_virtual_display() {
-    env -u WAYLAND_DISPLAY xvfb-run -a -s "-screen 0 ${SCREEN:-1280x800}x24" \
-        "$root/scripts/under-window-manager" "$@"
+    # The display's own files go where no name has a blank: xvfb-run takes none.
+    env -u WAYLAND_DISPLAY TMPDIR=/tmp xvfb-run -a -s "-screen 0 ${SCREEN:-1280x800}x24" \
+        env -u TMPDIR ${TMPDIR:+"TMPDIR=$TMPDIR"} "$root/scripts/under-window-manager" "$@"
 }
 
 failed=0
