@@ -46,7 +46,7 @@ void CheckDepths(const Survey& whole, const CheckedSurvey& checked)
                         "not one of the steps of a tube of " + Metres(depth) + " m"});
     if (expected.empty() && present.empty())
         checked.Report({"depths", Remedy::LookAtFiles, "", {}, "the survey holds no depth at all"});
-    if (!expected.empty() && expected.front() > 2 * checked.step)
+    if (IsCutAbove(expected, checked.step))
         checked.verdict.notes.push_back(
             "the unit holds 240 depths a block: nothing is read above " + Metres(expected.front()) +
             " m");

@@ -27,6 +27,7 @@ void CheckAgainst(const CheckedSurvey& checked, const Pair& one, const Pair& oth
     const auto second = HalfDifferencesOf(checked.survey, other);
     // Nothing says which way the second pair looks: the sign that fits is the right one.
     auto series = Against(first, second, 1);
+    if (series.empty()) return; // no readings: a missing one is found elsewhere
     const auto opposite = Against(first, second, -1);
     auto summary = SummaryOf(ValuesOf(series));
     const auto turned = SummaryOf(ValuesOf(opposite));

@@ -27,6 +27,7 @@ SumFigures FiguresOf(const Pair& pair, const Series& sums, const Limits& limits)
     SumFigures figures{pair, SummaryOf(ValuesOf(sums)), 0, 0, DriftOf(sums), {}};
     const double reach =
         std::max(limits.outlier * figures.summary.RobustDeviation(), limits.outlierFloor);
+    if (!sums.empty()) figures.departureDepth = sums.front().depth; // where all are the same
     for (const auto& sum : sums) {
         const double departure = sum.value - figures.summary.median;
         if (std::abs(departure) > std::abs(figures.departure)) {

@@ -13,17 +13,27 @@ constexpr int kHalfMetre = 5; // tenths
 constexpr int kMetre = 10;
 constexpr std::size_t kMostDepths = 240;
 constexpr std::size_t kMostParts = 12;
+
+/// With a step of half a metre the walk ends above 0.5 m; with a metre it ends above 0.
+int ShallowestOf(int step)
+{
+    return step == kHalfMetre ? kHalfMetre : 1;
+}
 } // namespace
 
 std::vector<int> ExpectedDepths(int depth, int step)
 {
-    // With a step of half a metre the walk ends above 0.5 m; with a metre it ends above 0.
-    const int last = step == kHalfMetre ? kHalfMetre : 1;
     std::vector<int> depths;
-    for (int at = depth; at >= last && depths.size() < kMostDepths; at -= std::max(step, 1))
+    for (int at = depth; at >= ShallowestOf(step) && depths.size() < kMostDepths;
+         at -= std::max(step, 1))
         depths.push_back(at);
     std::ranges::reverse(depths);
     return depths;
+}
+
+bool IsCutAbove(const std::vector<int>& expected, int step)
+{
+    return !expected.empty() && expected.front() - step >= ShallowestOf(step);
 }
 
 std::string Metres(int tenths)

@@ -11,6 +11,9 @@ namespace tarvex::survey
 /// keeps 240 at most, from the bottom up.
 std::vector<int> ExpectedDepths(int depth, int step);
 
+/// Whether the tube has depths above those, which the unit has no room for.
+bool IsCutAbove(const std::vector<int>& expected, int step);
+
 /// Tenths of a metre as metres with one decimal: "12.5".
 std::string Metres(int tenths);
 

@@ -61,6 +61,11 @@ TEST(Check, SaysThatTheUnitHoldsNoMoreDepths)
     const auto verdict = Check(Downloaded("1:depth=150"));
     EXPECT_TRUE(verdict.Good());
     EXPECT_THAT(verdict.notes, Contains(HasSubstr("nothing is read above 30.5 m")));
+    const auto hint = Contains(HasSubstr("nothing is read above"));
+    EXPECT_THAT(Check(Downloaded("1:depth=120.5")).notes, hint) << "0.5 m alone";
+    EXPECT_THAT(Check(Downloaded("1:depth=120")).notes, Not(hint));
+    EXPECT_TRUE(IsCutAbove(ExpectedDepths(2405, 10), 10)) << "0.5 m alone";
+    EXPECT_FALSE(IsCutAbove(ExpectedDepths(2400, 10), 10));
 }
 
 TEST(Check, FindsAFrozenGuide)
@@ -291,6 +296,24 @@ TEST(Check, OfAHeadReportAloneIsNotGood)
     const auto head = tests::Download(folder.Path(), "1:depth=20");
     std::filesystem::remove(tests::DataReportOf(head));
     EXPECT_FALSE(Check(Load(head)).Good());
+}
+
+TEST(Check, SaysNothingOfPairsThatHaveNoReadings)
+{
+    auto survey = Downloaded("2:depth=20,guides=4");
+    for (auto& row : survey.rows)
+        for (const auto column : {Column::A2, Column::B2, Column::A4, Column::B4})
+            row.readings[static_cast<std::size_t>(column)].reset();
+    const auto verdict = Check(survey);
+    EXPECT_EQ(ChecksOf(verdict), std::vector<std::string>{"readings"});
+    EXPECT_THAT(verdict.notes, Not(Contains(HasSubstr("signs"))));
+}
+
+TEST(Check, NamesADepthOfTheSurveyAlsoWhereNoSumDeparts)
+{
+    auto survey = Downloaded("1:depth=20");
+    survey.rows = {survey.rows.back()};
+    EXPECT_THAT(TextOf(Check(survey)), HasSubstr("largest departure 0.0 at 20.0 m"));
 }
 
 TEST(DepthList, PutsRunsTogether)
