@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <utility>
+
 namespace tarvex::survey
 {
 
@@ -24,6 +26,15 @@ char CsvSign(const std::string& text, const char* name)
     return text.front();
 }
 
+/// Only texts go to the standard output.
+void RequireFiles(const ExportPaths& paths)
+{
+    for (const auto& [name, path] :
+         {std::pair{"--xlsx", &paths.xlsx}, std::pair{"--svg", &paths.svg},
+          std::pair{"--png", &paths.png}, std::pair{"--pdf", &paths.pdf}})
+        if (*path == "-") throw CLI::ValidationError(name, "needs the name of a file");
+}
+
 void Finish(Options& options, const Texts& texts)
 {
     options.csv = DesktopForm();
@@ -33,6 +44,7 @@ void Finish(Options& options, const Texts& texts)
         throw CLI::ValidationError("--separator", "must not be the decimal sign");
     if (texts.from == "top") options.sumFrom = SumFrom::Top;
     if (texts.constant > 0) options.probe = Probe{texts.constant, texts.base};
+    RequireFiles(options.exports);
     if (options.command == Command::Export && !options.exports.Any())
         throw CLI::ValidationError("export",
                                    "say to what: --csv, --json, --xlsx, --svg, --png, --pdf");

@@ -12,54 +12,71 @@
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 
+#include <algorithm>
+#include <functional>
 #include <iostream>
+#include <span>
 
 namespace tarvex::survey
 {
 
+namespace
+{
+/// Works on each file, also after one that cannot be used: at the borehole the others count.
+/// Returns the worst status.
+int ForEach(std::span<const std::string> files, const std::function<int(const std::string&)>& work)
+{
+    int status = kGood;
+    for (const auto& file : files)
+        try {
+            status = std::max(status, work(file));
+        } catch (const Refusal& refusal) {
+            std::cout.flush();
+            std::cerr << "tarvex-survey: " << refusal.what() << "\n";
+            status = kUnusable;
+        }
+    return status;
+}
+} // namespace
+
 int Show(const Options& options)
 {
-    for (const auto& file : options.files) {
+    return ForEach(options.files, [&](const std::string& file) {
         const auto survey = Load(file);
         std::cout << (options.json ? JsonOf(survey) : TableOf(survey));
-    }
-    return kGood;
+        return kGood;
+    });
 }
 
 int CheckAll(const Options& options)
 {
-    int status = kGood;
-    for (const auto& file : options.files) {
+    return ForEach(options.files, [&](const std::string& file) {
         const auto survey = Load(file);
         const auto verdict = Check(survey, options.limits);
-        if (!verdict.Good()) status = kCheckFailed;
         if (options.json) {
             std::cout << JsonOf(survey, verdict);
-            continue;
+        } else {
+            if (options.files.size() > 1) std::cout << Shown(file) << ": ";
+            std::cout << TextOf(verdict);
         }
-        if (options.files.size() > 1) std::cout << Shown(file) << ": ";
-        std::cout << TextOf(verdict);
-    }
-    return status;
+        return verdict.Good() ? kGood : kCheckFailed;
+    });
 }
 
 int CompareAll(const Options& options)
 {
-    int status = kGood;
     const auto base = Load(options.files.front());
-    for (std::size_t i = 1; i < options.files.size(); ++i) {
-        const auto& file = options.files[i];
+    return ForEach(std::span(options.files).subspan(1), [&](const std::string& file) {
         const auto comparison = Compare(base, Load(file), options.sumFrom);
         if (!comparison.refusal.empty())
             throw Refusal(Shown(file) + " is of another tube: " + comparison.refusal);
-        if (comparison.Suspicious()) status = kCheckFailed;
         if (options.json)
             std::cout << JsonOf(comparison, options.probe);
         else
             std::cout << Shown(file) << " against " << Shown(options.files.front()) << "\n\n"
                       << TextOf(comparison, options.probe);
-    }
-    return status;
+        return comparison.Suspicious() ? kCheckFailed : kGood;
+    });
 }
 
 int List(const Options& options)

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 namespace tarvex::tests
 {
@@ -214,6 +215,42 @@ TEST_F(SurveyProgram, NeverExportsOverAReport)
     const auto before = FileBytes(head_);
     EXPECT_EQ(RunSurvey({"export", head_, "--csv", head_}).status, 2);
     EXPECT_EQ(FileBytes(head_), before);
+}
+
+TEST_F(SurveyProgram, GoesOnAfterAFileThatCannotBeUsed)
+{
+    WriteFile(folder_ / "notes.txt", "hello");
+    const std::string notes = folder_ / "notes.txt";
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"show", notes, head_},
+          {"check", notes, head_},
+          {"compare", head_, notes, head_}}) {
+        const auto run = RunSurvey(arguments);
+        EXPECT_EQ(run.status, 2) << arguments.front();
+        EXPECT_THAT(run.output, HasSubstr(head_)) << arguments.front();
+        EXPECT_THAT(run.errors, HasSubstr("notes.txt is no report")) << arguments.front();
+        EXPECT_EQ(std::count(run.errors.begin(), run.errors.end(), '\n'), 1) << run.errors;
+    }
+}
+
+TEST_F(SurveyProgram, PutsNoPictureOnTheStandardOutput)
+{
+    for (const char* form : {"xlsx", "svg", "png", "pdf"}) {
+        const auto run = RunSurvey({"export", head_, std::string("--") + form, "-"});
+        EXPECT_EQ(run.status, 2) << form;
+        EXPECT_THAT(run.errors, HasSubstr("needs the name of a file")) << form;
+        EXPECT_FALSE(std::filesystem::remove("-")) << form;
+    }
+}
+
+TEST_F(SurveyProgram, TakesNoNumberThatIsNone)
+{
+    for (const char* number : {"nan", "-nan", "inf", "-1", "1e10", "many"}) {
+        EXPECT_EQ(RunSurvey({"check", head_, "--deviation", number}).status, 2) << number;
+        const auto run =
+            RunSurvey({"compare", head_, head_, "--constant", "20000", "--base", number});
+        EXPECT_EQ(run.status, 2) << number;
+    }
 }
 
 TEST_F(SurveyProgram, ListsTheSurveysOfAFolder)
