@@ -32,7 +32,11 @@ void DrawTable(Paper& paper, const PictureSubject& subject, const TableForm& for
 /// The height of what DrawFoot draws.
 double FootHeight(Paper& paper, const PictureSubject& subject);
 
-/// The remark, and the files with their SHA-256; at the bottom.
-void DrawFoot(Paper& paper, const PictureSubject& subject);
+/// The names of a survey's files with their SHA-256. Throws std::runtime_error for one that can no
+/// longer be read.
+QStringList FileLines(const Survey& survey);
+
+/// The remark, and those lines; at the bottom.
+void DrawFoot(Paper& paper, const PictureSubject& subject, const QStringList& files);
 
 } // namespace tarvex::survey

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace tarvex::survey
 {
@@ -18,6 +19,7 @@ namespace
 QString Sha256(const std::string& path)
 {
     const auto file = ReadBytes(path);
+    if (!file.refusal.empty()) throw std::runtime_error(Shown(path) + ": " + file.refusal);
     return QString::fromLatin1(
         QCryptographicHash::hash(
             QByteArrayView(file.bytes.data(), static_cast<qsizetype>(file.bytes.size())),
@@ -68,6 +70,15 @@ void DrawVerdict(Paper& paper, const Verdict& verdict)
             QStringLiteral("and %1 more reasons").arg(verdict.findings.size() - kMostReasons));
 }
 
+QStringList FileLines(const Survey& survey)
+{
+    QStringList lines;
+    for (const auto& file : survey.files)
+        lines += Text(Shown(std::filesystem::path(file).filename())) +
+                 QStringLiteral("   SHA-256 ") + Sha256(file);
+    return lines;
+}
+
 double FootHeight(Paper& paper, const PictureSubject& subject)
 {
     paper.SetFont(kRemarkLetters);
@@ -76,16 +87,14 @@ double FootHeight(Paper& paper, const PictureSubject& subject)
     return kLineHeight * static_cast<double>(lines);
 }
 
-void DrawFoot(Paper& paper, const PictureSubject& subject)
+void DrawFoot(Paper& paper, const PictureSubject& subject, const QStringList& files)
 {
     paper.Skip(paper.Height() - FootHeight(paper, subject) - paper.Down());
     paper.SetFont(kRemarkLetters);
     paper.Lines(RemarkOf(subject), kMostOfRemark);
     paper.SetFont(8);
-    for (const auto& file : subject.survey.files)
-        paper.Lines(Text(Shown(std::filesystem::path(file).filename())) +
-                        QStringLiteral("   SHA-256 ") + Sha256(file),
-                    1);
+    for (const auto& file : files)
+        paper.Lines(file, 1);
     paper.Lines(QStringLiteral("Counts as the unit stored them; bold rows are depths that the "
                                "verdict names. Signs are those of guides 1 and 3 (2 and 4); the "
                                "reports do not say which way they lean."));

@@ -18,7 +18,7 @@ namespace
 {
 /// The table is as large as is legible, and leaves the plots half of the sheet at least; they take
 /// all that it does not need.
-void DrawParts(Paper& paper, const PictureSubject& subject)
+void DrawParts(Paper& paper, const PictureSubject& subject, const QStringList& files)
 {
     constexpr double kGap = 8;
     DrawHead(paper, subject);
@@ -29,19 +29,20 @@ void DrawParts(Paper& paper, const PictureSubject& subject)
     DrawPlots(paper, subject, room - form.Height());
     paper.Skip(kGap);
     DrawTable(paper, subject, form);
-    DrawFoot(paper, subject);
+    DrawFoot(paper, subject, files);
 }
 } // namespace
 
 void PrintSheet(const PictureSubject& subject, QPagedPaintDevice& device)
 {
+    const auto files = FileLines(subject.survey); // no printer begins a sheet that cannot be ended
     QCPPainter painter;
     if (!painter.begin(&device)) throw std::runtime_error("the sheet cannot be begun");
     painter.setMode(QCPPainter::pmVectorized);
     const double scale = device.logicalDpiX() / kPaperUnits;
     painter.scale(scale, scale);
     Paper paper(painter, QSizeF(device.width() / scale, device.height() / scale));
-    DrawParts(paper, subject);
+    DrawParts(paper, subject, files);
     painter.end();
 }
 

@@ -128,6 +128,16 @@ TEST_F(SheetTest, ComesOutOfAPrinterAsOutOfTheExport)
     EXPECT_EQ(words, TextOfPdf(PdfOf("4:depth=20,spike=12.5", "Rain since Monday"), "-raw"));
 }
 
+TEST_F(SheetTest, IsNotMadeWithTheSumOfAFileThatIsGone)
+{
+    const auto report = tests::Download(folder_.Path(), "4:depth=20");
+    const auto survey = Load(report);
+    std::filesystem::remove(report);
+    EXPECT_THROW(WritePdf({survey, nullptr, Check(survey, {}), {}, {}}, folder_ / "sheet.pdf"),
+                 std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "sheet.pdf"));
+}
+
 TEST_F(SheetTest, IsNeverPrintedOverAReport)
 {
     const auto report = tests::Download(folder_.Path(), "4:depth=20,spike=12.5");
