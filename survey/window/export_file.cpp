@@ -6,6 +6,7 @@
 #include "survey/files/output_file.h"
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
+#include "survey/model/text.h"
 
 #include <vector>
 
@@ -17,10 +18,15 @@ namespace
 namespace fs = std::filesystem;
 } // namespace
 
+std::string EndingOf(const fs::path& path)
+{
+    return Lower(path.extension().native());
+}
+
 void WriteAs(const PictureSubject& subject, const fs::path& path)
 {
     const std::vector<fs::path> inputs(subject.survey.files.begin(), subject.survey.files.end());
-    const auto ending = path.extension().native();
+    const auto ending = EndingOf(path);
     const auto write = [&](auto writer) {
         WriteOutput(path, inputs, [&](const fs::path& part) { writer(subject, part); });
     };

@@ -6,12 +6,14 @@
 #include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 #include "survey/window/fit_screen.h"
+#include "survey/window/kept_view.h"
 #include "survey/window/window_text.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
+#include <QTableView>
 
 #include <algorithm>
 #include <iterator>
@@ -72,11 +74,13 @@ void MainWindow::resizeEvent(QResizeEvent* event)
 void MainWindow::Relist()
 {
     const auto before = ChosenPaths();
+    const KeptView view(*plot_, *table_);
     List();
     if (!before.empty())
         Choose(before);
     else if (!listed_.empty())
         Choose({listed_.back().path});
+    if (ChosenPaths() == before) view.PutBack(*plot_, *table_);
 }
 
 void MainWindow::List()

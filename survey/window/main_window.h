@@ -10,6 +10,7 @@
 #include <QMainWindow>
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -77,6 +78,7 @@ private:
     void WatchFiles(std::vector<std::filesystem::path> first);
     void LoadChosen();
     void FillBases();
+    void AddBase(std::size_t number);
     void ShowPlots();
     void ShowBase();
     Survey SurveyAt(const std::filesystem::path& path) const;
@@ -85,7 +87,9 @@ private:
     void AskForFolder();
     void AskForFile();
     void Export();
-    void ExportTo(const std::filesystem::path& path);
+    std::filesystem::path AskForExport();
+    bool MayReplace(const std::filesystem::path& path);
+    void HandOn(const std::filesystem::path& report, const std::function<std::string()>& work);
     void Print();
     std::optional<std::string> AskForRemark(const QString& title);
     PictureSubject Subject(const std::string& remark) const;
@@ -100,6 +104,7 @@ private:
     std::vector<Survey> chosen_;        // the newest last
     std::string whyNone_ = kNoneChosen; // why there are none of them
     std::optional<Survey> base_;
+    std::filesystem::path basePath_; // stays while the base cannot be read
     Verdict verdict_;
     Limits limits_;
     FolderWatch watch_;

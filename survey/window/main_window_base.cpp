@@ -2,11 +2,13 @@
 
 #include "survey/comparison/compare.h"
 #include "survey/files/load.h"
+#include "survey/files/report_names.h"
 #include "survey/window/window_text.h"
 
 #include <QComboBox>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tarvex::survey
 {
@@ -14,18 +16,30 @@ namespace tarvex::survey
 /// Only readings of the same tube can be a base; the first of them is, until another is chosen.
 void MainWindow::FillBases()
 {
-    const auto before = bases_->currentText();
     bases_->clear();
+    int chosen = 0;
     if (!chosen_.empty() && chosen_.back().head) {
         const auto& head = *chosen_.back().head;
         for (std::size_t i = 0; i < listed_.size(); ++i) {
             const auto& other = listed_[i].head;
-            if (other.client == head.client && other.site == head.site && other.tube == head.tube)
-                bases_->addItem(Text(other.readout + "  " + other.date), static_cast<int>(i));
+            if (other.client != head.client || other.site != head.site || other.tube != head.tube)
+                continue;
+            if (AreOfOneSurvey(listed_[i].path, basePath_)) chosen = bases_->count();
+            AddBase(i);
         }
     }
-    bases_->setCurrentIndex(std::max(0, bases_->findText(before)));
+    bases_->setCurrentIndex(bases_->count() > 0 ? chosen : -1);
     bases_->setEnabled(bases_->count() > 1);
+}
+
+/// A readout may have been taken twice on one day.
+void MainWindow::AddBase(std::size_t number)
+{
+    const auto& listed = listed_[number];
+    auto text = Text(listed.head.readout + "  " + listed.head.date);
+    if (bases_->findText(text) >= 0) text += Text("  " + listed.head.time);
+    bases_->addItem(text, static_cast<int>(number));
+    bases_->setItemData(bases_->count() - 1, Text(Shown(listed.path)), Qt::ToolTipRole);
 }
 
 /// One that is on view already is not read again.
@@ -41,7 +55,8 @@ void MainWindow::ShowBase()
     base_.reset();
     if (const auto number = bases_->currentData(); number.isValid() && !chosen_.empty()) try {
             auto onView = ChosenPaths();
-            onView.push_back(listed_[static_cast<std::size_t>(number.toInt())].path);
+            basePath_ = listed_[static_cast<std::size_t>(number.toInt())].path;
+            onView.push_back(basePath_);
             WatchFiles(onView);
             base_ = SurveyAt(onView.back());
             const auto comparison = Compare(*base_, chosen_.back(), SumFrom::Bottom);

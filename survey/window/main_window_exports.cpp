@@ -1,5 +1,4 @@
 #include "survey/files/output_file.h"
-#include "survey/files/refusal.h"
 #include "survey/files/report_names.h"
 #include "survey/window/export_file.h"
 #include "survey/window/main_window.h"
@@ -7,16 +6,20 @@
 
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 
 #include <stdexcept>
+#include <system_error>
 
 namespace tarvex::survey
 {
 
 namespace
 {
+namespace fs = std::filesystem;
+
 constexpr const char* kExports = "One sheet (*.pdf);;Plots (*.svg);;Picture (*.png);;"
                                  "Spreadsheet (*.xlsx);;Table (*.csv);;Everything (*.json)";
 
@@ -30,7 +33,7 @@ QString EndingOf(const QString& form)
 /// The name of a survey's files without what the manager puts after it.
 QString NameFor(const Survey& survey)
 {
-    auto name = PathText(std::filesystem::path(survey.files.front()).stem());
+    auto name = PathText(fs::path(survey.files.front()).stem());
     if (name.endsWith(QStringLiteral("-dat"), Qt::CaseInsensitive) ||
         name.endsWith(QStringLiteral("-num"), Qt::CaseInsensitive))
         name.chop(4);
@@ -43,7 +46,7 @@ void PrintOn(QPrinter& printer, const PictureSubject& subject)
     const auto file = printer.outputFileName();
     if (file.isEmpty()) return PrintSheet(subject, printer);
     WriteOutput(PathOf(file), {subject.survey.files.begin(), subject.survey.files.end()},
-                [&](const std::filesystem::path& part) {
+                [&](const fs::path& part) {
                     printer.setOutputFileName(PathText(part));
                     PrintSheet(subject, printer);
                 });
@@ -66,47 +69,72 @@ std::optional<std::string> MainWindow::AskForRemark(const QString& title)
     return goOn ? std::optional(Bytes(remark)) : std::nullopt;
 }
 
-void MainWindow::Export()
+/// While a dialog is open the folder may be read again: then the survey is gone, or another is
+/// shown.
+void MainWindow::HandOn(const fs::path& report, const std::function<std::string()>& work)
 {
-    if (chosen_.empty()) return Report(whyNone_);
+    if (chosen_.empty() || !AreOfOneSurvey(chosen_.back().files.front(), report))
+        return Report(Shown(report) + " is no longer shown, and nothing was made of it");
+    try {
+        Report(work());
+    } catch (const std::runtime_error& failure) {
+        Report(failure.what());
+    }
+}
+
+/// The path that the operator gives an export; empty when there is to be none.
+fs::path MainWindow::AskForExport()
+{
     const NamedFolder start(FirstFolder());
     QString form;
     auto path = QFileDialog::getSaveFileName(this, QStringLiteral("Export"),
                                              start.Name() + QLatin1Char('/') +
                                                  NameFor(chosen_.back()) + QStringLiteral(".pdf"),
                                              QString::fromLatin1(kExports), &form);
-    if (path.isEmpty()) return;
-    if (!start.PathOf(path).has_extension()) path += EndingOf(form);
-    ExportTo(start.PathOf(path));
+    if (path.isEmpty() || start.PathOf(path).has_extension()) return start.PathOf(path);
+    const auto whole = start.PathOf(path + EndingOf(form));
+    return MayReplace(whole) ? whole : fs::path();
 }
 
-void MainWindow::ExportTo(const std::filesystem::path& path)
+/// The dialog has asked for the name as it was typed.
+bool MainWindow::MayReplace(const fs::path& path)
 {
+    std::error_code error;
+    if (!fs::exists(path, error)) return true;
+    return QMessageBox::question(
+               this, QStringLiteral("Export"),
+               QStringLiteral("%1 is there already. Replace it?").arg(Text(Shown(path.filename()))),
+               QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+void MainWindow::Export()
+{
+    if (chosen_.empty()) return Report(whyNone_);
+    const fs::path report = chosen_.back().files.front();
+    const auto path = AskForExport();
+    if (path.empty()) return;
     std::optional<std::string> remark = "";
-    if (path.extension() == ".pdf") remark = AskForRemark(QStringLiteral("Export"));
+    if (EndingOf(path) == ".pdf") remark = AskForRemark(QStringLiteral("Export"));
     if (!remark) return;
-    try {
+    HandOn(report, [&] {
         WriteAs(Subject(*remark), path);
-        Report("Written: " + Shown(path));
-    } catch (const Refusal& refusal) {
-        Report(refusal.what());
-    }
+        return "Written: " + Shown(path);
+    });
 }
 
 void MainWindow::Print()
 {
     if (chosen_.empty()) return Report(whyNone_);
+    const fs::path report = chosen_.back().files.front();
     const auto remark = AskForRemark(QStringLiteral("Print"));
     if (!remark) return;
     QPrinter printer(QPrinter::HighResolution);
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
-    try {
+    HandOn(report, [&] {
         PrintOn(printer, Subject(*remark));
-        Report("Printed");
-    } catch (const std::runtime_error& failure) {
-        Report(failure.what());
-    }
+        return std::string("Printed");
+    });
 }
 
 } // namespace tarvex::survey

@@ -81,9 +81,8 @@ void MainWindow::PointToDepth(double tenths)
 /// The line across the plots stays where it was, and other surveys have other values there.
 void MainWindow::PointAgain()
 {
-    if (values_->text().isEmpty()) return;
     values_->Say({});
-    PointToDepth(plot_->Pointed());
+    if (plot_->IsPointed()) PointToDepth(plot_->Pointed());
 }
 
 } // namespace tarvex::survey

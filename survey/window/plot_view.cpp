@@ -63,6 +63,7 @@ void PlotView::Redraw()
 {
     pointers_.clear();
     Draw(*this, {page_}, ColoursOf(palette()));
+    whole_ = Shown();
     ShareDepth();
     AddPointer();
     FitTexts();
@@ -108,6 +109,7 @@ void PlotView::PointTo(double tenths)
 
 void PlotView::Point(double tenths)
 {
+    isPointed_ = true;
     PointTo(tenths);
     if (depthPointed) depthPointed(tenths);
 }
@@ -181,8 +183,7 @@ void PlotView::mouseMoveEvent(QMouseEvent* event)
 void PlotView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     QCustomPlot::mouseDoubleClickEvent(event);
-    FitAxes(*this);
-    replot(rpQueuedReplot);
+    ShowAll();
 }
 
 void PlotView::changeEvent(QEvent* event)

@@ -34,6 +34,18 @@ public:
     /// The depth that is pointed to, in tenths of a metre.
     double Pointed() const { return pointed_; }
 
+    /// True once a depth was pointed to by hand.
+    bool IsPointed() const { return isPointed_; }
+
+    /// What the axes show, one range each.
+    using View = std::vector<QCPRange>;
+
+    /// What they show after a zoom or a move; nothing where all is in view.
+    View Zoomed() const;
+
+    /// Shows this again; nothing changes for an empty view.
+    void ReturnTo(const View& view);
+
     /// The page shown.
     const PlotPage& Page() const { return page_; }
 
@@ -52,6 +64,9 @@ protected:
 
 private:
     void Redraw();
+    void ShowAll();
+    std::vector<QCPAxis*> Axes() const;
+    View Shown() const;
     void DrawSoon();
     void FitTexts();
     void FitTicks();
@@ -65,7 +80,9 @@ private:
     void Move(QCPAxis::AxisType type, double part);
 
     PlotPage page_;
+    View whole_;
     double pointed_ = 0; // tenths
+    bool isPointed_ = false;
     std::vector<QCPItemStraightLine*> pointers_;
 };
 

@@ -1,7 +1,5 @@
 #include "survey/window/plot_view.h"
 
-#include "survey/window/plotter.h"
-
 namespace tarvex::survey
 {
 
@@ -61,8 +59,7 @@ void PlotView::keyPressEvent(QKeyEvent* event)
     case Qt::Key_PageDown:
         return Move(QCPAxis::atLeft, kPart);
     case Qt::Key_Home:
-        FitAxes(*this);
-        return replot(rpQueuedReplot);
+        return ShowAll();
     default:
         QCustomPlot::keyPressEvent(event);
     }

@@ -25,6 +25,15 @@ QTreeWidgetItem* Node(QTreeWidgetItem* parent, const QString& text)
     node->setFlags(node->flags() & ~Qt::ItemIsSelectable);
     return node;
 }
+
+/// The texts of a node and of those above it, which distinguish it from all others.
+QStringList NamesOf(const QTreeWidgetItem* node)
+{
+    QStringList names;
+    for (; node != nullptr; node = node->parent())
+        names += node->text(0);
+    return names;
+}
 } // namespace
 
 SurveyTree::SurveyTree(QWidget* parent) : QTreeWidget(parent)
@@ -42,6 +51,7 @@ SurveyTree::SurveyTree(QWidget* parent) : QTreeWidget(parent)
 void SurveyTree::Show(const std::vector<ListedSurvey>& listed)
 {
     const QSignalBlocker quiet(this);
+    const auto closed = Closed();
     clear();
     auto* const root = invisibleRootItem();
     for (std::size_t i = 0; i < listed.size(); ++i) {
@@ -54,6 +64,18 @@ void SurveyTree::Show(const std::vector<ListedSurvey>& listed)
         reading->setToolTip(0, Text(Shown(listed[i].path)));
     }
     expandAll();
+    if (closed.isEmpty()) return;
+    for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item)
+        if (closed.contains(NamesOf(*item))) (*item)->setExpanded(false);
+}
+
+QSet<QStringList> SurveyTree::Closed()
+{
+    QSet<QStringList> closed;
+    for (QTreeWidgetItemIterator item(this, QTreeWidgetItemIterator::HasChildren); *item != nullptr;
+         ++item)
+        if (!(*item)->isExpanded()) closed += NamesOf(*item);
+    return closed;
 }
 
 void SurveyTree::Choose(const std::vector<std::size_t>& numbers)

@@ -3,6 +3,8 @@
 #include "survey/files/listed_survey.h"
 
 #include <QItemSelectionModel>
+#include <QSet>
+#include <QStringList>
 #include <QTreeWidget>
 
 #include <cstddef>
@@ -18,7 +20,7 @@ public:
     /// An empty tree.
     explicit SurveyTree(QWidget* parent);
 
-    /// Shows these surveys, with none chosen and without a signal.
+    /// Shows these surveys, with none chosen and without a signal. What was closed stays so.
     void Show(const std::vector<ListedSurvey>& listed);
 
     /// Chooses these surveys, by their numbers in the list, without a signal.
@@ -34,6 +36,9 @@ protected:
     /// What is chosen stays so while the keys or the pointer are at a client, site or tube.
     QItemSelectionModel::SelectionFlags
     selectionCommand(const QModelIndex& index, const QEvent* event = nullptr) const override;
+
+private:
+    QSet<QStringList> Closed();
 };
 
 } // namespace tarvex::survey
