@@ -36,8 +36,12 @@ LinkFile::LinkFile(fs::path path, const fs::path& target) : path_(std::move(path
     std::error_code error;
     if (MayReplace(fresh)) fs::remove(fresh, error); // of a program of this number that was killed
     fs::create_symlink(target_, fresh, error);
-    if (!error) fs::rename(fresh, path_, error);
     if (error) throw Failure(path_, error.message());
+    fs::rename(fresh, path_, error);
+    if (!error) return;
+    std::error_code ignored;
+    fs::remove(fresh, ignored);
+    throw Failure(path_, error.message());
 }
 
 LinkFile::~LinkFile()
