@@ -81,6 +81,7 @@ private:
     void AddBase(std::size_t number);
     void ShowPlots();
     void ShowBase();
+    void ReportOfBase(const std::string& sentence);
     Survey SurveyAt(const std::filesystem::path& path) const;
     void PointToDepth(double tenths);
     void PointAgain();
@@ -105,6 +106,7 @@ private:
     std::string whyNone_ = kNoneChosen; // why there are none of them
     std::optional<Survey> base_;
     std::filesystem::path basePath_; // stays while the base cannot be read
+    std::string saidOfBase_;         // and of what
     Verdict verdict_;
     Limits limits_;
     FolderWatch watch_;

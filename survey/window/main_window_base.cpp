@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace tarvex::survey
 {
@@ -50,8 +51,19 @@ Survey MainWindow::SurveyAt(const std::filesystem::path& path) const
     return known != chosen_.end() ? *known : Load(path);
 }
 
+/// Once: whenever something comes into the folder it is read again, and what else was said stays.
+void MainWindow::ReportOfBase(const std::string& sentence)
+{
+    const auto shown = chosen_.empty() ? std::string() : chosen_.back().files.front();
+    auto said = shown + "\n" + basePath_.native() + "\n" + sentence;
+    if (said == saidOfBase_) return;
+    saidOfBase_ = std::move(said);
+    if (!sentence.empty()) Report(sentence);
+}
+
 void MainWindow::ShowBase()
 {
+    std::string sentence;
     base_.reset();
     if (const auto number = bases_->currentData(); number.isValid() && !chosen_.empty()) try {
             auto onView = ChosenPaths();
@@ -61,14 +73,15 @@ void MainWindow::ShowBase()
             base_ = SurveyAt(onView.back());
             const auto comparison = Compare(*base_, chosen_.back(), SumFrom::Bottom);
             if (!comparison.refusal.empty()) {
-                Report("The base is of another tube: " + comparison.refusal);
+                sentence = "The base is of another tube: " + comparison.refusal;
                 base_.reset();
             } else if (!comparison.notes.empty()) {
-                Report("Compared with the base: " + comparison.notes.front());
+                sentence = "Compared with the base: " + comparison.notes.front();
             }
         } catch (const Refusal& refusal) {
-            Report(refusal.what());
+            sentence = refusal.what();
         }
+    ReportOfBase(sentence);
     ShowPlots();
 }
 

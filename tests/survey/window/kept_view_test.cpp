@@ -2,6 +2,8 @@
 
 #include <QComboBox>
 #include <QScrollBar>
+#include <QSignalSpy>
+#include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
@@ -128,6 +130,19 @@ TEST_F(KeptView, OfThePointedDepthOutlivesAMomentWithoutTheFile)
     std::ofstream(report_, std::ios::binary | std::ios::trunc) << bytes;
     ASSERT_TRUE(QTest::qWaitFor([&] { return Verdict() == "Verdict: good"; }, 60'000));
     EXPECT_EQ(Find<QLabel>("values").text(), values);
+}
+
+TEST_F(KeptView, OfTheStatusLineIsNotCoveredByWhatItHasSaidOfTheBase)
+{
+    window_.Open({tests::Download(folder_.Path(), "1:depth=20.5,moved=2,nlet=05")});
+    auto& status = *window_.statusBar();
+    const QString note = QStringLiteral("Compared with the base: the tube is 20.5 m deep");
+    EXPECT_TRUE(status.currentMessage().startsWith(note));
+    window_.Report("Written: sheet.pdf");
+    const QSignalSpy said(&status, &QStatusBar::messageChanged);
+    DownloadAnother();
+    for (const auto& message : said)
+        EXPECT_FALSE(message.front().toString().startsWith(note));
 }
 
 /// Two readings of one tube on one day, the second by the number of the first.
