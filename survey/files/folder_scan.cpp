@@ -4,6 +4,7 @@
 #include "survey/files/report_names.h"
 #include "survey/model/text.h"
 
+#include <deque>
 #include <system_error>
 #include <utility>
 
@@ -15,6 +16,18 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr int kDeepest = 16; // folders within each other
+
+struct Level {
+    fs::path folder;
+    int depth;
+};
+
+/// A link to a folder is none: it could lead back.
+bool IsWithin(const fs::directory_entry& entry)
+{
+    std::error_code gone;
+    return !entry.is_symlink(gone) && entry.is_directory(gone);
+}
 
 void Take(FoundReports& found, const fs::path& path)
 {
@@ -31,18 +44,19 @@ void Take(FoundReports& found, const fs::path& path)
 FoundReports FindReports(const fs::path& folder, const Progress& progress)
 {
     std::error_code error;
-    // A folder within it may well be another's; the folder itself was asked for.
     const fs::directory_iterator itself(folder, error);
     if (error) throw Refusal(Shown(folder) + " cannot be listed: " + error.message());
-    fs::recursive_directory_iterator entry(folder, fs::directory_options::skip_permission_denied,
-                                           error);
     FoundReports found;
     std::size_t seen = 0;
-    for (const fs::recursive_directory_iterator end; entry != end; entry.increment(error)) {
-        if (error) break;
-        if (entry.depth() >= kDeepest) entry.disable_recursion_pending();
-        Take(found, entry->path());
-        if (progress && ++seen % kProgressSteps == 0) progress(seen);
+    // A folder within it may be another's, or gone by now, and is passed over: the others count.
+    for (std::deque<Level> next{{folder, 0}}; !next.empty(); next.pop_front()) {
+        fs::directory_iterator entry(next.front().folder, error);
+        for (const fs::directory_iterator end; !error && entry != end; entry.increment(error)) {
+            if (IsWithin(*entry) && next.front().depth < kDeepest)
+                next.push_back({entry->path(), next.front().depth + 1});
+            Take(found, entry->path());
+            if (progress && ++seen % kProgressSteps == 0) progress(seen);
+        }
     }
     return found;
 }

@@ -49,6 +49,27 @@ TEST_F(ListingTest, GroupsByClientSiteAndTubeInOrderOfReadout)
                                    "BPENDIO 1T1 10"));
 }
 
+TEST_F(ListingTest, GoesOnWhereAFolderGoesWhileItIsRead)
+{
+    constexpr int kReports = 20;
+    const auto numbered = [&](const char* name, int number) {
+        return folder_ / (name + std::to_string(number));
+    };
+    const auto report = Download("nlet=01");
+    for (int number = 0; number < kReports; ++number) {
+        fs::create_directory(numbered("dati", number));
+        fs::copy_file(report, numbered("dati", number) / report.filename());
+    }
+    const int passing = 2 * static_cast<int>(kProgressSteps);
+    for (int number = 0; number < passing; ++number)
+        fs::create_directory(numbered("passing", number));
+    const auto found = FindReports(folder_.Path(), [&](std::size_t) {
+        for (int number = 0; number < passing; ++number)
+            fs::remove(numbered("passing", number));
+    });
+    EXPECT_EQ(found.size(), kReports + 1U);
+}
+
 TEST_F(ListingTest, PrintsEachGroupOnce)
 {
     Download("nlet=01");
