@@ -114,6 +114,16 @@ void PlotView::Point(double tenths)
     if (depthPointed) depthPointed(tenths);
 }
 
+/// Keys can lead to a depth that a zoom has left outside.
+void PlotView::BringIntoView(double tenths)
+{
+    auto* const depths = axisRect(0)->axis(QCPAxis::atLeft);
+    const auto range = depths->range();
+    const double metres = tenths / kMetre;
+    if (!range.contains(metres))
+        depths->moveRange(metres - (metres < range.lower ? range.lower : range.upper));
+}
+
 void PlotView::FitTexts()
 {
     FitTicks();

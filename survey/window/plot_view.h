@@ -75,6 +75,7 @@ private:
     void AddPointer();
     void ShareDepth();
     void Point(double tenths);
+    void BringIntoView(double tenths);
     void Step(int direction);
     void Zoom(double factor);
     void Move(QCPAxis::AxisType type, double part);

@@ -16,6 +16,7 @@ void PlotView::Step(int direction)
     }
     if (next == nullptr) return;
     Point(next->depth);
+    BringIntoView(next->depth);
     if (keyPointed) keyPointed();
 }
 

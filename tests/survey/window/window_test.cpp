@@ -260,6 +260,23 @@ TEST_F(WindowTest, MarksThePointedDepthInTheTableAndShowsItsValues)
     EXPECT_EQ(Find<QTableView>("table").currentIndex().row(), 0);
 }
 
+TEST_F(WindowTest, KeepsThePointedDepthInViewWhereThePlotsAreZoomed)
+{
+    window_.Open({folder_.Path()});
+    Plot().PointTo(100);
+    for (int times = 0; times < 6; ++times)
+        QTest::keyClick(&Plot(), Qt::Key_Plus);
+    const double size = Plot().axisRect(1)->axis(QCPAxis::atLeft)->range().size();
+    ASSERT_LT(size, 8);
+    for (const auto key : {Qt::Key_Down, Qt::Key_Up})
+        for (int steps = 0; steps < 35; ++steps) {
+            QTest::keyClick(&Plot(), key);
+            const auto shown = Plot().axisRect(1)->axis(QCPAxis::atLeft)->range();
+            ASSERT_TRUE(shown.contains(Plot().Pointed() / 10)) << Plot().Pointed();
+            ASSERT_NEAR(shown.size(), size, 1e-9);
+        }
+}
+
 TEST_F(WindowTest, ZoomsByKeysInBothChannelsAndShowsAllAgain)
 {
     window_.Open({folder_.Path()});
