@@ -31,23 +31,27 @@ std::string_view LeadingDecimal(std::string_view text)
     return text.substr(0, end);
 }
 
-/// `value` with `decimals` digits after the point. The buffer holds every double.
-std::string FixedDecimal(double value, int decimals)
+/// The digits of a whole number from 0. The buffer holds every double.
+std::string WholeDigits(double value)
 {
-    std::array<char, 400> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                       std::chars_format::fixed, decimals);
+    constexpr double everyWhole = 9007199254740992; // 2^53
+    std::array<char, 310> buffer;
+    char* const end = buffer.data() + buffer.size();
+    const auto written =
+        value < everyWhole
+            ? std::to_chars(buffer.data(), end, static_cast<std::int64_t>(value)) // the quicker
+            : std::to_chars(buffer.data(), end, value, std::chars_format::fixed, 0);
     return {buffer.data(), written.ptr};
 }
 
-std::string PaddedDigits(double value, std::size_t wholeDigits, int decimals)
+/// With at least so many digits before the point and as many as `decimals` after it.
+std::string PaddedDigits(double value, std::size_t wholeDigits, std::size_t decimals)
 {
-    const double scale = std::pow(10.0, decimals);
-    const double rounded = std::round(std::abs(value) * scale) / scale;
-    std::string digits = FixedDecimal(rounded, decimals);
-    const std::size_t width =
-        wholeDigits + (decimals > 0 ? 1U + static_cast<std::size_t>(decimals) : 0U);
-    if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+    const double scale = decimals == 0 ? 1 : 10;
+    std::string digits = WholeDigits(std::round(std::abs(value) * scale));
+    const std::size_t least = wholeDigits + decimals;
+    if (digits.size() < least) digits.insert(0, least - digits.size(), '0');
+    if (decimals > 0) digits.insert(digits.size() - decimals, 1, '.');
     return value < 0 ? '-' + digits : digits;
 }
 

@@ -6,10 +6,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace tarvex
 {
@@ -105,21 +107,34 @@ void RecordFile::PutBytes(double number, std::span<const std::byte> record)
 {
     RequireOpen();
     const std::streamoff offset = OffsetOf(number, kWriting);
-    std::error_code unknownSize;
-    const auto oldSize = std::filesystem::file_size(path_, unknownSize);
+    const std::streamoff oldSize = Size();
 
-    stream_.clear();
-    stream_.seekp(offset);
+    if (offset != oldSize) stream_.seekp(offset);
     stream_.write(reinterpret_cast<const char*>(record.data()),
                   static_cast<std::streamsize>(record.size()));
     stream_.flush();
     if (stream_) return;
 
-    std::error_code ignored;
-    if (!unknownSize && std::filesystem::file_size(path_, ignored) > oldSize && !ignored) {
-        std::filesystem::resize_file(path_, oldSize, ignored);
-    }
+    CutBackTo(oldSize);
     Fail("Disk full", kWriting, path_);
+}
+
+/// Asked of the open file, which is quicker than by its name: the unit waits for a page's record.
+std::streamoff RecordFile::Size()
+{
+    stream_.clear();
+    return stream_.rdbuf()->pubseekoff(0, std::ios::end);
+}
+
+/// Takes away what is there of a record that has not been written whole. Only by its name can the
+/// file be cut, and another one may bear that now: one of another size is left alone.
+void RecordFile::CutBackTo(std::streamoff oldSize)
+{
+    const std::streamoff size = Size();
+    std::error_code error;
+    const auto named = std::filesystem::file_size(path_, error);
+    if (error || size <= oldSize || !std::cmp_equal(named, size)) return;
+    std::filesystem::resize_file(path_, static_cast<std::uintmax_t>(oldSize), error);
 }
 
 void RecordFile::GetBytes(double number, std::span<std::byte> record)

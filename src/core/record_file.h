@@ -59,6 +59,8 @@ private:
     void RequireOpen() const;
     std::streamoff OffsetOf(double number, std::string_view step) const;
     void PutBytes(double number, std::span<const std::byte> record);
+    std::streamoff Size();
+    void CutBackTo(std::streamoff oldSize);
     void GetBytes(double number, std::span<std::byte> record);
 
     std::size_t recordLength_;

@@ -50,7 +50,9 @@ public:
         : panel_(panel),
           state_(state),
           link_(link),
-          header_(header),
+          endsAtHalf_(NumericValue(header[HeaderBox::Step]) == 0),
+          step_(header[HeaderBox::Step] == "0" ? 0.5 : 1),
+          fourGuides_(header[HeaderBox::Guides] == "4"),
           depth_(NumericValue(DepthWithPoint(header)))
     {
     }
@@ -59,7 +61,7 @@ public:
     int PageCount() const
     {
         int pages = 0;
-        for (double depth = depth_; pages < kMostDataPages && TubeGoesOn(depth); depth -= Step())
+        for (double depth = depth_; pages < kMostDataPages && TubeGoesOn(depth); depth -= step_)
             ++pages;
         return pages;
     }
@@ -72,7 +74,7 @@ public:
                 state_.readAddrPage = {page, '0'};
                 if (!TubeGoesOn(depth_)) return;
                 ReadRow(workFile);
-                depth_ -= Step();
+                depth_ -= step_;
             }
         }
     }
@@ -80,12 +82,7 @@ public:
 private:
     /// With a step of 1 m a remainder below 0.5 still makes a row, with a step of 0.5 m it does
     /// not.
-    bool TubeGoesOn(double depth) const
-    {
-        return NumericValue(header_[HeaderBox::Step]) == 0 ? depth >= 0.5 : depth > 0;
-    }
-
-    double Step() const { return header_[HeaderBox::Step] == "0" ? 0.5 : 1; }
+    bool TubeGoesOn(double depth) const { return endsAtHalf_ ? depth >= 0.5 : depth > 0; }
 
     /// A page whose wake is answered otherwise than by "!" leaves no row.
     void ReadRow(RecordFile& workFile)
@@ -93,7 +90,7 @@ private:
         link_.UntimedWake();
         if (!link_.AnsweredReady()) return;
         ReadPage(link_, panel_.readAddress, state_);
-        FillDataRow(state_, link_.Reply(), depth_, header_[HeaderBox::Guides] == "4");
+        FillDataRow(state_, link_.Reply(), depth_, fourGuides_);
         WriteDataRow(state_, workFile, recordNumber_);
         ++recordNumber_;
     }
@@ -101,7 +98,9 @@ private:
     ControlPanel& panel_;
     WorkingState& state_;
     DeviceLink& link_;
-    const HeaderTexts& header_;
+    bool endsAtHalf_;
+    double step_; // metres
+    bool fourGuides_;
     double depth_;         // metres
     int recordNumber_ = 3; // after the title and the blank record
 };

@@ -86,6 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
                       PatternRow{"Full", FiveDigits, 32767, "32767"},
                       PatternRow{"Wider", FiveDigits, 159744, "159744"},
                       PatternRow{"Negative", FiveDigits, -4096, "-04096"},
+                      PatternRow{"Huge", FiveDigits, 1e22, "10000000000000000000000"},
                       PatternRow{"NegativeWider", FiveDigits, -139264, "-139264"},
                       PatternRow{"NegativeToZero", FiveDigits, -0.4, "-00000"}),
     RowName());
@@ -96,6 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
                       PatternRow{"Padded", OneDecimal, 1.5, "001.5"},
                       PatternRow{"Full", OneDecimal, 120, "120.0"},
                       PatternRow{"Wider", OneDecimal, 1000.5, "1000.5"},
+                      PatternRow{"Huge", OneDecimal, 1e17, "100000000000000000.0"},
                       PatternRow{"HalfAwayFromEven", OneDecimal, 0.25, "000.3"},
                       PatternRow{"CarriesOver", OneDecimal, 99.96, "100.0"},
                       PatternRow{"Remainder", OneDecimal, 10.3 - 10, "000.3"},
