@@ -40,8 +40,8 @@ TEST_F(WaitIndicatorTest, IsPaintedAFewTimesASecondWhileTwoHundredPagesComeDown)
 
     EXPECT_EQ(Now(), (ExchangeCount{210, 210}));
     EXPECT_GT(told, 210);
-    const auto quarters = static_cast<int>(time.elapsed() / WaitGround::kMillisecondsBetweenPaints);
-    EXPECT_LE(counter.paints, quarters + 3) << "and once as it comes, goes, and comes to its end";
+    const auto pauses = static_cast<int>(time.elapsed() / WaitGround::kMillisecondsBetweenPaints);
+    EXPECT_LE(counter.paints, pauses + 3) << "and once as it comes, goes, and comes to its end";
     EXPECT_GE(counter.paints, 1);
 }
 

@@ -74,14 +74,19 @@ void BoxEdit::Detach()
     doubleClick_ = {};
 }
 
+void BoxEdit::Pace()
+{
+    pause_.emplace([this] { ShowText(); });
+}
+
 void BoxEdit::ShowBox()
 {
     if (pause_) {
-        pause_->Show([this] { ShowText(); });
+        pause_->NoteChange();
     } else {
         ShowText();
     }
-    setEnabled(box_.Enabled());
+    if (testAttribute(Qt::WA_ForceDisabled) == box_.Enabled()) setEnabled(box_.Enabled());
     if (isHidden() == box_.Visible()) setVisible(box_.Visible());
 }
 

@@ -31,7 +31,7 @@ public:
 
     /// Shows many changes a second a few times a second from now on, and none at once (PaintPause).
     /// Only for a box that nobody types into.
-    void Pace() { pause_.emplace(); }
+    void Pace();
 
     /// Leaves the box now if its window, while it was not active, has passed the focus on.
     void CatchUp(Qt::FocusReason reason);

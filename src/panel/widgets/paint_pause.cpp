@@ -1,39 +1,75 @@
 #include "panel/widgets/paint_pause.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+
 #include <utility>
+#include <vector>
 
 namespace tarvex::panel
 {
 
-PaintPause::PaintPause()
+/// When all widgets of the program that have changed show it.
+class PaintPause::Moment : public QObject
 {
-    timer_.setSingleShot(true);
-    timer_.callOnTimeout([this] { TakeTimeout(); });
-}
-
-void PaintPause::Show(std::function<void()> show)
-{
-    show_ = std::move(show);
-    sinceChange_.start();
-    if (isDue_ && timer_.isActive()) return;
-    isDue_ = !sinceShown_.isValid() || sinceShown_.hasExpired(kMillisecondsBetweenPaints);
-    if (isDue_) {
-        sinceDue_.start();
-        timer_.start(kMillisecondsAfterChange);
-    } else if (!timer_.isActive()) {
-        timer_.start(kMillisecondsBetweenPaints);
+public:
+    static Moment& OfProgram()
+    {
+        static QPointer<Moment> moment;
+        if (!moment) moment = new Moment;
+        return *moment;
     }
+
+    void Note(PaintPause& changed)
+    {
+        if (!std::exchange(changed.hasChanged_, true)) changed_.push_back(&changed);
+        const bool isDue =
+            !sinceShown_.isValid() || sinceShown_.hasExpired(kMillisecondsBetweenPaints);
+        if (isDue && !std::exchange(isDue_, true)) {
+            timer_.start(kMillisecondsAfterChange);
+        } else if (!timer_.isActive()) {
+            timer_.start(kMillisecondsBetweenPaints);
+        }
+    }
+
+    void Forget(const PaintPause& gone) { std::erase(changed_, &gone); }
+
+private:
+    Moment() : QObject(QCoreApplication::instance())
+    {
+        timer_.setSingleShot(true);
+        timer_.callOnTimeout([this] { ShowAll(); });
+    }
+
+    /// One at a time: what is shown may end another that waits. What it changes waits for the next.
+    void ShowAll()
+    {
+        isDue_ = false;
+        sinceShown_.start();
+        for (auto left = changed_.size(); left > 0 && !changed_.empty(); --left) {
+            PaintPause& first = *changed_.front();
+            changed_.erase(changed_.begin());
+            first.hasChanged_ = false;
+            first.show_();
+        }
+    }
+
+    QTimer timer_;
+    QElapsedTimer sinceShown_;
+    bool isDue_ = false;
+    std::vector<PaintPause*> changed_; // in the order of their first change
+};
+
+PaintPause::~PaintPause()
+{
+    if (hasChanged_) Moment::OfProgram().Forget(*this);
 }
 
-/// The timer is not started again at every change, which would take as long as to show it.
-void PaintPause::TakeTimeout()
+void PaintPause::NoteChange()
 {
-    const int pause = isDue_ ? kMillisecondsAfterChange : kMillisecondsBetweenPaints;
-    const qint64 left = pause - sinceChange_.elapsed();
-    const bool isLate = isDue_ && sinceDue_.hasExpired(kMostMillisecondsDue);
-    if (left > 0 && !isLate) return timer_.start(static_cast<int>(left));
-    sinceShown_.start();
-    show_();
+    Moment::OfProgram().Note(*this);
 }
 
 } // namespace tarvex::panel

@@ -1,43 +1,38 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QTimer>
-
 #include <functional>
+#include <utility>
 
 namespace tarvex::panel
 {
 
-/// Has a widget that is to show many changes a second do so a few times a second. What may be shown
-/// is shown a little after the change: what changes on the line has the next request sent, and the
-/// line is busy while the widget works. What comes sooner is shown with a later change, or when no
-/// more have come for a while: so nothing is shown at a moment that no change has chosen.
+/// Has a widget that is to show many changes a second do so a few times a second, and together with
+/// the others of its kind, so that they are drawn in one go. What may be shown is shown a little
+/// after the change: what changes on the line has the next request sent, and the line is busy while
+/// the widgets work. What comes sooner is shown with a later change, or when no more come: so
+/// nothing is shown at a moment that no change has chosen.
 class PaintPause
 {
 public:
-    static constexpr int kMillisecondsBetweenPaints = 240;
+    static constexpr int kMillisecondsBetweenPaints = 320;
 
-    /// Longer than a wake and its answer take on the line, shorter than a request takes.
-    static constexpr int kMillisecondsAfterChange = 4;
+    /// Longer than a wake, its answer and a request take on the line, shorter than a page takes.
+    static constexpr int kMillisecondsAfterChange = 20;
 
-    /// Changes that come faster than any line brings them leave no such pause: then it is shown
-    /// between two of them.
-    static constexpr int kMostMillisecondsDue = 100;
+    /// Runs `show` when it is time to show a change.
+    explicit PaintPause(std::function<void()> show) : show_(std::move(show)) {}
+    ~PaintPause();
+    PaintPause(const PaintPause&) = delete;
+    PaintPause& operator=(const PaintPause&) = delete;
 
-    PaintPause();
-
-    /// Runs `show` when it is time; not what was to be shown before and has not been.
-    void Show(std::function<void()> show);
+    /// There is something to be shown.
+    void NoteChange();
 
 private:
-    void TakeTimeout();
+    class Moment;
 
-    QTimer timer_;
-    QElapsedTimer sinceShown_;
-    QElapsedTimer sinceChange_;
-    QElapsedTimer sinceDue_;
-    bool isDue_ = false;
     std::function<void()> show_;
+    bool hasChanged_ = false;
 };
 
 } // namespace tarvex::panel

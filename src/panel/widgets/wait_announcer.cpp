@@ -12,10 +12,10 @@ namespace tarvex::panel
 {
 
 WaitAnnouncer::WaitAnnouncer(WaitGround& ground, Announcement& announcement)
-    : QObject(&ground), ground_(ground), announcement_(announcement)
+    : QObject(&ground), ground_(ground), announcement_(announcement), pause_([this] { Follow(); })
 {
     ground_.installEventFilter(this);
-    ground_.OnChange([this] { pause_.Show([this] { Follow(); }); });
+    ground_.OnChange([this] { pause_.NoteChange(); });
 }
 
 bool WaitAnnouncer::eventFilter(QObject*, QEvent* event)

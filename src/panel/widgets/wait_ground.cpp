@@ -5,6 +5,9 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
+#include <utility>
+
 namespace tarvex::panel
 {
 
@@ -52,6 +55,16 @@ void Fill(QPainter& painter, const QRect& rect, const ExchangeCount& count,
     painter.restore();
 }
 
+/// Where the two are drawn otherwise. A stall is seen everywhere.
+QRect Changed(const QRect& rect, const ExchangeCount& before, const ExchangeCount& after)
+{
+    if (before.stalled || after.stalled) return rect;
+    const auto [left, right] = std::minmax({before.Share(), after.Share()});
+    const QRectF strip(rect.width() * left, rect.top(), rect.width() * (right - left) + kFront,
+                       rect.height());
+    return strip.toAlignedRect();
+}
+
 void DrawEdge(QPainter& painter, const QRect& rect, bool stalled, const QColor& colour)
 {
     const qreal width = stalled ? kHeavyEdge : 1;
@@ -63,7 +76,9 @@ void DrawEdge(QPainter& painter, const QRect& rect, bool stalled, const QColor& 
 } // namespace
 
 WaitGround::WaitGround(ExchangeProgress& progress, QWidget* parent)
-    : QWidget(parent), progress_(progress)
+    : QWidget(parent),
+      progress_(progress),
+      pause_([this] { update(std::exchange(changedPart_, {})); })
 {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
@@ -78,7 +93,9 @@ WaitGround::~WaitGround()
 
 void WaitGround::TakeChange()
 {
-    pause_.Show([this] { update(); });
+    changedPart_ |= Changed(rect(), now_, progress_.Now());
+    now_ = progress_.Now();
+    pause_.NoteChange();
     if (changed_) changed_();
 }
 

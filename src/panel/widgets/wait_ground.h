@@ -36,6 +36,8 @@ private:
     void TakeChange();
 
     ExchangeProgress& progress_;
+    ExchangeCount now_;
+    QRect changedPart_; // since it was last painted
     std::function<void()> changed_;
     PaintPause pause_;
 };

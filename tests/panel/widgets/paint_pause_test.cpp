@@ -83,6 +83,18 @@ TEST_F(PaintPauseTest, PaintsManyChangesAFewTimesASecond)
     EXPECT_LE(counter.paints, 1 + time.elapsed() / PaintPause::kMillisecondsBetweenPaints);
 }
 
+TEST_F(PaintPauseTest, ShowsWhatHasChangedInSeveralBoxesAtOnce)
+{
+    TextBox second;
+    BoxEdit other(second, &window);
+    other.Pace();
+    second.SetText("other");
+    QTest::qWait(PaintPause::kMillisecondsAfterChange / 2);
+    box.SetText("1D090");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !other.text().isEmpty(); }));
+    EXPECT_EQ(edit.text(), "1D090");
+}
+
 TEST_F(PaintPauseTest, ShowsChangesThatLeaveTheEventsNoPause)
 {
     ChangeBeforeEachTimer changes(box);

@@ -6,9 +6,11 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <string>
 
 namespace tarvex::tests
@@ -202,6 +204,42 @@ TEST_F(WaitGroundPaints, AreNoneForAChangeThatIsNone)
         progress.SetStalled(false);
     QApplication::processEvents();
     EXPECT_EQ(counter.paints, 0);
+}
+
+TEST_F(WaitGroundPaints, CoverOnlyWhatHasBeenFilledSince)
+{
+    progress.Begin(200);
+    QTest::qWait(2 * WaitGround::kMillisecondsBetweenPaints);
+    const PaintCounter counter(Ground());
+    progress.CountExchange();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return counter.paints > 0; }));
+    EXPECT_LE(counter.painted.boundingRect().width(), Ground().width() / 50);
+    EXPECT_EQ(counter.painted.boundingRect().height(), Ground().height());
+}
+
+/// What has come onto the screen piece by piece, against the same painted at once.
+TEST_F(WaitGroundPaints, LeaveNothingOnTheScreenOfWhatWasBefore)
+{
+    const std::vector<std::function<void()>> changes = {[&] { progress.Begin(7); },
+                                                        [&] { progress.CountExchange(); },
+                                                        [&] { progress.CountExchange(); },
+                                                        [&] { progress.SetStalled(true); },
+                                                        [&] { progress.SetStalled(false); },
+                                                        [&] { progress.Expect(40); },
+                                                        [&] { progress.Begin(3); },
+                                                        [&] { progress.CountExchange(); },
+                                                        [&] { progress.End(); },
+                                                        [&] { progress.CountExchange(); },
+                                                        [&] { Ground().repaint(0, 0, 9, 9); }};
+    for (const auto& change : changes) {
+        const PaintCounter counter(Ground());
+        change();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return counter.paints > 0; }));
+        const QImage screen = window->screen()->grabWindow(window->winId()).toImage();
+        EXPECT_EQ(screen.convertToFormat(QImage::Format_RGB32),
+                  window->grab().toImage().convertToFormat(QImage::Format_RGB32))
+            << &change - changes.data();
+    }
 }
 
 TEST_F(WaitGroundPaints, PassesEveryChangeOnAtOnce)
