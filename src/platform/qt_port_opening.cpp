@@ -9,6 +9,7 @@
 #include <QSerialPort>
 #include <QSignalBlocker>
 
+#include <algorithm>
 #include <optional>
 
 #include <poll.h>
@@ -140,9 +141,12 @@ int QtPortOpening::Count() const
 std::string QtPortOpening::TakeAll()
 {
     if (vanished_) return {};
-    pause_.End();
-    const QByteArray bytes = port_.readAll();
-    return {bytes.begin(), bytes.end()};
+    const qint64 count = port_.bytesAvailable();
+    pause_.NoteTaking(count);
+    std::string bytes(static_cast<std::size_t>(count), '\0');
+    const qint64 taken = port_.read(bytes.data(), count);
+    bytes.resize(static_cast<std::size_t>(std::max<qint64>(taken, 0)));
+    return bytes;
 }
 
 void QtPortOpening::NoteError(QSerialPort::SerialPortError error)

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 // On the line: a start, eight data and two stop bits.
 constexpr std::chrono::nanoseconds kCharacter = std::chrono::nanoseconds(11s) / 9600;
-constexpr qint64 kWatched = 3;  // last characters, each of which is looked at
+constexpr qint64 kWatched = 2;  // last characters, each of which is looked at
 constexpr auto kShortest = 4ms; // a pause that spares a few looks
 
 /// What the toolkit watches the line with; null when it does so in another way.
@@ -38,6 +38,7 @@ void ReplyPause::NoteOutput(qint64 count)
 {
     End();
     sent_ = count;
+    partSeen_ = false;
     outputAt_ = Clock::now();
 }
 
@@ -54,12 +55,32 @@ void ReplyPause::Look()
     notifier_.clear();
 }
 
+void ReplyPause::Expect(qint64 count)
+{
+    expected_ = count;
+    if (!cameAtPace_) return;
+    const qint64 missing = count - port_.bytesAvailable() - kWatched;
+    Pause(outputAt_ + (sent_ + missing) * kCharacter - Clock::now());
+}
+
+void ReplyPause::NoteTaking(qint64 count)
+{
+    if (expected_ > 0) cameAtPace_ = partSeen_ && ComesAtPace(count);
+    End();
+}
+
 void ReplyPause::TakeArrival()
 {
     const qint64 received = port_.bytesAvailable();
-    if (received >= expected_ || !ComesAtPace(received)) return;
-    const auto pause = std::chrono::floor<std::chrono::milliseconds>(
-        (expected_ - received - kWatched) * kCharacter);
+    if (received >= expected_) return;
+    partSeen_ = true;
+    if (!ComesAtPace(received)) return;
+    Pause((expected_ - received - kWatched) * kCharacter);
+}
+
+void ReplyPause::Pause(std::chrono::nanoseconds length)
+{
+    const auto pause = std::chrono::floor<std::chrono::milliseconds>(length);
     if (pause < kShortest) return;
     notifier_ = ReadNotifierOf(port_);
     if (!notifier_) return;

@@ -29,6 +29,28 @@ protected:
         ASSERT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
     }
 
+    /// A page comes down at the pace of the line.
+    std::thread SendPage()
+    {
+        return std::thread([this] {
+            std::this_thread::sleep_for(10ms);
+            for (int count = 0; count < 50; ++count) {
+                terminal.Send("x");
+                std::this_thread::sleep_for(1146us);
+            }
+        });
+    }
+
+    /// The request for a page, and the page.
+    void TakePageAtPace()
+    {
+        port.ExpectInput(50);
+        std::thread unit = SendPage();
+        EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+        unit.join();
+        port.Output("a02110\r");
+    }
+
     /// How often the wait for that many bytes finds others than before.
     int LooksUntil(int count)
     {
@@ -46,16 +68,39 @@ protected:
 TEST_F(ReplyPauseTest, SleepsWhileThePageComesDownTheLine)
 {
     port.ExpectInput(50);
-    std::thread unit([&] {
-        std::this_thread::sleep_for(10ms);
-        for (int count = 0; count < 50; ++count) {
-            terminal.Send("x");
-            std::this_thread::sleep_for(1146us);
-        }
-    });
+    std::thread unit = SendPage();
     EXPECT_LE(LooksUntil(50), 25) << "and not one a character";
     unit.join();
     EXPECT_EQ(port.Input(), std::string(50, 'x'));
+}
+
+TEST_F(ReplyPauseTest, SleepsFromTheRequestOnWhereThePageBeforeCameAtThePaceOfTheLine)
+{
+    TakePageAtPace();
+    port.ExpectInput(kEndlessReply);
+    terminal.Send("x");
+    PumpFor(30);
+    EXPECT_EQ(port.InBufferCount(), 0);
+}
+
+TEST_F(ReplyPauseTest, TakesAPageInABurstWhenThePauseAfterOneAtPaceIsOver)
+{
+    TakePageAtPace();
+    port.ExpectInput(50);
+    terminal.Send(std::string(50, 'x'));
+    EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+}
+
+TEST_F(ReplyPauseTest, SleepsFromTheRequestOnNoLongerAfterAPageInABurst)
+{
+    TakePageAtPace();
+    port.ExpectInput(50);
+    terminal.Send(std::string(50, 'x'));
+    EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+    port.Output("a02120\r");
+    port.ExpectInput(kEndlessReply);
+    terminal.Send("x");
+    EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
 }
 
 TEST_F(ReplyPauseTest, LooksAtEveryByteThatNobodyHasAnnounced)
