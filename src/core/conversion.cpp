@@ -44,7 +44,7 @@ std::string WholeDigits(double value)
     return {buffer.data(), written.ptr};
 }
 
-/// With at least so many digits before the point and as many as `decimals` after it.
+/// With at least `wholeDigits` digits before the point and `decimals`, 0 or 1, after it.
 std::string PaddedDigits(double value, std::size_t wholeDigits, std::size_t decimals)
 {
     const double scale = decimals == 0 ? 1 : 10;

@@ -29,25 +29,16 @@ protected:
         ASSERT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
     }
 
-    /// A page comes down at the pace of the line.
-    std::thread SendPage()
-    {
-        return std::thread([this] {
-            std::this_thread::sleep_for(10ms);
-            for (int count = 0; count < 50; ++count) {
-                terminal.Send("x");
-                std::this_thread::sleep_for(1146us);
-            }
-        });
-    }
-
-    /// The request for a page, and the page.
+    /// A page that takes its time on the line, of which a part is seen first; then the next
+    /// request.
     void TakePageAtPace()
     {
         port.ExpectInput(50);
-        std::thread unit = SendPage();
+        std::this_thread::sleep_for(70ms);
+        terminal.Send(std::string(49, 'x'));
+        EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 49; }));
+        terminal.Send("x");
         EXPECT_EQ(InputOf(50), std::string(50, 'x'));
-        unit.join();
         port.Output("a02110\r");
     }
 
@@ -68,7 +59,13 @@ protected:
 TEST_F(ReplyPauseTest, SleepsWhileThePageComesDownTheLine)
 {
     port.ExpectInput(50);
-    std::thread unit = SendPage();
+    std::thread unit([&] {
+        std::this_thread::sleep_for(10ms);
+        for (int count = 0; count < 50; ++count) {
+            terminal.Send("x");
+            std::this_thread::sleep_for(1146us);
+        }
+    });
     EXPECT_LE(LooksUntil(50), 25) << "and not one a character";
     unit.join();
     EXPECT_EQ(port.Input(), std::string(50, 'x'));

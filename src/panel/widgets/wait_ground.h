@@ -36,7 +36,7 @@ private:
     void TakeChange();
 
     ExchangeProgress& progress_;
-    ExchangeCount now_;
+    ExchangeCount now_; // at the last change
     QRect changedPart_; // since it was last painted
     std::function<void()> changed_;
     PaintPause pause_;

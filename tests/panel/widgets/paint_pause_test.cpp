@@ -88,8 +88,10 @@ TEST_F(PaintPauseTest, ShowsWhatHasChangedInSeveralBoxesAtOnce)
     TextBox second;
     BoxEdit other(second, &window);
     other.Pace();
-    second.SetText("other");
-    QTest::qWait(PaintPause::kMillisecondsAfterChange / 2);
+    Write(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return edit.text() == "10001"; }));
+    second.SetText("other"); // to be shown after a whole pause
+    QTest::qWait(PaintPause::kMillisecondsBetweenPaints / 4);
     box.SetText("1D090");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !other.text().isEmpty(); }));
     EXPECT_EQ(edit.text(), "1D090");
