@@ -76,6 +76,8 @@ void RecordFile::OpenAs(const std::filesystem::path& path, std::ios::openmode mo
     if (!stream_.is_open()) Fail("Path/File access error", kOpening, path);
     path_ = path;
     endOfFile_ = false;
+    place_.reset();
+    size_.reset();
 }
 
 void RecordFile::Close()
@@ -107,33 +109,39 @@ void RecordFile::PutBytes(double number, std::span<const std::byte> record)
 {
     RequireOpen();
     const std::streamoff offset = OffsetOf(number, kWriting);
-    const std::streamoff oldSize = Size();
+    const std::streamoff end = offset + static_cast<std::streamoff>(record.size());
+    const std::streamoff oldSize = size_ ? *size_ : AskSize();
 
-    if (offset != oldSize) stream_.seekp(offset);
+    stream_.clear();
+    if (place_ != offset) stream_.seekp(offset);
     stream_.write(reinterpret_cast<const char*>(record.data()),
                   static_cast<std::streamsize>(record.size()));
     stream_.flush();
-    if (stream_) return;
-
-    CutBackTo(oldSize);
-    Fail("Disk full", kWriting, path_);
+    if (!stream_) {
+        CutBackTo(oldSize, end);
+        Fail("Disk full", kWriting, path_);
+    }
+    place_ = end;
+    size_ = std::max(oldSize, end);
 }
 
-/// Asked of the open file, which is quicker than by its name: the unit waits for a page's record.
-std::streamoff RecordFile::Size()
+std::streamoff RecordFile::AskSize()
 {
     stream_.clear();
-    return stream_.rdbuf()->pubseekoff(0, std::ios::end);
+    place_ = stream_.rdbuf()->pubseekoff(0, std::ios::end);
+    return *place_;
 }
 
-/// Takes away what is there of a record that has not been written whole. Only by its name can the
-/// file be cut, and another one may bear that now: one of another size is left alone.
-void RecordFile::CutBackTo(std::streamoff oldSize)
+/// Takes away what is there of a record that has not been written whole, up to `end`. Only by its
+/// name can the file be cut, and another one may bear that now: one of another size is left alone,
+/// and so is one that somebody else has made longer.
+void RecordFile::CutBackTo(std::streamoff oldSize, std::streamoff end)
 {
-    const std::streamoff size = Size();
+    const std::streamoff size = AskSize();
+    size_.reset();
     std::error_code error;
     const auto named = std::filesystem::file_size(path_, error);
-    if (error || size <= oldSize || !std::cmp_equal(named, size)) return;
+    if (error || size <= oldSize || size >= end || !std::cmp_equal(named, size)) return;
     std::filesystem::resize_file(path_, static_cast<std::uintmax_t>(oldSize), error);
 }
 
@@ -143,6 +151,7 @@ void RecordFile::GetBytes(double number, std::span<std::byte> record)
     const std::streamoff offset = OffsetOf(number, kReading);
 
     stream_.clear();
+    place_.reset();
     stream_.seekg(offset);
     stream_.read(reinterpret_cast<char*>(record.data()),
                  static_cast<std::streamsize>(record.size()));

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <type_traits>
@@ -59,14 +60,18 @@ private:
     void RequireOpen() const;
     std::streamoff OffsetOf(double number, std::string_view step) const;
     void PutBytes(double number, std::span<const std::byte> record);
-    std::streamoff Size();
-    void CutBackTo(std::streamoff oldSize);
+    std::streamoff AskSize();
+    void CutBackTo(std::streamoff oldSize, std::streamoff end);
     void GetBytes(double number, std::span<std::byte> record);
 
     std::size_t recordLength_;
     std::filesystem::path path_;
     std::fstream stream_;
     bool endOfFile_ = false;
+
+    // Kept rather than asked for, where they are known: the unit waits for a page's record.
+    std::optional<std::streamoff> place_; // where the last put has ended
+    std::optional<std::streamoff> size_;  // of the file, as far as this opening has made it
 };
 
 /// Deletes one file. Fails when there is none, when it is a folder, when it may not be deleted, and

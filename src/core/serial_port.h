@@ -30,6 +30,11 @@ public:
     /// Input: the port may let the program sleep while they come. Never fails.
     virtual void ExpectInput(int /*count*/) {}
 
+    /// Where the last bytes of what is expected are due now, sleeps until more of them are there,
+    /// for some milliseconds at most. False where none have come so: then it is for the event queue
+    /// to wait for them. Never fails.
+    virtual bool AwaitRest() { return false; }
+
     /// Received bytes not yet taken. Fails when not open.
     virtual int InBufferCount() = 0;
 

@@ -8,6 +8,7 @@ namespace tarvex
 namespace
 {
 constexpr std::string_view kWake = "}";
+constexpr int kAnswerLength = 1;
 constexpr char kFrameEnd = '\r';
 constexpr int kLastWakeTick = 5;
 constexpr int kLastTick = 5000;
@@ -37,6 +38,7 @@ void DeviceLink::OpenPort()
 
 void DeviceLink::ClosePort()
 {
+    watch_.ShowEnded();
     port_.Close();
 }
 
@@ -78,6 +80,7 @@ void DeviceLink::SettleWait(int ticks)
 
 void DeviceLink::RestartTick()
 {
+    watch_.ShowEnded();
     tickCounter_ = 0;
     timer_.Enable();
     pump_.DoEvents();
@@ -86,6 +89,7 @@ void DeviceLink::RestartTick()
 void DeviceLink::SendWake()
 {
     Attempt([&] { port_.Output(kWake); });
+    port_.ExpectInput(kAnswerLength);
     RestartTick();
 }
 
@@ -103,12 +107,13 @@ bool DeviceLink::TakeReply()
 }
 
 /// Tests before it sleeps, for what it waits for may be there already; a failing test ends the
-/// wait.
+/// wait. The last of a reply is awaited at the port, which is quicker than to be woken by an event.
 void DeviceLink::WaitUntil(const std::function<bool()>& reached)
 {
     pump_.DoEvents();
-    while (!Holds(reached))
-        pump_.WaitForEvents();
+    while (!Holds(reached)) {
+        if (!port_.AwaitRest()) pump_.WaitForEvents();
+    }
     watch_.EndWait();
 }
 

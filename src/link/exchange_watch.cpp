@@ -12,12 +12,14 @@ constexpr int kTicksToStall = 30;
 
 ExchangeWatch::~ExchangeWatch()
 {
+    ShowEnded();
     if (begun_) progress_->End();
 }
 
 void ExchangeWatch::Expect(int exchanges)
 {
     if (progress_ == nullptr) return;
+    ShowEnded(); // of those expected before
     if (std::exchange(begun_, true)) {
         progress_->Expect(exchanges);
     } else {
@@ -39,7 +41,12 @@ void ExchangeWatch::Look(int received, int tick)
 
 void ExchangeWatch::EndExchange()
 {
-    if (std::exchange(frameIsOut_, false) && begun_) progress_->CountExchange();
+    hasEnded_ = std::exchange(frameIsOut_, false);
+}
+
+void ExchangeWatch::ShowEnded()
+{
+    if (std::exchange(hasEnded_, false) && begun_) progress_->CountExchange();
 }
 
 void ExchangeWatch::SetStalled(bool stalled)

@@ -31,8 +31,12 @@ public:
     /// A frame has gone out.
     void NoteFrame() { frameIsOut_ = true; }
 
-    /// What a frame is followed by has ended as it should: an exchange, if a frame went out.
+    /// What a frame is followed by has ended as it should: an exchange, if a frame went out. It is
+    /// shown later, for the unit waits for the next wake.
     void EndExchange();
+
+    /// The exchanges that have ended become progress; also at the end.
+    void ShowEnded();
 
 private:
     void SetStalled(bool stalled);
@@ -40,6 +44,7 @@ private:
     ExchangeProgress* progress_;
     bool begun_ = false;
     bool frameIsOut_ = false;
+    bool hasEnded_ = false; // an exchange that is not shown yet
     int received_ = 0;
     int heardAt_ = 0; // the tick when the last byte came, or the wait began
 };

@@ -28,6 +28,10 @@ public:
 
     /// The next thing that matters is the moment when `count` bytes are there.
     virtual void Expect(int count) = 0;
+
+    /// Sleeps until more is there, where the last of what is expected is due now, and for some
+    /// milliseconds at most; false where nothing has come so.
+    virtual bool AwaitRest() = 0;
 };
 
 /// Opens the device as the line to a unit, with empty buffers: 9600 baud, 8 data bits, no parity, 2

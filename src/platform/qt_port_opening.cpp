@@ -10,7 +10,10 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <optional>
+#include <utility>
 
 #include <poll.h>
 #include <unistd.h>
@@ -29,6 +32,20 @@ bool HasVanished(const QSerialPort& port)
 {
     pollfd state{port.handle(), 0, 0};
     return ::poll(&state, 1, 0) < 0 || (state.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+}
+
+/// What the line gives within that time, without the toolkit's detour through its notifiers: the
+/// unit waits. Nothing from a line that has anything else to say; the toolkit hears that.
+std::string GetAtOnce(const QSerialPort& port, std::chrono::milliseconds patience)
+{
+    if (patience.count() <= 0) return {};
+    pollfd state{port.handle(), POLLIN, 0};
+    const bool isReady =
+        ::poll(&state, 1, static_cast<int>(patience.count())) > 0 && state.revents == POLLIN;
+    if (!isReady) return {};
+    std::array<char, kInBufferSize> bytes;
+    const ssize_t got = ::read(state.fd, bytes.data(), bytes.size());
+    return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))};
 }
 
 /// Gives the line what it takes at once, without the toolkit's detour through its notifiers: the
@@ -51,9 +68,11 @@ public:
     void Send(std::string_view bytes) override;
     int Count() const override;
     std::string TakeAll() override;
-    void Expect(int count) override { pause_.Expect(count); }
+    void Expect(int count) override { pause_.Expect(count, Count()); }
+    bool AwaitRest() override;
 
 private:
+    void TakeFromToolkit();
     void Configure();
     void Empty();
     void ResumeReading();
@@ -65,6 +84,7 @@ private:
     QSerialPort port_;
     ReplyPause pause_{port_};
     std::optional<LowLatency> lowLatency_;
+    std::string received_; // before what the toolkit still has
     bool vanished_ = false;
 };
 
@@ -89,6 +109,8 @@ QtPortOpening::QtPortOpening(const std::filesystem::path& device,
                      [this](QSerialPort::SerialPortError error) { NoteError(error); });
     QObject::connect(
         &port_, &QSerialPort::errorOccurred, &port_, [this] { Recover(); }, Qt::QueuedConnection);
+    QObject::connect(&port_, &QSerialPort::readyRead, &port_,
+                     [this] { pause_.NoteArrival(Count()); });
 }
 
 /// Emptied first, for the system's close would wait until the last byte has left the line.
@@ -135,18 +157,35 @@ void QtPortOpening::Send(std::string_view bytes)
 
 int QtPortOpening::Count() const
 {
-    return vanished_ ? 0 : static_cast<int>(port_.bytesAvailable());
+    return vanished_ ? 0 : static_cast<int>(port_.bytesAvailable() + std::ssize(received_));
+}
+
+bool QtPortOpening::AwaitRest()
+{
+    const std::string got = GetAtOnce(port_, pause_.RestIsDueWithin());
+    if (got.empty()) {
+        pause_.Watch();
+        return false;
+    }
+    TakeFromToolkit();
+    received_ += got;
+    pause_.NoteArrival(Count());
+    return true;
+}
+
+void QtPortOpening::TakeFromToolkit()
+{
+    if (port_.bytesAvailable() == 0) return;
+    const QByteArray bytes = port_.readAll();
+    received_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 std::string QtPortOpening::TakeAll()
 {
     if (vanished_) return {};
-    const qint64 count = port_.bytesAvailable();
-    pause_.NoteTaking(count);
-    std::string bytes(static_cast<std::size_t>(count), '\0');
-    const qint64 taken = port_.read(bytes.data(), count);
-    bytes.resize(static_cast<std::size_t>(std::max<qint64>(taken, 0)));
-    return bytes;
+    pause_.NoteTaking(Count());
+    TakeFromToolkit();
+    return std::exchange(received_, {});
 }
 
 void QtPortOpening::NoteError(QSerialPort::SerialPortError error)

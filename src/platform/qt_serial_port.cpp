@@ -74,6 +74,11 @@ void QtSerialPort::ExpectInput(int count)
     if (opening_) opening_->Expect(count);
 }
 
+bool QtSerialPort::AwaitRest()
+{
+    return opening_ && opening_->AwaitRest();
+}
+
 int QtSerialPort::InBufferCount()
 {
     return RequireOpen().Count();

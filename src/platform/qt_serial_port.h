@@ -29,6 +29,7 @@ public:
     void Close() override;
     void Output(std::string_view bytes) override;
     void ExpectInput(int count) override;
+    bool AwaitRest() override;
     int InBufferCount() override;
     std::string Input() override;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace tarvex::platform
 {
@@ -13,8 +14,10 @@ using namespace std::chrono_literals;
 
 // On the line: a start, eight data and two stop bits.
 constexpr std::chrono::nanoseconds kCharacter = std::chrono::nanoseconds(11s) / 9600;
-constexpr qint64 kWatched = 2;  // last characters, each of which is looked at
-constexpr auto kShortest = 4ms; // a pause that spares a few looks
+constexpr qint64 kWatched = 2;     // last characters, each of which is looked at
+constexpr auto kShortest = 4ms;    // a pause that spares a few looks
+constexpr auto kPatience = 2ms;    // with the last characters, once they are due
+constexpr auto kUnwatched = 100ms; // at most, once a pause is over
 
 /// What the toolkit watches the line with; null when it does so in another way.
 QSocketNotifier* ReadNotifierOf(const QSerialPort& port)
@@ -30,8 +33,7 @@ ReplyPause::ReplyPause(QSerialPort& port) : port_(port)
 {
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setSingleShot(true);
-    timer_.callOnTimeout([this] { Look(); });
-    QObject::connect(&port_, &QSerialPort::readyRead, &timer_, [this] { TakeArrival(); });
+    timer_.callOnTimeout([this] { EndPause(); });
 }
 
 void ReplyPause::NoteOutput(qint64 count)
@@ -45,33 +47,54 @@ void ReplyPause::NoteOutput(qint64 count)
 void ReplyPause::End()
 {
     expected_ = 0;
-    Look();
+    if (std::exchange(pausing_, false)) timer_.start(kUnwatched);
 }
 
-void ReplyPause::Look()
+/// Whoever waits asks for the rest now. Where nobody does, the port is not left unwatched.
+void ReplyPause::EndPause()
 {
+    if (std::exchange(pausing_, false)) {
+        timer_.start(kUnwatched);
+    } else {
+        Watch();
+    }
+}
+
+void ReplyPause::Watch()
+{
+    if (pausing_) return;
     timer_.stop();
     if (notifier_) notifier_->setEnabled(true);
     notifier_.clear();
 }
 
-void ReplyPause::Expect(qint64 count)
+std::chrono::milliseconds ReplyPause::RestIsDueWithin() const
+{
+    if (expected_ == 0 || !cameAtPace_ || pausing_) return 0ms;
+    const auto left = outputAt_ + (sent_ + expected_) * kCharacter - Clock::now();
+    if (left > kShortest) return 0ms;
+    return std::max(std::chrono::ceil<std::chrono::milliseconds>(left + kPatience), 0ms);
+}
+
+void ReplyPause::Expect(qint64 count, qint64 received)
 {
     expected_ = count;
     if (!cameAtPace_) return;
-    const qint64 missing = count - port_.bytesAvailable() - kWatched;
+    if (notifier_) timer_.start(kUnwatched);
+    const qint64 missing = count - received - kWatched;
     Pause(outputAt_ + (sent_ + missing) * kCharacter - Clock::now());
 }
 
 void ReplyPause::NoteTaking(qint64 count)
 {
-    if (expected_ > 0) cameAtPace_ = partSeen_ && ComesAtPace(count);
+    // No part of a single byte is ever seen: it can only come too fast.
+    const bool wasAtPace = expected_ > 1 ? partSeen_ : cameAtPace_;
+    if (expected_ > 0) cameAtPace_ = wasAtPace && ComesAtPace(count);
     End();
 }
 
-void ReplyPause::TakeArrival()
+void ReplyPause::NoteArrival(qint64 received)
 {
-    const qint64 received = port_.bytesAvailable();
     if (received >= expected_) return;
     partSeen_ = true;
     if (!ComesAtPace(received)) return;
@@ -82,9 +105,10 @@ void ReplyPause::Pause(std::chrono::nanoseconds length)
 {
     const auto pause = std::chrono::floor<std::chrono::milliseconds>(length);
     if (pause < kShortest) return;
-    notifier_ = ReadNotifierOf(port_);
+    if (!notifier_) notifier_ = ReadNotifierOf(port_);
     if (!notifier_) return;
-    notifier_->setEnabled(false);
+    notifier_->setEnabled(false); // also when kept already: the toolkit enables it when it is read
+    pausing_ = true;
     timer_.start(pause);
 }
 

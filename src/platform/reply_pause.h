@@ -13,8 +13,9 @@ namespace tarvex::platform
 /// Lets the program sleep while an awaited reply comes down the line. Its characters follow each
 /// other at the pace of the line, and none of them is worth waking up for but the last ones: the
 /// port is not looked at until the reply is nearly whole, and for the first of them only where the
-/// reply before has not come at that pace. Where the bytes come faster, from a terminal or in a
-/// burst, each is looked at as it comes.
+/// reply before has not come at that pace. Then whoever waits may take the last ones from the line
+/// itself, and as long as that goes well the event queue does not watch the line at all. Where the
+/// bytes come faster, from a terminal or in a burst, each is looked at as it comes.
 class ReplyPause
 {
 public:
@@ -24,29 +25,41 @@ public:
     /// So many bytes go out now; a pause ends.
     void NoteOutput(qint64 count);
 
-    /// The next thing that matters is the moment when `count` bytes are there.
-    void Expect(qint64 count);
+    /// The next thing that matters is the moment when `count` bytes are there; `received` are.
+    void Expect(qint64 count, qint64 received);
+
+    /// So many bytes are there by now.
+    void NoteArrival(qint64 received);
+
+    /// How long the last characters of what is expected are worth being awaited at the line itself.
+    /// 0 where they are not due now: in a pause, with most of them still to come, when they are
+    /// late, and where the reply before has not come at the pace of the line.
+    std::chrono::milliseconds RestIsDueWithin() const;
+
+    /// Has the event queue watch the line again, unless there is a pause; without this it does so a
+    /// tenth of a second after the pause.
+    void Watch();
 
     /// `count` bytes are taken now.
     void NoteTaking(qint64 count);
 
-    /// The port is looked at again, and nothing is expected any more.
+    /// Nothing is expected any more.
     void End();
 
 private:
     using Clock = std::chrono::steady_clock;
 
-    void TakeArrival();
     void Pause(std::chrono::nanoseconds length);
-    void Look();
+    void EndPause();
     bool ComesAtPace(qint64 received) const;
 
     QSerialPort& port_;
-    QPointer<QSocketNotifier> notifier_; // not watching while the pause lasts; otherwise null
-    QTimer timer_;
+    QPointer<QSocketNotifier> notifier_; // while it is kept from watching, otherwise null
+    QTimer timer_;                       // runs as long as that lasts
     Clock::time_point outputAt_;
     qint64 sent_ = 0;
     qint64 expected_ = 0;
+    bool pausing_ = false;
     bool partSeen_ = false;   // of the reply, before it was whole
     bool cameAtPace_ = false; // the reply before
 };

@@ -42,6 +42,7 @@ public:
     int Count() const override { return static_cast<int>(received_.size()); }
     std::string TakeAll() override { return std::exchange(received_, {}); }
     void Expect(int) override {} // each arrival is looked at
+    bool AwaitRest() override { return false; }
 
 private:
     void StartReading();

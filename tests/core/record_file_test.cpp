@@ -143,6 +143,19 @@ TEST_F(RecordFileTest, AGetAfterOnePastTheEndReadsAgain)
     EXPECT_EQ(GetRecord(1), kAaaa);
 }
 
+TEST_F(RecordFileTest, APutAfterAGetPastTheEndIsWhereItsNumberSays)
+{
+    file.Open(path);
+    file.Put(1, kAaaa);
+    GetRecord(9);
+    file.Put(2, kBbbb);
+    GetRecord(1);
+    file.Put(3, kAaaa);
+    file.Put(2, kAaaa);
+    file.Put(3, kBbbb);
+    EXPECT_EQ(FileBytes(path), "aaaaaaaabbbb");
+}
+
 TEST_F(RecordFileTest, SeesWhatAnotherOpeningHasWritten)
 {
     WriteFile(path, "11112222");
@@ -239,6 +252,19 @@ TEST_F(RecordFileTest, APutOnAFullDiskLeavesAnotherFileInItsPlaceWhole)
         EXPECT_THROW(file.Put(1, kAaaa), RunTimeFailure);
     }
     EXPECT_EQ(FileBytes(path), "of another program");
+}
+
+TEST_F(RecordFileTest, APutOnAFullDiskLeavesWhatAnotherProgramHasAdded)
+{
+    SKIP_WHERE_NO_DISK_FILLS();
+    file.Open(path);
+    file.Put(1, kAaaa);
+    WriteFile(path, "aaaaof another program");
+    {
+        const FullDisk full(6); // room for half of the second record
+        EXPECT_THROW(file.Put(2, kBbbb), RunTimeFailure);
+    }
+    EXPECT_EQ(FileBytes(path), "aaaabb another program");
 }
 
 TEST_F(RecordFileTest, GoesOnWorkingAfterAPutThatFailed)

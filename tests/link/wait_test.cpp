@@ -190,6 +190,73 @@ TEST_F(WaitTest, TwoPassesOfEventsRunBeforeItsFirstTest)
     EXPECT_EQ(finishedHandlers, 1);
 }
 
+TEST_F(WaitTest, SaysWhatItExpectsOfTheUnit)
+{
+    OnOpenPort([](DeviceLink& link) {
+        link.UntimedWake();
+        link.SendFrame("a02000");
+        link.AwaitReply(50);
+        if (!link.TimedWake()) ADD_FAILURE() << "not answered";
+    });
+    EXPECT_THAT(port.expected, ElementsAre(1, 50, 1));
+}
+
+TEST_F(WaitTest, AsksThePortForTheLastOfAReplyBeforeItSleeps)
+{
+    SilenceUnit();
+    int asked = 0;
+    port.awaitRest = [&] {
+        port.Receive(++asked < 3 ? "" : "!");
+        return true;
+    };
+    OnOpenPort([&](DeviceLink& link) {
+        link.UntimedWake();
+        reply = link.Reply();
+        endedAt = world.Now();
+    });
+    EXPECT_EQ(reply, "!");
+    EXPECT_EQ(endedAt, 0);
+    EXPECT_EQ(asked, 3);
+}
+
+TEST_F(WaitTest, SleepsWhereThePortHasNothingMore)
+{
+    SilenceUnit();
+    int asked = 0;
+    port.awaitRest = [&] {
+        ++asked;
+        return false;
+    };
+    ReceiveAt(250, "!");
+    OnOpenPort([&](DeviceLink& link) {
+        link.UntimedWake();
+        endedAt = world.Now();
+    });
+    EXPECT_EQ(endedAt, 250);
+    EXPECT_EQ(asked, 3) << "before the two ticks and the byte";
+}
+
+TEST_F(WaitTest, ShowsAnExchangeOnceTheNextWakeIsOut)
+{
+    const ExchangeCount& shown = panel.waitIndicator.progress.Now();
+    std::vector<int> doneAtOutput;
+    const auto answer = port.unit;
+    port.unit = [&](std::string_view bytes) {
+        doneAtOutput.push_back(shown.done);
+        answer(bytes);
+    };
+    OnOpenPort([&](DeviceLink& link) {
+        link.ExpectExchanges(2);
+        for (const auto* frame : {"a02000", "a02010"}) {
+            link.UntimedWake();
+            link.SendFrame(frame);
+            link.AwaitReply(50);
+        }
+    });
+    EXPECT_THAT(doneAtOutput, ElementsAre(0, 0, 0, 1)) << "at a wake, a frame, a wake, a frame";
+    EXPECT_EQ(shown.done, 2);
+}
+
 TEST_F(WaitTest, AWaitCostsOnePassAnEvent)
 {
     SilenceUnit();

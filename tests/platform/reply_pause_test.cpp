@@ -100,6 +100,65 @@ TEST_F(ReplyPauseTest, SleepsFromTheRequestOnNoLongerAfterAPageInABurst)
     EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
 }
 
+TEST_F(ReplyPauseTest, AwaitsAnAnswerAtTheLineItselfAfterAPageAtPace)
+{
+    bool awaited = false;
+    for (int trial = 0; trial < 20 && !awaited; ++trial) { // a machine that stalls is late
+        TakePageAtPace();
+        port.Output("}");
+        port.ExpectInput(1);
+        terminal.Send("!");
+        awaited = port.AwaitRest();
+        EXPECT_EQ(port.InBufferCount(), awaited ? 1 : 0);
+        EXPECT_EQ(InputOf(1), "!");
+    }
+    EXPECT_TRUE(awaited);
+}
+
+TEST_F(ReplyPauseTest, KeepsTheOrderOfWhatIsTakenFromTheLineItself)
+{
+    bool awaited = false;
+    for (int trial = 0; trial < 20 && !awaited; ++trial) {
+        TakePageAtPace();
+        terminal.Send("a");
+        EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
+        port.Output("}");
+        port.ExpectInput(2);
+        terminal.Send("b");
+        awaited = port.AwaitRest();
+        terminal.Send("c");
+        EXPECT_EQ(InputOf(3), "abc");
+    }
+    EXPECT_TRUE(awaited);
+}
+
+TEST_F(ReplyPauseTest, LeavesAnAnswerThatIsLateToTheEventQueue)
+{
+    TakePageAtPace();
+    port.Output("}");
+    port.ExpectInput(1);
+    EXPECT_FALSE(port.AwaitRest());
+    terminal.Send("!");
+    EXPECT_EQ(InputOf(1), "!");
+}
+
+TEST_F(ReplyPauseTest, AwaitsNothingThatIsNotDue)
+{
+    EXPECT_FALSE(port.AwaitRest()) << "nothing is expected";
+    port.ExpectInput(1);
+    terminal.Send("!");
+    EXPECT_FALSE(port.AwaitRest()) << "no page has come yet";
+    EXPECT_EQ(InputOf(1), "!");
+    TakePageAtPace();
+    port.ExpectInput(kEndlessReply);
+    terminal.Send("x");
+    EXPECT_FALSE(port.AwaitRest()) << "there is a pause";
+    PumpFor(30);
+    EXPECT_EQ(port.InBufferCount(), 0) << "which goes on";
+    port.Close();
+    EXPECT_FALSE(port.AwaitRest());
+}
+
 TEST_F(ReplyPauseTest, LooksAtEveryByteThatNobodyHasAnnounced)
 {
     BeginReply();

@@ -32,6 +32,12 @@ public:
     /// no more.
     bool vanished = false;
 
+    /// The counts that were said to be expected.
+    std::vector<int> expected;
+
+    /// What the port does where it is asked for the last of a reply; nothing unless it is set.
+    std::function<bool()> awaitRest;
+
     /// The other end of the line.
     std::function<void(std::string_view)> unit;
 
@@ -45,6 +51,8 @@ public:
     void Open() override;
     void Close() override;
     void Output(std::string_view bytes) override;
+    void ExpectInput(int count) override { expected.push_back(count); }
+    bool AwaitRest() override { return awaitRest && awaitRest(); }
     int InBufferCount() override;
     std::string Input() override;
 

@@ -55,12 +55,10 @@ void Fill(QPainter& painter, const QRect& rect, const ExchangeCount& count,
     painter.restore();
 }
 
-/// Where the two are drawn otherwise. A stall is seen everywhere.
-QRect Changed(const QRect& rect, const ExchangeCount& before, const ExchangeCount& after)
+/// Where it is drawn otherwise after fronts from the one share to the other.
+QRect Strip(const QRect& rect, double least, double most)
 {
-    if (before.stalled || after.stalled) return rect;
-    const auto [left, right] = std::minmax({before.Share(), after.Share()});
-    const QRectF strip(rect.width() * left, rect.top(), rect.width() * (right - left) + kFront,
+    const QRectF strip(rect.width() * least, rect.top(), rect.width() * (most - least) + kFront,
                        rect.height());
     return strip.toAlignedRect();
 }
@@ -76,9 +74,7 @@ void DrawEdge(QPainter& painter, const QRect& rect, bool stalled, const QColor& 
 } // namespace
 
 WaitGround::WaitGround(ExchangeProgress& progress, QWidget* parent)
-    : QWidget(parent),
-      progress_(progress),
-      pause_([this] { update(std::exchange(changedPart_, {})); })
+    : QWidget(parent), progress_(progress), pause_([this] { ShowChanges(); })
 {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setRetainSizeWhenHidden(true);
@@ -91,12 +87,23 @@ WaitGround::~WaitGround()
     progress_.Unwatch();
 }
 
+/// Only noted, for the unit waits.
 void WaitGround::TakeChange()
 {
-    changedPart_ |= Changed(rect(), now_, progress_.Now());
-    now_ = progress_.Now();
+    const ExchangeCount& now = progress_.Now();
+    leastShare_ = std::min(leastShare_, now.Share());
+    mostShare_ = std::max(mostShare_, now.Share());
+    stallSeen_ = stallSeen_ || now.stalled;
     pause_.NoteChange();
     if (changed_) changed_();
+}
+
+/// A stall is seen everywhere, also when it ends.
+void WaitGround::ShowChanges()
+{
+    update(stallSeen_ ? rect() : Strip(rect(), leastShare_, mostShare_));
+    leastShare_ = mostShare_ = progress_.Now().Share();
+    stallSeen_ = progress_.Now().stalled;
 }
 
 void WaitGround::paintEvent(QPaintEvent*)

@@ -34,10 +34,13 @@ protected:
 
 private:
     void TakeChange();
+    void ShowChanges();
 
     ExchangeProgress& progress_;
-    ExchangeCount now_; // at the last change
-    QRect changedPart_; // since it was last painted
+    // Since the changes were last shown.
+    double leastShare_ = 0;
+    double mostShare_ = 0;
+    bool stallSeen_ = false;
     std::function<void()> changed_;
     PaintPause pause_;
 };
