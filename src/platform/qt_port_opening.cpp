@@ -175,9 +175,12 @@ bool QtPortOpening::AwaitRest()
 
 void QtPortOpening::TakeFromToolkit()
 {
-    if (port_.bytesAvailable() == 0) return;
-    const QByteArray bytes = port_.readAll();
-    received_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    const qint64 count = port_.bytesAvailable();
+    if (count == 0) return;
+    const std::size_t before = received_.size();
+    received_.resize(before + static_cast<std::size_t>(count));
+    const qint64 taken = port_.read(received_.data() + before, count);
+    received_.resize(before + static_cast<std::size_t>(std::max<qint64>(taken, 0)));
 }
 
 std::string QtPortOpening::TakeAll()
