@@ -69,7 +69,7 @@ private:
     std::fstream stream_;
     bool endOfFile_ = false;
 
-    // Kept rather than asked for, where they are known: the unit waits for a page's record.
+    // Kept, so that the system is not asked: the unit waits while a page's record is written.
     std::optional<std::streamoff> place_; // where the last put has ended
     std::optional<std::streamoff> size_;  // of the file, as far as this opening has made it
 };

@@ -30,9 +30,9 @@ public:
     /// Input: the port may let the program sleep while they come. Never fails.
     virtual void ExpectInput(int /*count*/) {}
 
-    /// Where the last bytes of what is expected are due now, sleeps until more of them are there,
-    /// for some milliseconds at most. False where none have come so: then it is for the event queue
-    /// to wait for them. Never fails.
+    /// If the last bytes of what is expected are due now, sleeps until more of them are there, for
+    /// a few milliseconds at most. False when none have come that way: the caller then waits in the
+    /// event queue. Never fails.
     virtual bool AwaitRest() { return false; }
 
     /// Received bytes not yet taken. Fails when not open.

@@ -31,11 +31,11 @@ public:
     /// A frame has gone out.
     void NoteFrame() { frameIsOut_ = true; }
 
-    /// What a frame is followed by has ended as it should: an exchange, if a frame went out. It is
-    /// shown later, for the unit waits for the next wake.
+    /// What a frame is followed by has ended as it should: an exchange, if a frame went out. The
+    /// progress does not show it yet, for the unit waits for the next wake.
     void EndExchange();
 
-    /// The exchanges that have ended become progress; also at the end.
+    /// The progress shows the exchange that has ended. The end of the operation shows it too.
     void ShowEnded();
 
 private:

@@ -29,8 +29,8 @@ public:
     /// The next thing that matters is the moment when `count` bytes are there.
     virtual void Expect(int count) = 0;
 
-    /// Sleeps until more is there, where the last of what is expected is due now, and for some
-    /// milliseconds at most; false where nothing has come so.
+    /// If the last of what is expected is due now, sleeps until more is there, for a few
+    /// milliseconds at most. False when nothing has come that way.
     virtual bool AwaitRest() = 0;
 };
 

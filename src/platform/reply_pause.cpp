@@ -50,7 +50,8 @@ void ReplyPause::End()
     if (std::exchange(pausing_, false)) timer_.start(kUnwatched);
 }
 
-/// Whoever waits asks for the rest now. Where nobody does, the port is not left unwatched.
+/// A caller that waits now asks for the rest. If none does, the port is not left unwatched for
+/// long.
 void ReplyPause::EndPause()
 {
     if (std::exchange(pausing_, false)) {

@@ -86,7 +86,7 @@ void BoxEdit::ShowBox()
     } else {
         ShowText();
     }
-    if (testAttribute(Qt::WA_ForceDisabled) == box_.Enabled()) setEnabled(box_.Enabled());
+    setEnabled(box_.Enabled());
     if (isHidden() == box_.Visible()) setVisible(box_.Visible());
 }
 

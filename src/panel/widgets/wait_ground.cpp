@@ -55,7 +55,7 @@ void Fill(QPainter& painter, const QRect& rect, const ExchangeCount& count,
     painter.restore();
 }
 
-/// Where it is drawn otherwise after fronts from the one share to the other.
+/// The part in which the drawings of these two shares, and of all between them, differ.
 QRect Strip(const QRect& rect, double least, double most)
 {
     const QRectF strip(rect.width() * least, rect.top(), rect.width() * (most - least) + kFront,
