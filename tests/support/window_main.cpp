@@ -1,5 +1,6 @@
 #include "platform/qt_application.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -15,5 +16,7 @@ int main(int argc, char** argv)
         qunsetenv(variable);
     ::testing::InitGoogleTest(&argc, argv);
     const tarvex::platform::Application application(argc, argv);
+    QApplication::setCursorFlashTime(
+        0); // two pictures of a window differ by what a test does alone
     return RUN_ALL_TESTS();
 }
