@@ -32,6 +32,12 @@ Delivery Adapter::Deliver(Time now)
     return std::exchange(handedOver_, {});
 }
 
+void Adapter::Delay(Time by)
+{
+    if (!timer_) return line_.Delay(by);
+    lateness_ += by;
+}
+
 Time Adapter::TimerEnd() const
 {
     return started_ + *timer_;

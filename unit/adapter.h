@@ -31,6 +31,9 @@ public:
     /// it.
     Delivery Deliver(Time now);
 
+    /// What was delivered last goes out later by that.
+    void Delay(Time by);
+
 private:
     Time TimerEnd() const;
     void Advance(Time due, Time now);

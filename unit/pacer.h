@@ -72,6 +72,9 @@ public:
     /// then. After a hang-up the line is dead.
     Delivery Deliver(Time now);
 
+    /// What was delivered last goes out later by that, as when its caller writes a log first.
+    void Delay(Time by) { lateness_ += by; }
+
     /// From now on `listener` is called in place of the one before; an empty one is never called.
     void SetListener(Listener listener);
 

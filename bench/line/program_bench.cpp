@@ -103,7 +103,7 @@ void MeasurePaced(int runs)
 {
     std::vector<Speaker> speakers = {kOffScreen, kUnderX};
     speakers.insert(speakers.end(), kPeers.begin(), kPeers.end());
-    const auto figures = Measure(speakers, {"--paced"}, runs);
+    const auto figures = Measure(speakers, {"--paced", "--awake"}, runs);
     const std::vector<Figures> peers(figures.begin() + 2, figures.end());
     for (std::size_t peer = 0; peer < peers.size(); ++peer) {
         const std::string who = ", " + kPeers[peer].name;

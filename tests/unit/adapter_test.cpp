@@ -111,6 +111,21 @@ TEST(Adapter, DoesNotAddUpTheLatenessOfItsCaller)
     EXPECT_NEAR(static_cast<double>(PageTime(16ms, 900us).count()), 96'000, 10);
 }
 
+TEST(Adapter, DoesNotAddUpTheTimeThatItsCallerTakesBeforeItWrites)
+{
+    for (const bool isThere : {true, false}) {
+        Unit unit(BlankMemory());
+        Pacer line(unit, Pace::Line);
+        Adapter adapter(line, isThere ? std::optional<Time>(16ms) : std::nullopt);
+        adapter.Receive("}", 0s);
+        const auto due = isThere ? 16ms : 2'292us;
+        EXPECT_EQ(adapter.Deliver(due + 40us).bytes, "!");
+        adapter.Delay(20us);
+        adapter.Receive("}", due + 60us);
+        EXPECT_EQ(line.NextDue(), due + 1'146us) << isThere;
+    }
+}
+
 TEST(Adapter, CatchesUpAfterALongSleep)
 {
     AdapterLine line(16ms);

@@ -152,6 +152,18 @@ TEST(Pacer, DoesNotAddUpTheLatenessOfItsCaller)
     EXPECT_NEAR(static_cast<double>(taken.count()), 14'196'875.0 + 900.0, 300.0);
 }
 
+TEST(Pacer, DoesNotAddUpTheTimeThatItsCallerTakesBeforeItWrites)
+{
+    Unit unit(BlankMemory());
+    Pacer pacer(unit, Pace::Line);
+    pacer.Receive("}", 1s);
+    const auto due = 1s + 2'292us;
+    EXPECT_EQ(pacer.Deliver(due + 40us).bytes, "!");
+    pacer.Delay(20us);
+    pacer.Receive("}", due + 60us);
+    EXPECT_EQ(pacer.NextDue(), due + 1'146us);
+}
+
 TEST(Pacer, CatchesUpWithOneDeliveryAfterALongSleep)
 {
     Unit unit(BlankMemory());

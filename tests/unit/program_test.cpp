@@ -2,6 +2,7 @@
 
 #include "unit/block_header.h"
 #include "unit/memory_file.h"
+#include "unit/pacer.h"
 #include "unit/survey.h"
 
 #include <gmock/gmock.h>
@@ -97,6 +98,27 @@ TEST_F(UnitProgram, HandsItsBytesOverThroughAnAdapter)
     EXPECT_EQ(port.Exchange("H\r", 14).size(), 14U);
     EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200))
         << "a whole timer lies between the wake's answer and the clock";
+}
+
+/// "S" while it sleeps, "R" while it takes a processor.
+std::string StateOf(int process)
+{
+    const auto status = ContentOf("/proc/" + std::to_string(process) + "/stat");
+    return status.substr(status.rfind(')') + 2, 1);
+}
+
+TEST_F(UnitProgram, KeepsThePaceOfTheLineWhileItIsAwakeAndSleepsAtRest)
+{
+    const RunningUnit unit({"--awake"});
+    const ManagersPort port(unit.Terminal());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(port.Exchange("a0A000\r", 50),
+              "43 4C 49 45 4E 54 31 31 00 00 00 00 00 00 00 00 \r\n");
+    EXPECT_GE(std::chrono::steady_clock::now() - start, RunTime(Pace::Line, 59));
+    const auto patience = start + std::chrono::seconds(10);
+    while (StateOf(unit.Process()) != "S" && std::chrono::steady_clock::now() < patience)
+        ::usleep(1'000);
+    EXPECT_EQ(StateOf(unit.Process()), "S");
 }
 
 TEST_F(UnitProgram, RefusesAnAdapterWithoutALatency)

@@ -25,6 +25,7 @@ public:
     /// What the program prints until its end, after the first line.
     std::string RestOfOutput() { return program_.RestOfOutput(); }
 
+    pid_t Process() const { return program_.Process(); }
     void Signal(int number) const { program_.Signal(number); }
 
     /// Waits for the end; the exit status, or 128 and the number of the signal that ended it.

@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdint>
 #include <stdexcept>
 
 namespace tarvex::unit
@@ -56,6 +57,16 @@ void AddAdapter(CLI::App& app, Options& options)
         ->check(CLI::Range(1, kLongest));
 }
 
+void AddAwake(CLI::App& app, Options& options)
+{
+    static constexpr Time kAwake{300}; // who has waited for an answer goes on well within it
+    const auto take = [&options](std::int64_t) { options.awake = kAwake; };
+    app.add_flag_function("--awake", take,
+                          "does not sleep where a measurement would feel it: just before a "
+                          "character is due, and when an answer has gone out; takes up to half a "
+                          "processor");
+}
+
 void Describe(CLI::App& app, Options& options, bool& fast)
 {
     app.set_version_flag("--version", "tarvex-unit " TARVEX_VERSION, "shows the version and exits");
@@ -79,6 +90,7 @@ void Describe(CLI::App& app, Options& options, bool& fast)
     app.add_flag("--fast", fast,
                  "as fast as possible; otherwise both directions run at 9600 baud, 11 bits a "
                  "character");
+    AddAwake(app, options);
     AddAdapter(app, options);
     app.add_option("--log", options.log,
                    "the conversation, one frame a line: seconds, speaker, bytes; - is the standard "

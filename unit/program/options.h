@@ -21,6 +21,7 @@ struct Options {
     std::vector<Fill> fills;
     std::vector<Fault> faults;
     Pace pace = Pace::Line;
+    Time awake{0};               ///< how long it stays awake where a sleep would be felt
     std::optional<Time> adapter; ///< latency of a USB adapter between the unit and the manager
     std::string clock;           ///< YYMMDDhhmmss; empty is the time of the machine
     bool clockStopped = false;

@@ -22,7 +22,7 @@ std::vector<LogLine> RecordIn(const std::string& path)
 } // namespace
 
 ReplaySession::ReplaySession(const Options& options)
-    : options_(options), replay_(RecordIn(options.replay), options.pace)
+    : options_(options), waiter_(options.awake), replay_(RecordIn(options.replay), options.pace)
 {
     replay_.SetListener([this](const std::string& difference) {
         same_ = false;

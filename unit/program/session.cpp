@@ -37,6 +37,7 @@ std::string MachineTime()
 
 Session::Session(const Options& options)
     : options_(options),
+      waiter_(options.awake),
       unit_(MemoryFor(options), options.faults),
       pacer_(unit_, options.pace),
       adapter_(pacer_, options.adapter)
@@ -85,7 +86,9 @@ bool Session::Exchange(Waiter::Woken woken)
     if (woken == Waiter::Woken::ByEndRequest) return false;
     if (woken == Waiter::Woken::ByNotice) terminal_.NoteClosings();
     if (woken == Waiter::Woken::ByBytes) adapter_.Receive(terminal_.Read(), waiter_.Now());
-    const auto delivery = adapter_.Deliver(waiter_.Now());
+    const Time start = waiter_.Now();
+    const auto delivery = adapter_.Deliver(start);
+    if (!delivery.bytes.empty()) adapter_.Delay(waiter_.Now() - start);
     terminal_.Write(delivery.bytes);
     if (delivery.hangUp) terminal_.HangUp();
     return !delivery.hangUp;

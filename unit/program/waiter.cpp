@@ -6,7 +6,7 @@
 #include <chrono>
 #include <csignal>
 #include <ctime>
-#include <poll.h>
+#include <sched.h>
 #include <sys/signalfd.h>
 #include <sys/timerfd.h>
 #include <system_error>
@@ -45,8 +45,9 @@ Descriptor TakeSignals()
 }
 } // namespace
 
-Waiter::Waiter()
-    : origin_(SystemTime()),
+Waiter::Waiter(Time awake)
+    : awake_(awake),
+      origin_(SystemTime()),
       timer_(::timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC)),
       signals_(TakeSignals())
 {
@@ -75,17 +76,32 @@ Waiter::Woken Waiter::Wait(std::span<const int> descriptors, std::optional<Time>
 Waiter::Woken Waiter::Wait(std::span<const int> descriptors, std::optional<Time> deadline,
                            std::size_t& first)
 {
-    Arm(deadline);
+    Arm(deadline ? std::optional(*deadline - awake_) : std::nullopt);
     std::vector<pollfd> watched{{timer_.Number(), POLLIN, 0}, {signals_.Number(), POLLIN, 0}};
     for (const int descriptor : descriptors)
         watched.push_back({descriptor, POLLIN, 0});
-    while (::poll(watched.data(), watched.size(), -1) < 0)
-        if (errno != EINTR) throw Failure("wait");
+    Watch(watched, deadline);
     if (watched[1].revents != 0) return Woken::ByEndRequest;
     const auto isWoken = [](const pollfd& one) { return one.revents != 0; };
     const auto found = std::find_if(watched.begin() + 2, watched.end(), isWoken);
     first = static_cast<std::size_t>(found - watched.begin() - 2);
     return found == watched.end() ? Woken::ByDeadline : Woken::ByBytes;
+}
+
+/// Returns when one of them has something, the timer first of all of them; that one counts only
+/// from the deadline on.
+void Waiter::Watch(std::span<pollfd> watched, std::optional<Time> deadline) const
+{
+    const Time start = Now();
+    for (;;) {
+        const Time now = Now();
+        const bool isAwake = deadline ? *deadline - now < awake_ : now - start < awake_;
+        if (isAwake) ::sched_yield(); // what carries the bytes of the terminal needs a processor
+        const int ready = ::poll(watched.data(), watched.size(), isAwake ? 0 : -1);
+        if (ready < 0 && errno != EINTR) throw Failure("wait");
+        const bool isTimerAlone = ready == 1 && watched[0].revents != 0;
+        if (ready > 0 && (!isTimerAlone || Now() >= deadline.value_or(Time{0}))) return;
+    }
 }
 
 void Waiter::Arm(std::optional<Time> deadline)
