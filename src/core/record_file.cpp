@@ -172,4 +172,10 @@ void DeleteFile(const std::filesystem::path& path)
     if (!std::filesystem::remove(path, error) || error) Fail("Permission denied", deleting, path);
 }
 
+void DeleteFileWhenThere(const std::filesystem::path& path)
+{
+    std::error_code unknown;
+    if (std::filesystem::exists(std::filesystem::symlink_status(path, unknown))) DeleteFile(path);
+}
+
 } // namespace tarvex

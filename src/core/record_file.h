@@ -78,4 +78,7 @@ private:
 /// for a path with a NUL.
 void DeleteFile(const std::filesystem::path& path);
 
+/// As DeleteFile, but to find none is no failure.
+void DeleteFileWhenThere(const std::filesystem::path& path);
+
 } // namespace tarvex

@@ -22,9 +22,10 @@ constexpr std::string_view kDataBanks = "123456789ABCDEF";
 constexpr std::string_view kPagesOfBank = "0123456789ABCDEF";
 constexpr int kMostDataPages = static_cast<int>(kDataBanks.size() * kPagesOfBank.size());
 
+/// As a rule there is none; the unit waits meanwhile, and a look costs less than a failure.
 void DeleteWhenThere(const ReportFile& file)
 {
-    Attempt([&] { DeleteFile(file.Path()); });
+    Attempt([&] { DeleteFileWhenThere(file.Path()); });
 }
 
 /// Reports of the same name from an earlier download, and a work file that one has left.
@@ -109,7 +110,7 @@ private:
 void DownloadRows(ControlPanel& panel, WorkingState& state, DeviceLink& link,
                   const HeaderTexts& header)
 {
-    Attempt([&] { DeleteFile("datiram.dat"); }); // one left in the current directory
+    Attempt([&] { DeleteFileWhenThere("datiram.dat"); }); // one left in the current directory
     RecordFile rows(sizeof(DataRecord));
     Attempt([&] { OpenReport(rows, WorkFile(state.reportFolder)); });
     WriteTitleRecords(state, rows);

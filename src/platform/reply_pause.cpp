@@ -14,10 +14,11 @@ using namespace std::chrono_literals;
 
 // On the line: a start, eight data and two stop bits.
 constexpr std::chrono::nanoseconds kCharacter = std::chrono::nanoseconds(11s) / 9600;
-constexpr qint64 kWatched = 2;     // last characters, each of which is looked at
-constexpr auto kShortest = 4ms;    // a pause that spares a few looks
-constexpr auto kPatience = 2ms;    // with the last characters, once they are due
-constexpr auto kUnwatched = 100ms; // at most, once a pause is over
+constexpr qint64 kWatched = 6;                      // last characters, each of which is looked at
+constexpr auto kRest = kWatched * kCharacter + 2ms; // a pause ends up to a millisecond early
+constexpr auto kShortest = 4ms;                     // a pause that spares a few looks
+constexpr auto kPatience = 2ms;                     // with the last characters, once they are due
+constexpr auto kUnwatched = 100ms;                  // at most, once a pause is over
 
 /// What the toolkit watches the line with; null when it does so in another way.
 QSocketNotifier* ReadNotifierOf(const QSerialPort& port)
@@ -73,7 +74,7 @@ std::chrono::milliseconds ReplyPause::RestIsDueWithin() const
 {
     if (expected_ == 0 || !cameAtPace_ || pausing_) return 0ms;
     const auto left = outputAt_ + (sent_ + expected_) * kCharacter - Clock::now();
-    if (left > kShortest) return 0ms;
+    if (left > kRest) return 0ms;
     return std::max(std::chrono::ceil<std::chrono::milliseconds>(left + kPatience), 0ms);
 }
 

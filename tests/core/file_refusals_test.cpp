@@ -5,6 +5,7 @@
 #include "support/system_limits.h"
 
 #include <array>
+#include <fstream>
 #include <functional>
 #include <string>
 
@@ -179,6 +180,16 @@ std::string ReasonOf(const std::function<void()>& step)
     } catch (const RunTimeFailure& failure) {
         return failure.what();
     }
+}
+
+TEST_F(FileRefusalsTest, AFileThatNeedNotBeThereIsDeletedOrRefusedLikeAnyOther)
+{
+    DeleteFileWhenThere(path);
+    std::ofstream(path) << "there";
+    DeleteFileWhenThere(path);
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_EQ(ReasonOf([&] { DeleteFileWhenThere(folder.Path()); }),
+              "Path/File access error, deleting " + folder.Path().string());
 }
 
 TEST_F(FileRefusalsTest, EveryFailureNamesItsStepAndItsFile)

@@ -115,6 +115,24 @@ TEST_F(ReplyPauseTest, AwaitsAnAnswerAtTheLineItselfAfterAPageAtPace)
     EXPECT_TRUE(awaited);
 }
 
+TEST_F(ReplyPauseTest, AwaitsTheRestOfAPageAtTheLineItselfAsSoonAsThePauseIsOver)
+{
+    bool awaited = false;
+    for (int trial = 0; trial < 20 && !awaited; ++trial) {
+        TakePageAtPace();
+        port.ExpectInput(50);
+        terminal.Send(std::string(44, 'x'));
+        std::this_thread::sleep_for(50ms);
+        EXPECT_EQ(port.InBufferCount(), 0) << "the program still sleeps";
+        pump.WaitForEvents();
+        awaited = port.AwaitRest();
+        EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 44; }));
+        terminal.Send(std::string(6, 'x'));
+        EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+    }
+    EXPECT_TRUE(awaited);
+}
+
 TEST_F(ReplyPauseTest, KeepsTheOrderOfWhatIsTakenFromTheLineItself)
 {
     bool awaited = false;
