@@ -41,7 +41,7 @@ void ReplyPause::NoteOutput(qint64 count)
 {
     End();
     sent_ = count;
-    partSeen_ = false;
+    partSeen_ = partAtPace_ = false;
     outputAt_ = Clock::now();
 }
 
@@ -72,7 +72,8 @@ void ReplyPause::Watch()
 
 std::chrono::milliseconds ReplyPause::RestIsDueWithin() const
 {
-    if (expected_ == 0 || !cameAtPace_ || pausing_) return 0ms;
+    if (expected_ == 0 || pausing_) return 0ms;
+    if (expected_ > 1 && !cameAtPace_ && !partAtPace_) return 0ms;
     const auto left = outputAt_ + (sent_ + expected_) * kCharacter - Clock::now();
     if (left > kRest) return 0ms;
     return std::max(std::chrono::ceil<std::chrono::milliseconds>(left + kPatience), 0ms);
@@ -99,7 +100,8 @@ void ReplyPause::NoteArrival(qint64 received)
 {
     if (received >= expected_) return;
     partSeen_ = true;
-    if (!ComesAtPace(received)) return;
+    partAtPace_ = ComesAtPace(received);
+    if (!partAtPace_) return;
     Pause((expected_ - received - kWatched) * kCharacter);
 }
 

@@ -33,7 +33,8 @@ public:
 
     /// How long the last characters of what is expected are worth being awaited at the line itself.
     /// 0 where they are not due now: in a pause, with most of them still to come, when they are
-    /// late, and where the reply before has not come at the pace of the line.
+    /// late, and where neither the reply before nor what is there of this one has come at the pace
+    /// of the line. For a single character that does not matter: it takes no longer than on a line.
     std::chrono::milliseconds RestIsDueWithin() const;
 
     /// Has the event queue watch the line again, unless there is a pause; without this it does so a
@@ -61,6 +62,7 @@ private:
     qint64 expected_ = 0;
     bool pausing_ = false;
     bool partSeen_ = false;   // of the reply, before it was whole
+    bool partAtPace_ = false; // as it was seen last
     bool cameAtPace_ = false; // the reply before
 };
 

@@ -115,6 +115,39 @@ TEST_F(ReplyPauseTest, AwaitsAnAnswerAtTheLineItselfAfterAPageAtPace)
     EXPECT_TRUE(awaited);
 }
 
+TEST_F(ReplyPauseTest, AwaitsASingleCharacterAtTheLineItselfBeforeAnyPageHasCome)
+{
+    bool awaited = false;
+    for (int trial = 0; trial < 20 && !awaited; ++trial) {
+        port.Output("}");
+        port.ExpectInput(1);
+        terminal.Send("!");
+        awaited = port.AwaitRest();
+        EXPECT_EQ(InputOf(1), "!");
+    }
+    EXPECT_TRUE(awaited);
+}
+
+TEST_F(ReplyPauseTest, AwaitsTheRestOfTheFirstPageAtTheLineItselfWhereItBeganAtThePaceOfTheLine)
+{
+    bool awaited = false;
+    for (int trial = 0; trial < 20 && !awaited; ++trial) {
+        port.Close(); // and with it what is known of the pace
+        port.Open();
+        port.Output("a02100\r");
+        port.ExpectInput(50);
+        BeginReply();
+        terminal.Send(std::string(43, 'x'));
+        while (port.InBufferCount() < 44 && !awaited) {
+            pump.WaitForEvents();
+            awaited = port.AwaitRest();
+        }
+        terminal.Send(std::string(6, 'x'));
+        EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+    }
+    EXPECT_TRUE(awaited);
+}
+
 TEST_F(ReplyPauseTest, AwaitsTheRestOfAPageAtTheLineItselfAsSoonAsThePauseIsOver)
 {
     bool awaited = false;
@@ -163,10 +196,10 @@ TEST_F(ReplyPauseTest, LeavesAnAnswerThatIsLateToTheEventQueue)
 TEST_F(ReplyPauseTest, AwaitsNothingThatIsNotDue)
 {
     EXPECT_FALSE(port.AwaitRest()) << "nothing is expected";
-    port.ExpectInput(1);
-    terminal.Send("!");
+    port.ExpectInput(2);
+    terminal.Send("!?");
     EXPECT_FALSE(port.AwaitRest()) << "no page has come yet";
-    EXPECT_EQ(InputOf(1), "!");
+    EXPECT_EQ(InputOf(2), "!?");
     TakePageAtPace();
     port.ExpectInput(kEndlessReply);
     terminal.Send("x");

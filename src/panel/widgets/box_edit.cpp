@@ -70,6 +70,7 @@ void BoxEdit::Detach()
     disconnect(this, &QLineEdit::textChanged, this, nullptr);
     box_.Unwatch();
     pause_.reset();
+    waits_ = false;
     leave_ = {};
     doubleClick_ = {};
 }
@@ -83,11 +84,22 @@ void BoxEdit::ShowBox()
 {
     if (pause_) {
         pause_->NoteChange();
+    } else if (showsLater_ && !box_.Text().empty()) {
+        ShowWhenQueueRuns();
     } else {
         ShowText();
     }
     setEnabled(box_.Enabled());
     if (isHidden() == box_.Visible()) setVisible(box_.Visible());
+}
+
+void BoxEdit::ShowWhenQueueRuns()
+{
+    if (std::exchange(waits_, true)) return;
+    const auto show = [this] {
+        if (std::exchange(waits_, false)) ShowText();
+    };
+    QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }
 
 void BoxEdit::ShowText()

@@ -33,6 +33,11 @@ public:
     /// Only for a box that nobody types into.
     void Pace();
 
+    /// Shows a text when the event queue runs next, and an empty one at once, from now on: to lay
+    /// out a text takes half a millisecond, and it may change while the unit waits. Only for a box
+    /// that nobody types into.
+    void ShowLater() { showsLater_ = true; }
+
     /// Leaves the box now if its window, while it was not active, has passed the focus on.
     void CatchUp(Qt::FocusReason reason);
 
@@ -56,6 +61,7 @@ protected:
 private:
     void ShowBox();
     void ShowText();
+    void ShowWhenQueueRuns();
     void TakeTyped(const QString& text);
     void EnterWhole(Qt::FocusReason reason);
     void Leave(Qt::FocusReason reason);
@@ -64,6 +70,8 @@ private:
     std::optional<PaintPause> pause_;
     std::function<void(Qt::FocusReason)> leave_;
     std::function<void()> doubleClick_;
+    bool showsLater_ = false;
+    bool waits_ = false;    // a text, to be shown
     bool left_ = true;      // the focus is elsewhere in this window, and that has been noticed
     bool entering_ = false; // a click that brings the focus has selected everything
     QPoint pressedAt_;

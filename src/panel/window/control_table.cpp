@@ -94,6 +94,12 @@ constexpr Row Paced(Row row)
     return row;
 }
 
+constexpr Row Later(Row row)
+{
+    row.later = true;
+    return row;
+}
+
 constexpr Row Called(std::string_view accessibleName, Row row)
 {
     row.accessibleName = accessibleName;
@@ -187,7 +193,8 @@ constexpr std::array kControls = {
     Button("command3d1", "Frame2", "Ok", "Download the block", Command::BlockDownload,
            &ControlPanel::downloadButton),
     Label("LabelText1", "Frame2", "FILE NAME :", "Text1"),
-    Locked(Box("Text1", "Frame2", "Report file that is being written", &ControlPanel::reportFile)),
+    Later(Locked(
+        Box("Text1", "Frame2", "Report file that is being written", &ControlPanel::reportFile))),
     Label("Label28", "Frame2", "RAM Address", "Text17"),
     Paced(Locked(
         Box("Text17", "Frame2", "Address of the page being read", &ControlPanel::readAddress))),

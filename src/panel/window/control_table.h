@@ -44,6 +44,7 @@ struct ControlRow {
     ModelOf model{};
     bool locked = false; ///< takes no typing: only the program sets it
     bool paced = false;  ///< may change many times a second: not each is shown
+    bool later = false;  ///< changes while the unit waits: shown when the event queue runs
     Command command = Command::None;
 };
 

@@ -110,6 +110,7 @@ void BindToModel(const ControlRow& row, ControlPanel& panel, QWidget& widget)
     if (auto* edit = dynamic_cast<BoxEdit*>(&widget)) {
         edit->setReadOnly(row.locked);
         if (row.paced) edit->Pace();
+        if (row.later) edit->ShowLater();
     } else if (Control* control = ControlOf(row, panel)) {
         FollowControl(*control, widget);
     } else if (StartsHidden(row)) {

@@ -118,6 +118,31 @@ TEST_F(Boxes, NulAndCarriageReturnOfTheUnitSurviveAnEditNextToThem)
     EXPECT_EQ(panel.header[Site].Text(), std::string("A\0B\rCD", 6));
 }
 
+TEST(BoxEdit, ShowsATextLaterWhenTheEventQueueRunsAndAnEmptyOneAtOnce)
+{
+    TextBox box;
+    panel::BoxEdit edit(box, nullptr);
+    edit.ShowLater();
+    box.SetText("ROSSI-dat.dat");
+    box.SetText("ROSSI-num.dat");
+    EXPECT_EQ(edit.text(), "") << "the unit waits";
+    EXPECT_EQ(box.Text(), "ROSSI-num.dat");
+    QApplication::processEvents();
+    EXPECT_EQ(edit.text(), "ROSSI-num.dat");
+    box.SetText("");
+    EXPECT_EQ(edit.text(), "");
+
+    box.SetText("gone");
+    box.SetText("");
+    QApplication::processEvents();
+    EXPECT_EQ(edit.text(), "");
+
+    box.SetText("detached");
+    edit.Detach();
+    QApplication::processEvents();
+    EXPECT_EQ(edit.text(), "");
+}
+
 TEST_F(Boxes, LockedBoxesTakeNoTyping)
 {
     for (const char* name : {"Text1", "Text11", "Text12", "Text15", "Text17"}) {
