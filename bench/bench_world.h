@@ -43,6 +43,7 @@ public:
     void Close() override { port_.Close(); }
     void Output(std::string_view bytes) override;
     void ExpectInput(int count) override { port_.ExpectInput(count); }
+    bool AwaitRest() override { return port_.AwaitRest(); }
     int InBufferCount() override { return port_.InBufferCount(); }
     std::string Input() override;
 
