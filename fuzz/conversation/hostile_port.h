@@ -29,6 +29,8 @@ public:
     }
     void Close() override { port_.Close(); }
     void Output(std::string_view bytes) override;
+    void ExpectInput(int count) override { port_.ExpectInput(count); }
+    bool AwaitRest() override { return port_.AwaitRest(); }
     int InBufferCount() override
     {
         MayFail();

@@ -28,12 +28,13 @@ public:
 
     /// Says that nothing needs be done before `count` bytes are there, until the next Output or
     /// Input: the port may let the program sleep while they come. Never fails.
-    virtual void ExpectInput(int /*count*/) {}
+    virtual void ExpectInput(int count) = 0;
 
     /// If the last bytes of what is expected are due now, sleeps until more of them are there, for
     /// a few milliseconds at most. False when none have come that way: the caller then waits in the
-    /// event queue. Never fails.
-    virtual bool AwaitRest() { return false; }
+    /// event queue. Whoever says what is expected asks for it, or the port may go unwatched for a
+    /// tenth of a second. Never fails.
+    virtual bool AwaitRest() = 0;
 
     /// Received bytes not yet taken. Fails when not open.
     virtual int InBufferCount() = 0;

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 // On the line: a start, eight data and two stop bits.
 constexpr std::chrono::nanoseconds kCharacter = std::chrono::nanoseconds(11s) / 9600;
 constexpr qint64 kWatched = 6;                      // last characters, each of which is looked at
-constexpr auto kRest = kWatched * kCharacter + 2ms; // a pause ends up to a millisecond early
+constexpr auto kRest = kWatched * kCharacter + 2ms; // for those, where a pause has ended early
 constexpr auto kShortest = 4ms;                     // a pause that spares a few looks
 constexpr auto kPatience = 2ms;                     // with the last characters, once they are due
 constexpr auto kUnwatched = 100ms;                  // at most, once a pause is over

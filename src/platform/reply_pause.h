@@ -34,7 +34,8 @@ public:
     /// How long the last characters of what is expected are worth being awaited at the line itself.
     /// 0 where they are not due now: in a pause, with most of them still to come, when they are
     /// late, and where neither the reply before nor what is there of this one has come at the pace
-    /// of the line. For a single character that does not matter: it takes no longer than on a line.
+    /// of the line. A single character is awaited whatever came before: it is on the line so
+    /// briefly.
     std::chrono::milliseconds RestIsDueWithin() const;
 
     /// Has the event queue watch the line again, unless there is a pause; without this it does so a

@@ -42,6 +42,13 @@ protected:
         port.Output("a02110\r");
     }
 
+    /// The last six characters of a page of which the others are there.
+    void EndPage()
+    {
+        terminal.Send(std::string(6, 'x'));
+        EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+    }
+
     /// How often the wait for that many bytes finds others than before.
     int LooksUntil(int count)
     {
@@ -142,8 +149,7 @@ TEST_F(ReplyPauseTest, AwaitsTheRestOfTheFirstPageAtTheLineItselfWhereItBeganAtT
             pump.WaitForEvents();
             awaited = port.AwaitRest();
         }
-        terminal.Send(std::string(6, 'x'));
-        EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+        EndPage();
     }
     EXPECT_TRUE(awaited);
 }
@@ -160,8 +166,7 @@ TEST_F(ReplyPauseTest, AwaitsTheRestOfAPageAtTheLineItselfAsSoonAsThePauseIsOver
         pump.WaitForEvents();
         awaited = port.AwaitRest();
         EXPECT_TRUE(PumpUntil([&] { return port.InBufferCount() == 44; }));
-        terminal.Send(std::string(6, 'x'));
-        EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+        EndPage();
     }
     EXPECT_TRUE(awaited);
 }

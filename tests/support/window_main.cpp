@@ -16,7 +16,7 @@ int main(int argc, char** argv)
         qunsetenv(variable);
     ::testing::InitGoogleTest(&argc, argv);
     const tarvex::platform::Application application(argc, argv);
-    QApplication::setCursorFlashTime(
-        0); // two pictures of a window differ by what a test does alone
+    // Two pictures of a window differ by what a test does, not by a caret that blinks.
+    QApplication::setCursorFlashTime(0);
     return RUN_ALL_TESTS();
 }
