@@ -2,6 +2,7 @@
 
 #include "core/failure.h"
 #include "platform/device_lock.h"
+#include "platform/due_input.h"
 #include "platform/qt_path.h"
 #include "platform/reply_pause.h"
 #include "platform/text/qt_text.h"
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 #include <utility>
 
@@ -34,17 +34,13 @@ bool HasVanished(const QSerialPort& port)
     return ::poll(&state, 1, 0) < 0 || (state.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 }
 
-/// What the line gives within that time, without the toolkit's detour through its notifiers: the
+/// What the line gives when that is due, without the toolkit's detour through its notifiers: the
 /// unit waits. Nothing from a line that has anything else to say; the toolkit hears that.
-std::string GetAtOnce(const QSerialPort& port, std::chrono::milliseconds patience)
+std::string GetWhenDue(const QSerialPort& port, const DueInput& input)
 {
-    if (patience.count() <= 0) return {};
-    pollfd state{port.handle(), POLLIN, 0};
-    const bool isReady =
-        ::poll(&state, 1, static_cast<int>(patience.count())) > 0 && state.revents == POLLIN;
-    if (!isReady) return {};
+    if (!AwaitDue(port.handle(), input)) return {};
     std::array<char, kInBufferSize> bytes;
-    const ssize_t got = ::read(state.fd, bytes.data(), bytes.size());
+    const ssize_t got = ::read(port.handle(), bytes.data(), bytes.size());
     return {bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))};
 }
 
@@ -162,7 +158,8 @@ int QtPortOpening::Count() const
 
 bool QtPortOpening::AwaitRest()
 {
-    const std::string got = GetAtOnce(port_, pause_.RestIsDueWithin());
+    const auto rest = pause_.Rest();
+    const std::string got = rest ? GetWhenDue(port_, *rest) : std::string();
     if (got.empty()) {
         pause_.Watch();
         return false;

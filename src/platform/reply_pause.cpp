@@ -14,11 +14,11 @@ using namespace std::chrono_literals;
 
 // On the line: a start, eight data and two stop bits.
 constexpr std::chrono::nanoseconds kCharacter = std::chrono::nanoseconds(11s) / 9600;
-constexpr qint64 kWatched = 6;                      // last characters, each of which is looked at
-constexpr auto kRest = kWatched * kCharacter + 2ms; // for those, where a pause has ended early
-constexpr auto kShortest = 4ms;                     // a pause that spares a few looks
-constexpr auto kPatience = 2ms;                     // with the last characters, once they are due
-constexpr auto kUnwatched = 100ms;                  // at most, once a pause is over
+constexpr auto kAhead = 500us;     // of the moment when a reply is due, a pause ends, or earlier
+constexpr auto kRest = 3ms;        // is awaited: a wake and its answer take 2.3 ms on the line
+constexpr auto kShortest = 4ms;    // a pause that spares a few looks
+constexpr auto kPatience = 2ms;    // with the rest, once it is due
+constexpr auto kUnwatched = 100ms; // at most, once a pause is over
 
 /// What the toolkit watches the line with; null when it does so in another way.
 QSocketNotifier* ReadNotifierOf(const QSerialPort& port)
@@ -70,22 +70,22 @@ void ReplyPause::Watch()
     notifier_.clear();
 }
 
-std::chrono::milliseconds ReplyPause::RestIsDueWithin() const
+std::optional<DueInput> ReplyPause::Rest() const
 {
-    if (expected_ == 0 || pausing_) return 0ms;
-    if (expected_ > 1 && !cameAtPace_ && !partAtPace_) return 0ms;
-    const auto left = outputAt_ + (sent_ + expected_) * kCharacter - Clock::now();
-    if (left > kRest) return 0ms;
-    return std::max(std::chrono::ceil<std::chrono::milliseconds>(left + kPatience), 0ms);
+    const bool isAtPace = cameAtPace_ || partAtPace_;
+    const bool isAwaited = expected_ == 1 || (expected_ > 1 && isAtPace);
+    if (!isAwaited || pausing_) return std::nullopt;
+    const auto due = outputAt_ + (sent_ + expected_) * kCharacter;
+    const auto left = due - Clock::now();
+    if (left > kRest || left < -kPatience) return std::nullopt;
+    return DueInput{due, due + kPatience, expected_ > 1};
 }
 
 void ReplyPause::Expect(qint64 count, qint64 received)
 {
     expected_ = count;
     if (!cameAtPace_) return;
-    if (notifier_) timer_.start(kUnwatched);
-    const qint64 missing = count - received - kWatched;
-    Pause(outputAt_ + (sent_ + missing) * kCharacter - Clock::now());
+    Pause(outputAt_ + (sent_ + count - received) * kCharacter - Clock::now());
 }
 
 void ReplyPause::NoteTaking(qint64 count)
@@ -102,12 +102,13 @@ void ReplyPause::NoteArrival(qint64 received)
     partSeen_ = true;
     partAtPace_ = ComesAtPace(received);
     if (!partAtPace_) return;
-    Pause((expected_ - received - kWatched) * kCharacter);
+    Pause((expected_ - received) * kCharacter);
 }
 
-void ReplyPause::Pause(std::chrono::nanoseconds length)
+/// For a reply that is due after so long.
+void ReplyPause::Pause(std::chrono::nanoseconds due)
 {
-    const auto pause = std::chrono::floor<std::chrono::milliseconds>(length);
+    const auto pause = std::chrono::floor<std::chrono::milliseconds>(due - kAhead);
     if (pause < kShortest) return;
     if (!notifier_) notifier_ = ReadNotifierOf(port_);
     if (!notifier_) return;

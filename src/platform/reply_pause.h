@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/due_input.h"
+
 #include <QPointer>
 #include <QSerialPort>
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include <chrono>
+#include <optional>
 
 namespace tarvex::platform
 {
@@ -31,12 +34,11 @@ public:
     /// So many bytes are there by now.
     void NoteArrival(qint64 received);
 
-    /// How long the last characters of what is expected are worth being awaited at the line itself.
-    /// 0 where they are not due now: in a pause, with most of them still to come, when they are
-    /// late, and where neither the reply before nor what is there of this one has come at the pace
-    /// of the line. A single character is awaited whatever came before: it is on the line so
-    /// briefly.
-    std::chrono::milliseconds RestIsDueWithin() const;
+    /// The last of what is expected, where it is worth being awaited at the line itself. Not where
+    /// it is not due now: in a pause, with most of it still to come, when it is late, and where
+    /// neither the reply before nor what is there of this one has come at the pace of the line. A
+    /// single character is awaited whatever came before: it is on the line so briefly.
+    std::optional<DueInput> Rest() const;
 
     /// Has the event queue watch the line again, unless there is a pause; without this it does so a
     /// tenth of a second after the pause.
@@ -49,9 +51,9 @@ public:
     void End();
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using Clock = DueInput::Clock;
 
-    void Pause(std::chrono::nanoseconds length);
+    void Pause(std::chrono::nanoseconds due);
     void EndPause();
     bool ComesAtPace(qint64 received) const;
 

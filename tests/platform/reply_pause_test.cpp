@@ -181,6 +181,7 @@ TEST_F(ReplyPauseTest, KeepsTheOrderOfWhatIsTakenFromTheLineItself)
         port.Output("}");
         port.ExpectInput(2);
         terminal.Send("b");
+        std::this_thread::sleep_for(1ms); // until the two are due
         awaited = port.AwaitRest();
         terminal.Send("c");
         EXPECT_EQ(InputOf(3), "abc");
