@@ -2,6 +2,7 @@
 
 #include "panel/widgets/look_palette.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -40,10 +41,6 @@ void Hatch(QPainter& painter, const QRectF& room, const QColor& colour)
 void Fill(QPainter& painter, const QRect& rect, const ExchangeCount& count,
           const WaitColours& colours)
 {
-    QPainterPath shape;
-    shape.addRoundedRect(Inside(rect, 1), kRound, kRound);
-    painter.save();
-    painter.setClipPath(shape);
     painter.fillRect(rect, colours.empty);
     QRectF filled(rect);
     filled.setWidth(rect.width() * count.Share());
@@ -52,6 +49,16 @@ void Fill(QPainter& painter, const QRect& rect, const ExchangeCount& count,
     painter.fillRect(filled, colours.filled);
     if (count.done > 0)
         painter.fillRect(QRectF(filled.right(), 0, kFront, rect.height()), colours.edge);
+}
+
+void FillRounded(QPainter& painter, const QRect& rect, const ExchangeCount& count,
+                 const WaitColours& colours)
+{
+    QPainterPath shape;
+    shape.addRoundedRect(Inside(rect, 1), kRound, kRound);
+    painter.save();
+    painter.setClipPath(shape);
+    Fill(painter, rect, count, colours);
     painter.restore();
 }
 
@@ -69,6 +76,19 @@ void DrawEdge(QPainter& painter, const QRect& rect, bool stalled, const QColor& 
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(colour, width, stalled ? Qt::DashLine : Qt::SolidLine));
     painter.drawRoundedRect(Inside(rect, width), kRound, kRound);
+}
+
+/// The edge of a ground that is not stalled, where no corner is.
+void DrawStraightEdges(QPainter& painter, const QRect& rect, const QColor& colour)
+{
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), colour);
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), colour);
+}
+
+bool IsBetweenCorners(const QRect& part, const QRect& whole)
+{
+    const int corner = static_cast<int>(kRound) + 2; // and its border
+    return whole.adjusted(corner, 0, -corner, 0).contains(part);
 }
 
 } // namespace
@@ -106,14 +126,20 @@ void WaitGround::ShowChanges()
     stallSeen_ = progress_.Now().stalled;
 }
 
-void WaitGround::paintEvent(QPaintEvent*)
+/// What a download fills step by step lies between the corners, and is drawn without any path.
+void WaitGround::paintEvent(QPaintEvent* event)
 {
     const ExchangeCount& count = progress_.Now();
     const WaitColours colours = WaitColoursOf(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    Fill(painter, rect(), count, colours);
-    DrawEdge(painter, rect(), count.stalled, colours.edge);
+    if (!count.stalled && IsBetweenCorners(event->rect(), rect())) {
+        Fill(painter, rect(), count, colours);
+        DrawStraightEdges(painter, rect(), colours.edge);
+    } else {
+        FillRounded(painter, rect(), count, colours);
+        DrawEdge(painter, rect(), count.stalled, colours.edge);
+    }
 }
 
 } // namespace tarvex::panel
