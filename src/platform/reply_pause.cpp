@@ -14,10 +14,10 @@ using namespace std::chrono_literals;
 
 // On the line: a start, eight data and two stop bits.
 constexpr std::chrono::nanoseconds kCharacter = std::chrono::nanoseconds(11s) / 9600;
-constexpr auto kAhead = 500us;     // of the moment when a reply is due, a pause ends, or earlier
-constexpr auto kRest = 3ms;        // is awaited: a wake and its answer take 2.3 ms on the line
+constexpr auto kAhead = 500us;     // before a reply is due, at the latest, a pause ends
+constexpr auto kRest = 3ms;        // before it is due: a wake and its answer take 2.3 ms
 constexpr auto kShortest = 4ms;    // a pause that spares a few looks
-constexpr auto kPatience = 2ms;    // with the rest, once it is due
+constexpr auto kPatience = 2ms;    // once it is due
 constexpr auto kUnwatched = 100ms; // at most, once a pause is over
 
 /// What the toolkit watches the line with; null when it does so in another way.
@@ -75,17 +75,16 @@ std::optional<DueInput> ReplyPause::Rest() const
     const bool isAtPace = cameAtPace_ || partAtPace_;
     const bool isAwaited = expected_ == 1 || (expected_ > 1 && isAtPace);
     if (!isAwaited || pausing_) return std::nullopt;
-    const auto due = outputAt_ + (sent_ + expected_) * kCharacter;
-    const auto left = due - Clock::now();
+    const auto left = due_ - Clock::now();
     if (left > kRest || left < -kPatience) return std::nullopt;
-    return DueInput{due, due + kPatience, expected_ > 1};
+    return DueInput{due_, due_ + kPatience, expected_ > 1};
 }
 
 void ReplyPause::Expect(qint64 count, qint64 received)
 {
     expected_ = count;
-    if (!cameAtPace_) return;
-    Pause(outputAt_ + (sent_ + count - received) * kCharacter - Clock::now());
+    due_ = outputAt_ + (sent_ + count - received) * kCharacter;
+    if (cameAtPace_) Pause();
 }
 
 void ReplyPause::NoteTaking(qint64 count)
@@ -102,13 +101,15 @@ void ReplyPause::NoteArrival(qint64 received)
     partSeen_ = true;
     partAtPace_ = ComesAtPace(received);
     if (!partAtPace_) return;
-    Pause((expected_ - received) * kCharacter);
+    // What begins late ends late.
+    const auto dueNow = Clock::now() + (expected_ - received) * kCharacter;
+    if (dueNow > due_ + kPatience) due_ = dueNow;
+    Pause();
 }
 
-/// For a reply that is due after so long.
-void ReplyPause::Pause(std::chrono::nanoseconds due)
+void ReplyPause::Pause()
 {
-    const auto pause = std::chrono::floor<std::chrono::milliseconds>(due - kAhead);
+    const auto pause = std::chrono::floor<std::chrono::milliseconds>(due_ - kAhead - Clock::now());
     if (pause < kShortest) return;
     if (!notifier_) notifier_ = ReadNotifierOf(port_);
     if (!notifier_) return;

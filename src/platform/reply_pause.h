@@ -53,7 +53,7 @@ public:
 private:
     using Clock = DueInput::Clock;
 
-    void Pause(std::chrono::nanoseconds due);
+    void Pause();
     void EndPause();
     bool ComesAtPace(qint64 received) const;
 
@@ -61,6 +61,7 @@ private:
     QPointer<QSocketNotifier> notifier_; // while it is kept from watching, otherwise null
     QTimer timer_;                       // runs as long as that lasts
     Clock::time_point outputAt_;
+    Clock::time_point due_; // what is expected, in full
     qint64 sent_ = 0;
     qint64 expected_ = 0;
     bool pausing_ = false;

@@ -242,6 +242,16 @@ TEST_F(WaitGroundPaints, LeaveNothingOnTheScreenOfWhatWasBefore)
     }
 }
 
+TEST_F(WaitGroundPaints, AreTheSameBetweenTheCornersAsOfTheWhole)
+{
+    progress.Begin(7);
+    progress.CountExchange();
+    const QRect middle = Ground().rect().adjusted(20, 0, -20, 0);
+    const QImage whole = Ground().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage part = Ground().grab(middle).toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(part, whole.copy(middle));
+}
+
 TEST_F(WaitGroundPaints, PassesEveryChangeOnAtOnce)
 {
     std::vector<int> heard;
