@@ -21,10 +21,10 @@ protected:
         port.Output("a02100\r");
     }
 
-    /// The first byte comes as late as on a line.
-    void BeginReply()
+    /// The first byte comes as late as on a line, or later.
+    void BeginReply(std::chrono::milliseconds late = 0ms)
     {
-        std::this_thread::sleep_for(12ms);
+        std::this_thread::sleep_for(12ms + late);
         terminal.Send("x");
         ASSERT_TRUE(PumpUntil([&] { return port.InBufferCount() == 1; }));
     }
@@ -47,6 +47,26 @@ protected:
     {
         terminal.Send(std::string(6, 'x'));
         EXPECT_EQ(InputOf(50), std::string(50, 'x'));
+    }
+
+    /// Whether the rest of a first page that begins so late is awaited at the line itself.
+    bool AwaitsRestOfFirstPage(std::chrono::milliseconds late)
+    {
+        bool awaited = false;
+        for (int trial = 0; trial < 20 && !awaited; ++trial) {
+            port.Close(); // and with it what is known of the pace
+            port.Open();
+            port.Output("a02100\r");
+            port.ExpectInput(50);
+            BeginReply(late);
+            terminal.Send(std::string(43, 'x'));
+            while (port.InBufferCount() < 44 && !awaited) {
+                pump.WaitForEvents();
+                awaited = port.AwaitRest();
+            }
+            EndPage();
+        }
+        return awaited;
     }
 
     /// How often the wait for that many bytes finds others than before.
@@ -137,21 +157,12 @@ TEST_F(ReplyPauseTest, AwaitsASingleCharacterAtTheLineItselfBeforeAnyPageHasCome
 
 TEST_F(ReplyPauseTest, AwaitsTheRestOfTheFirstPageAtTheLineItselfWhereItBeganAtThePaceOfTheLine)
 {
-    bool awaited = false;
-    for (int trial = 0; trial < 20 && !awaited; ++trial) {
-        port.Close(); // and with it what is known of the pace
-        port.Open();
-        port.Output("a02100\r");
-        port.ExpectInput(50);
-        BeginReply();
-        terminal.Send(std::string(43, 'x'));
-        while (port.InBufferCount() < 44 && !awaited) {
-            pump.WaitForEvents();
-            awaited = port.AwaitRest();
-        }
-        EndPage();
-    }
-    EXPECT_TRUE(awaited);
+    EXPECT_TRUE(AwaitsRestOfFirstPage(0ms));
+}
+
+TEST_F(ReplyPauseTest, AwaitsTheRestOfAPageThatHasBegunLateAtTheLineItself)
+{
+    EXPECT_TRUE(AwaitsRestOfFirstPage(30ms));
 }
 
 TEST_F(ReplyPauseTest, AwaitsTheRestOfAPageAtTheLineItselfAsSoonAsThePauseIsOver)
