@@ -1,6 +1,7 @@
 #include "panel/widgets/focus_mark.h"
 
 #include "panel/widgets/look_palette.h"
+#include "panel/widgets/rounded_frame.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -59,12 +60,10 @@ void FocusMark::Follow(QWidget* focused)
 
 void FocusMark::paintEvent(QPaintEvent*)
 {
-    constexpr qreal kThickness = 2;
+    constexpr int kThickness = 2;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(MarkColour(palette(), palette().color(QPalette::Base)), kThickness));
-    const qreal inset = kThickness / 2;
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 3, 3);
+    const QColor colour = MarkColour(palette(), palette().color(QPalette::Base));
+    DrawRoundedFrame(painter, rect(), {colour, kThickness});
 }
 
 void MarkFocusEverywhere()

@@ -2,6 +2,7 @@
 
 #include "panel/widgets/contrast.h"
 #include "panel/widgets/look_palette.h"
+#include "panel/widgets/rounded_frame.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -15,9 +16,8 @@ namespace tarvex::panel
 namespace
 {
 
-constexpr qreal kRound = 3;     // of corners, in pixels
-constexpr qreal kEdgeWidth = 1; // a pixel at least, at every scale
-constexpr qreal kMarkWidth = 2;
+constexpr int kEdgeWidth = 1; // a pixel at least, at every scale
+constexpr int kMarkWidth = 2;
 constexpr int kButtonHeight = 34; // to be hit with gloves
 constexpr int kButtonMargin = 16;
 constexpr int kAroundText = 14;
@@ -28,21 +28,9 @@ bool Is(const QStyleOption& option, QStyle::StateFlag state)
     return (option.state & state) != 0;
 }
 
-void DrawFrame(QPainter& painter, const QRect& rect, const QColor& edge, qreal width,
-               const QBrush& ground = Qt::NoBrush)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edge, width));
-    painter.setBrush(ground);
-    const qreal inset = width / 2;
-    painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), kRound, kRound);
-    painter.restore();
-}
-
 void DrawEdge(QPainter& painter, const QStyleOption& option, const QBrush& ground = Qt::NoBrush)
 {
-    DrawFrame(painter, option.rect, EdgeColour(option.palette), kEdgeWidth, ground);
+    DrawRoundedFrame(painter, option.rect, {EdgeColour(option.palette), kEdgeWidth, ground});
 }
 
 /// A box that takes no typing has the ground of its window.
@@ -52,7 +40,8 @@ void DrawBox(QPainter& painter, const QStyleOption& option)
                                                                                   : QPalette::Base);
     DrawEdge(painter, option, ground);
     if (!Is(option, QStyle::State_HasFocus)) return;
-    DrawFrame(painter, option.rect, MarkColour(option.palette, ground.color()), kMarkWidth);
+    DrawRoundedFrame(painter, option.rect,
+                     {MarkColour(option.palette, ground.color()), kMarkWidth});
 }
 
 /// The title is above the frame.
@@ -88,7 +77,7 @@ void DrawButton(QPainter& painter, const QStyleOption& option)
     DrawEdge(painter, option, ButtonGround(option));
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
     if (button != nullptr && (button->features & QStyleOptionButton::DefaultButton) != 0)
-        DrawFrame(painter, option.rect, EdgeColour(option.palette), kMarkWidth);
+        DrawRoundedFrame(painter, option.rect, {EdgeColour(option.palette), kMarkWidth});
 }
 
 void DrawRadio(QPainter& painter, const QStyleOption& option)
@@ -114,7 +103,7 @@ void DrawMark(QPainter& painter, const QStyleOption& option)
     const bool onGround =
         mark != nullptr && mark->backgroundColor.isValid() && mark->backgroundColor.alpha() > 0;
     const QColor ground = onGround ? mark->backgroundColor : option.palette.color(QPalette::Button);
-    DrawFrame(painter, option.rect, MarkColour(option.palette, ground), kMarkWidth);
+    DrawRoundedFrame(painter, option.rect, {MarkColour(option.palette, ground), kMarkWidth});
 }
 
 } // namespace
@@ -173,13 +162,14 @@ void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     if (control == CC_ComboBox) {
         DrawEdge(*painter, *option);
         if (Is(*option, State_HasFocus))
-            DrawFrame(*painter, option->rect,
-                      MarkColour(option->palette, option->palette.color(QPalette::Button)),
-                      kMarkWidth);
+            DrawRoundedFrame(
+                *painter, option->rect,
+                {MarkColour(option->palette, option->palette.color(QPalette::Button)), kMarkWidth});
     }
     if (control == CC_ScrollBar) {
         const QRect slider = subControlRect(control, option, SC_ScrollBarSlider, widget);
-        DrawFrame(*painter, slider, edge, kEdgeWidth, option->palette.color(QPalette::Button));
+        DrawRoundedFrame(*painter, slider,
+                         {edge, kEdgeWidth, option->palette.color(QPalette::Button)});
     }
 }
 

@@ -14,7 +14,7 @@ namespace tarvex::panel
 class PaintPause
 {
 public:
-    static constexpr int kMillisecondsBetweenPaints = 400;
+    static constexpr int kMillisecondsBetweenPaints = 500;
 
     /// Longer than a wake, its answer and a request take on the line, shorter than a page takes.
     static constexpr int kMillisecondsAfterChange = 20;

@@ -5,6 +5,7 @@
 #include "panel/widgets/fit_screen.h"
 #include "panel/widgets/look.h"
 #include "panel/widgets/scroll_room.h"
+#include "panel/widgets/text_paints.h"
 #include "panel/window/controls.h"
 
 #include <QBoxLayout>
@@ -237,6 +238,7 @@ QLayout* WaitIndicator(QWidget& window)
     QSizePolicy policy = label.sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     label.setSizePolicy(policy);
+    new TextPaints(label);
 
     auto* both = new QGridLayout;
     both->addWidget(&ControlNamed(window, "Shape1"), 0, 0);
