@@ -18,7 +18,7 @@ using Clock = DueInput::Clock;
 /// Before it is due. The longer a processor sleeps, the more deeply, and the longer it takes to
 /// wake up: after 2 ms mostly 0.05 ms, but 0.2 ms two times in a hundred; after a fifth of a
 /// millisecond hardly ever over 0.07; the system's timers may add 0.05. So it is woken twice, and
-/// the second time it is awake when that is due.
+/// after the second time it is awake when that is due, or very soon after.
 constexpr std::array kWakes{300us, 60us};
 
 /// For so long after it is due the program stays awake. To sleep for less than this and be woken up

@@ -69,7 +69,7 @@ TEST_F(DueInputTest, SleepsThroughThePartsOfAReplyUntilShortlyBeforeTheLastIsDue
     Send();
     const auto due = now + 10ms;
     EXPECT_TRUE(AwaitDue(Line(), {due, due + 1s, true}));
-    EXPECT_GE(Clock::now(), due - 80us);
+    EXPECT_GE(Clock::now(), due - 60us);
 }
 
 TEST_F(DueInputTest, WaitsForWhatComesAfterItIsDue)

@@ -19,7 +19,7 @@ bool IsWhole(qreal number)
     return number == std::floor(number);
 }
 
-/// Pixels of the window for one of the screen; 0 where they do not fit each other.
+/// Pixels of the screen for one of the window; 0 where they do not fit each other.
 int WholeScale(const QPainter& painter)
 {
     const QTransform& place = painter.deviceTransform();
@@ -68,19 +68,16 @@ void DrawCorners(QPainter& painter, const QRect& rect, const QPixmap& corners, i
     }
 }
 
-void FillBetweenCorners(QPainter& painter, const QRect& rect, const QBrush& ground)
+/// The ground and the four sides.
+void DrawBetweenCorners(QPainter& painter, const QRect& rect, const RoundedFrame& frame)
 {
     const QRect high = rect.adjusted(kCorner, 0, -kCorner, 0);
     const QRect wide = rect.adjusted(0, kCorner, 0, -kCorner);
-    painter.fillRect(high, ground);
-    painter.fillRect(QRect(wide.topLeft(), QSize(kCorner, wide.height())), ground);
-    painter.fillRect(wide.adjusted(wide.width() - kCorner, 0, 0, 0), ground);
-}
-
-void DrawSides(QPainter& painter, const QRect& rect, const RoundedFrame& frame)
-{
-    const QRect high = rect.adjusted(kCorner, 0, -kCorner, 0);
-    const QRect wide = rect.adjusted(0, kCorner, 0, -kCorner);
+    if (frame.ground.style() != Qt::NoBrush) {
+        painter.fillRect(high, frame.ground);
+        painter.fillRect(QRect(wide.topLeft(), QSize(kCorner, wide.height())), frame.ground);
+        painter.fillRect(wide.adjusted(wide.width() - kCorner, 0, 0, 0), frame.ground);
+    }
     painter.fillRect(QRect(high.topLeft(), QSize(high.width(), frame.width)), frame.edge);
     painter.fillRect(high.adjusted(0, high.height() - frame.width, 0, 0), frame.edge);
     painter.fillRect(QRect(wide.topLeft(), QSize(frame.width, wide.height())), frame.edge);
@@ -94,8 +91,7 @@ void DrawRoundedFrame(QPainter& painter, const QRect& rect, const RoundedFrame& 
     const int scale = WholeScale(painter);
     const bool hasRoom = rect.width() > 2 * kCorner && rect.height() > 2 * kCorner;
     if (scale == 0 || !hasRoom || !IsPlain(frame)) return StrokeRoundedFrame(painter, rect, frame);
-    if (frame.ground.style() != Qt::NoBrush) FillBetweenCorners(painter, rect, frame.ground);
-    DrawSides(painter, rect, frame);
+    DrawBetweenCorners(painter, rect, frame);
     DrawCorners(painter, rect, Corners(frame, scale), scale);
 }
 

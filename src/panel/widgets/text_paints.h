@@ -10,7 +10,7 @@ namespace tarvex::panel
 class TextPaints final : public QObject
 {
 public:
-    /// `label` has no frame and no picture, and becomes its parent.
+    /// `label` owns it. Its text is centred, and it has neither a frame nor a picture.
     explicit TextPaints(QLabel& label);
 
 protected:
